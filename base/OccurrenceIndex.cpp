@@ -1,0 +1,170 @@
+#include "base/OccurrenceIndex.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+#include <map>
+
+namespace halyard {
+
+namespace {
+
+constexpr std::uint64_t base = 0x9E3779B97F4A7C15;  // of the polynomial; odd
+constexpr std::uint64_t mixer = 0xD6E8FEB86659FD93; // spreads a hash over the top bits
+constexpr std::size_t shortestHead = 8;
+constexpr std::size_t smallestFilter = 64; // words
+constexpr std::size_t marksPerWord = 4; // at most; then about one piece in fifty passes the filter by chance
+
+std::uint64_t Extend(std::uint64_t hash, char c) {
+    return hash * base + static_cast<unsigned char>(c) + 1; // plus one, so that zero bytes count
+}
+
+std::uint64_t HashOf(std::string_view text) {
+    std::uint64_t hash = 0;
+    for (char c : text) hash = Extend(hash, c);
+    return hash;
+}
+
+/// The hashes of all pieces of a text, each from the hashes of two heads of it.
+class PieceHashes {
+  public:
+    explicit PieceHashes(std::string_view text) {
+        heads.reserve(text.size() + 1);
+        powers.reserve(text.size() + 1);
+        heads.push_back(0);
+        powers.push_back(1);
+        for (char c : text) {
+            heads.push_back(Extend(heads.back(), c));
+            powers.push_back(powers.back() * base);
+        }
+    }
+    std::uint64_t At(std::size_t start, std::size_t length) const {
+        return heads[start + length] - heads[start] * powers[length];
+    }
+
+  private:
+    std::vector<std::uint64_t> heads;
+    std::vector<std::uint64_t> powers;
+};
+
+/// Two bits of one word of the filter, chosen by the highest bits of a mixed hash.
+std::uint64_t BitsOf(std::uint64_t mixed) {
+    return std::uint64_t{1} << (mixed >> 52 & 63) | std::uint64_t{1} << (mixed >> 58);
+}
+
+std::size_t WordOf(std::uint64_t mixed, std::size_t words) {
+    return static_cast<std::size_t>(mixed >> 24) & (words - 1);
+}
+
+} // namespace
+
+OccurrenceIndex::OccurrenceIndex(PatternOf pattern) : patternOf(pattern), filter(smallestFilter) {}
+
+void OccurrenceIndex::Add(std::string_view entry) {
+    auto pattern = patternOf(entry);
+    entries.emplace(HashOf(pattern), Entry{std::string(entry), ++lastOrder});
+    CountLength(pattern.size());
+    MarkEntry(pattern);
+    if (marks > filter.size() * marksPerWord) RebuildFilter();
+}
+
+void OccurrenceIndex::Remove(std::string_view entry) {
+    auto pattern = patternOf(entry);
+    auto [first, last] = entries.equal_range(HashOf(pattern));
+    auto found = std::find_if(first, last, [entry](const auto& held) { return held.second.text == entry; });
+    if (found == last) return;
+    entries.erase(found);
+    UncountLength(pattern.size());
+}
+
+void OccurrenceIndex::Clear() { *this = OccurrenceIndex(patternOf); }
+
+std::string OccurrenceIndex::FirstIn(std::string_view text) const {
+    auto lower = Lower(text);
+    auto oldest = std::numeric_limits<std::uint64_t>::max();
+    const std::string* first = nullptr;
+    VisitCandidates(lower, [&](const Entry& entry, std::string_view piece) {
+        if (entry.order >= oldest || patternOf(entry.text) != piece) return;
+        oldest = entry.order;
+        first = &entry.text;
+    });
+    return first ? *first : std::string();
+}
+
+std::vector<std::string> OccurrenceIndex::AllIn(std::string_view text) const {
+    auto lower = Lower(text);
+    std::map<std::uint64_t, std::string> found;
+    VisitCandidates(lower, [&](const Entry& entry, std::string_view piece) {
+        if (patternOf(entry.text) == piece) found.emplace(entry.order, entry.text);
+    });
+    std::vector<std::string> all;
+    for (auto& [order, entry] : found) all.push_back(std::move(entry));
+    return all;
+}
+
+/// Calls `visit` with each entry whose pattern hashes like a piece of `lower`, and that piece.
+template <typename Visit>
+void OccurrenceIndex::VisitCandidates(std::string_view lower, Visit visit) const {
+    if (entries.empty()) return;
+    PieceHashes hashes(lower);
+    for (std::size_t start = 0; start <= lower.size(); ++start) {
+        auto left = lower.size() - start;
+        auto head = shortestHead;
+        for (auto [length, count] : lengths) {
+            if (length > left) break;
+            while (head < length && IsMarked(hashes.At(start, head))) head *= 2;
+            if (head < length) break;
+            auto hash = hashes.At(start, length);
+            if (!IsMarked(hash)) continue;
+            auto [first, last] = entries.equal_range(hash);
+            for (auto at = first; at != last; ++at) visit(at->second, lower.substr(start, length));
+        }
+    }
+}
+
+void OccurrenceIndex::CountLength(std::size_t length) {
+    auto at = std::ranges::lower_bound(lengths, length, {}, &Length::length);
+    if (at == lengths.end() || at->length != length) at = lengths.insert(at, Length{length, 0});
+    ++at->entries;
+}
+
+void OccurrenceIndex::UncountLength(std::size_t length) {
+    auto at = std::ranges::lower_bound(lengths, length, {}, &Length::length);
+    if (--at->entries == 0) lengths.erase(at);
+}
+
+void OccurrenceIndex::Mark(std::uint64_t hash) {
+    auto mixed = hash * mixer;
+    auto bits = BitsOf(mixed);
+    auto& word = filter[WordOf(mixed, filter.size())];
+    if ((word & bits) == bits) return;
+    word |= bits;
+    ++marks;
+}
+
+void OccurrenceIndex::MarkEntry(std::string_view pattern) {
+    Mark(HashOf(pattern));
+    for (auto head = shortestHead; head < pattern.size(); head *= 2) Mark(HashOf(pattern.substr(0, head)));
+}
+
+bool OccurrenceIndex::IsMarked(std::uint64_t hash) const {
+    auto mixed = hash * mixer;
+    auto bits = BitsOf(mixed);
+    return (filter[WordOf(mixed, filter.size())] & bits) == bits;
+}
+
+/// Forgets the marks of removed entries and leaves room for as many marks again.
+void OccurrenceIndex::RebuildFilter() {
+    std::size_t wanted = 0;
+    for (auto [length, count] : lengths) {
+        wanted += count;
+        for (auto head = shortestHead; head < length; head *= 2) wanted += count;
+    }
+    filter.assign(std::max(smallestFilter, std::bit_ceil(wanted * 2 / marksPerWord)), 0);
+    marks = 0;
+    for (const auto& [hash, entry] : entries) MarkEntry(patternOf(entry.text));
+}
+
+} // namespace halyard

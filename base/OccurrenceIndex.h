@@ -1,0 +1,68 @@
+#pragma once
+
+// Answers which entries of a list occur in a text, upper and lower case alike, without trying them one by
+// one. Kept beside a list by its owner, who adds and removes entries as the list does; the oldest entry is
+// the first.
+//
+// How: a text of n characters is hashed once so that the hash of every piece of it costs one multiplication.
+// At each position the pieces of those lengths that some entry has are looked for in a bit filter, and only
+// what passes it is looked up. Entries longer than a head's length leave a mark for their head too, so that
+// most positions are done with before the long lengths are tried. No step depends on how many entries start
+// alike.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace halyard {
+
+class OccurrenceIndex {
+  public:
+    /// Makes of an entry the lower-case text that has to occur. An empty one occurs in every text.
+    using PatternOf = std::string (*)(std::string_view entry);
+
+    explicit OccurrenceIndex(PatternOf patternOf);
+
+    /// Adds `entry` behind all others. The owner does not add one that is there already.
+    void Add(std::string_view entry);
+    /// Removes `entry`; one that is not there changes nothing.
+    void Remove(std::string_view entry);
+    void Clear();
+
+    /// The oldest entry that occurs in `text`; empty when none does.
+    std::string FirstIn(std::string_view text) const;
+    /// Every entry that occurs in `text`, once each, the oldest first.
+    std::vector<std::string> AllIn(std::string_view text) const;
+
+  private:
+    struct Entry {
+        std::string text;
+        std::uint64_t order;
+    };
+    struct Length {
+        std::size_t length;
+        std::size_t entries;
+    };
+
+    template <typename Visit>
+    void VisitCandidates(std::string_view lower, Visit visit) const;
+    void CountLength(std::size_t length);
+    void UncountLength(std::size_t length);
+    void Mark(std::uint64_t hash);
+    void MarkEntry(std::string_view pattern);
+    bool IsMarked(std::uint64_t hash) const;
+    void RebuildFilter();
+
+    PatternOf patternOf;
+    std::unordered_multimap<std::uint64_t, Entry> entries; // by the hash of their patterns
+    std::vector<Length> lengths;                           // of the patterns, the shortest first
+    std::vector<std::uint64_t> filter; // a power of two of words; removed entries stay marked
+    std::size_t marks = 0;
+    std::uint64_t lastOrder = 0;
+};
+
+} // namespace halyard

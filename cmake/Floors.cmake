@@ -1,0 +1,37 @@
+# One library a floor. A floor links only what stands below it, so that an include that climbs does not link;
+# warnings are errors everywhere.
+
+add_library(halyard_flags INTERFACE)
+target_compile_options(halyard_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+                                               -Wimplicit-fallthrough -Werror
+                                               $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>)
+target_include_directories(halyard_flags INTERFACE ${CMAKE_SOURCE_DIR})
+if(HALYARD_SANITIZE)
+  target_compile_options(halyard_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+  target_link_options(halyard_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(HALYARD_FUZZ)
+  target_compile_options(halyard_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# halyard_floor(<folder> [NEEDS <folder>...] [LINKS <library>...])
+function(halyard_floor folder)
+  cmake_parse_arguments(FLOOR "" "" "NEEDS;LINKS" ${ARGN})
+  string(REPLACE "/" "_" name ${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  if(sources)
+    add_library(halyard_${name} STATIC ${sources})
+    set(scope PUBLIC)
+  else()
+    add_library(halyard_${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_link_libraries(halyard_${name} ${scope} halyard_flags ${FLOOR_LINKS})
+  foreach(need IN LISTS FLOOR_NEEDS)
+    string(REPLACE "/" "_" need ${need})
+    target_link_libraries(halyard_${name} ${scope} halyard_${need})
+  endforeach()
+endfunction()

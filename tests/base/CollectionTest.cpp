@@ -1,0 +1,87 @@
+#include "base/Collection.h"
+
+#include <gtest/gtest.h>
+
+namespace halyard {
+namespace {
+
+using Texts = Collection<std::string>;
+
+std::string Joined(const Texts& texts) {
+    std::string joined;
+    for (const auto& text : texts) joined += text;
+    return joined;
+}
+
+Texts FiveLetters() {
+    Texts texts;
+    for (const char* letter : {"a", "b", "c", "d", "e"}) texts.Add(letter, std::string("key ") + letter);
+    return texts;
+}
+
+TEST(Collection, ATakenKeyIsRefusedAndValuesWithoutKeysAreNot) {
+    Texts texts;
+    EXPECT_TRUE(texts.Add("one", "key"));
+    EXPECT_FALSE(texts.Add("two", "key"));
+    EXPECT_TRUE(texts.Add("three"));
+    EXPECT_TRUE(texts.Add("three"));
+    EXPECT_EQ(Joined(texts), "onethreethree");
+    EXPECT_EQ(texts.Item("key"), "one");
+
+    EXPECT_TRUE(texts.Remove("key"));
+    EXPECT_TRUE(texts.Add("four", "key"));
+    EXPECT_EQ(texts.Position("key"), 3);
+}
+
+TEST(Collection, WhatIsNotThereIsEmptyAndNotRemoved) {
+    auto texts = FiveLetters();
+    for (std::ptrdiff_t position : {-1, 0, 6}) {
+        EXPECT_EQ(texts.Item(position), "");
+        EXPECT_FALSE(texts.Remove(position));
+    }
+    EXPECT_EQ(texts.Item("a"), ""); // a value is no key
+    EXPECT_EQ(texts.Item(""), "");
+    EXPECT_FALSE(texts.Remove(""));
+    EXPECT_EQ(texts.Position("key z"), 0);
+    EXPECT_EQ(Joined(texts), "abcde");
+}
+
+TEST(Collection, PositionsCloseUpBehindARemoval) {
+    auto texts = FiveLetters();
+    EXPECT_TRUE(texts.Remove("key b"));
+    EXPECT_TRUE(texts.Remove(3)); // d
+    EXPECT_EQ(Joined(texts), "ace");
+    EXPECT_EQ(texts.Position("key a"), 1);
+    EXPECT_EQ(texts.Position("key c"), 2);
+    EXPECT_EQ(texts.Position("key e"), 3);
+    EXPECT_EQ(texts.Position("key d"), 0);
+
+    texts.Add("b", "key b");
+    EXPECT_EQ(texts.Position("key b"), 4);
+}
+
+TEST(Collection, RemovingTheFirstRepeatedlyEmptiesIt) {
+    auto texts = FiveLetters();
+    std::string order;
+    while (texts.Count() > 0) {
+        order += texts.Item(1);
+        EXPECT_TRUE(texts.Remove(1));
+    }
+    EXPECT_EQ(order, "abcde");
+    EXPECT_FALSE(texts.Remove(1));
+    EXPECT_TRUE(texts.Add("a", "key a"));
+}
+
+TEST(Collection, ACopyKeepsItsKeysWhenTheOriginalChanges) {
+    auto texts = FiveLetters();
+    auto copy = texts;
+    texts.Clear();
+    EXPECT_EQ(copy.Item("key c"), "c");
+    EXPECT_EQ(copy.Position("key e"), 5);
+    auto moved = std::move(copy);
+    EXPECT_TRUE(moved.Remove("key a"));
+    EXPECT_EQ(moved.Item(1), "b");
+}
+
+} // namespace
+} // namespace halyard

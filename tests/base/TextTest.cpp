@@ -1,0 +1,209 @@
+#include "base/Text.h"
+
+#include "base/Latin1.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace halyard {
+namespace {
+
+using Parts = std::vector<std::string>;
+
+TEST(Text, MidCountsFromOneAndStopsWithTheText) {
+    EXPECT_EQ(Mid("halyard", 1, 3), "hal");
+    EXPECT_EQ(Mid("halyard", 4), "yard");
+    EXPECT_EQ(Mid("halyard", 7, 9), "d");
+    EXPECT_EQ(Mid("halyard", 8), "");
+    EXPECT_EQ(Mid("halyard", 900, 1), "");
+    EXPECT_EQ(Mid("halyard", 0, 3), "");
+    EXPECT_EQ(Left("ab", 5), "ab");
+}
+
+TEST(Text, NamesLoseBlanksAndCapitals) {
+    EXPECT_EQ(NormalizeName(" Room  Name 1 "), "roomname1");
+    EXPECT_EQ(NormalizeName("Tab\tStays"), "tab\tstays");
+    EXPECT_EQ(Trim("  a b "), "a b");
+    EXPECT_EQ(Trim("   "), "");
+}
+
+TEST(Text, LowerCaseIsThatOfWindows1252) {
+    EXPECT_EQ(Lower("\xC0\xD6\xD8\xDE\x8A\x8C\x8E\x9F"), "\xE0\xF6\xF8\xFE\x9A\x9C\x9E\xFF");
+    EXPECT_EQ(Lower("@[`{\xD7\xDF\xF7\x80\xBF"), "@[`{\xD7\xDF\xF7\x80\xBF");
+}
+
+TEST(Text, ReplaceGoesOnBehindWhatItPutIn) {
+    EXPECT_EQ(Replace("<a<", "<", "&lt;"), "&lt;a&lt;");
+    EXPECT_EQ(Replace("aaa", "aa", "a"), "aa");
+    EXPECT_EQ(Replace("%P %p", "%p", "%p%p"), "%P %p%p");
+    EXPECT_EQ(Replace("abc", "", "x"), "abc");
+}
+
+TEST(Text, SplitKeepsEmptyPartsAndTheLimitKeepsTheRest) {
+    EXPECT_EQ(Split("a:b:c", ":"), (Parts{"a", "b", "c"}));
+    EXPECT_EQ(Split(":a:", ":"), (Parts{"", "a", ""}));
+    EXPECT_EQ(Split("a:b:c", ":", 2), (Parts{"a", "b:c"}));
+    EXPECT_EQ(Split("a:b:c", ":", 1), (Parts{"a:b:c"}));
+    EXPECT_EQ(Split("a:b", ":", 9), (Parts{"a", "b"}));
+    EXPECT_EQ(Split("a, b, c", ", "), (Parts{"a", "b", "c"}));
+    EXPECT_EQ(Split("", ":"), Parts{});
+    EXPECT_EQ(Split("ab", ""), Parts{"ab"});
+}
+
+TEST(Text, FindingIgnoresCase) {
+    EXPECT_EQ(FindNoCase("Hello World", "WORLD"), 7u);
+    EXPECT_EQ(FindNoCase("aaab", "AAB"), 2u);
+    EXPECT_EQ(FindNoCase("\xDCMLAUT", "\xFCm"), 1u);
+    EXPECT_EQ(FindNoCase("short", "shorter"), 0u);
+    EXPECT_FALSE(ContainsNoCase("hello", "help"));
+    EXPECT_TRUE(ContainsNoCase("", ""));
+    EXPECT_TRUE(ContainsNoCase("hello", ""));
+}
+
+TEST(StripHTML, Cases) {
+    struct Case {
+        const char *text, *stripped;
+    };
+    for (auto [text, stripped] : {Case{"a<b>c", "ac"},
+                                  {"<lone>", ""},
+                                  {"", ""},
+                                  {"a > b", "a > b"},
+                                  {"a > b < c", "a > b < c"},
+                                  {"1 > 0 <b>x</b>", "1 > 0 x"},
+                                  {"<a><b>x", "x"},
+                                  {"<a<b>c>d", "c>d"},
+                                  {"<>", ""},
+                                  {"x<b>y<i", "xy<i"},
+                                  {"&lt;b&gt;", "&lt;b&gt;"},
+                                  {"<HTML><BODY BGCOLOR=\"#000000\">hi</BODY></HTML>", "hi"}}) {
+        EXPECT_EQ(StripHTML(text), stripped) << text;
+    }
+}
+
+TEST(StripHTML, HostileTextIsDoneInOnePass) {
+    const std::size_t many = 1 << 20; // quadratic work would not end here
+    EXPECT_EQ(StripHTML(std::string(many, '<')), std::string(many, '<'));
+    EXPECT_EQ(StripHTML(std::string(many, '<') + std::string(many, '>')), std::string(many - 1, '>'));
+    std::string tags;
+    for (std::size_t count = 0; count < many / 4; ++count) tags += "<b>x";
+    EXPECT_EQ(StripHTML(tags), std::string(many / 4, 'x'));
+}
+
+TEST(Numbers, ValReadsTheNumberATextBeginsWith) {
+    struct Case {
+        const char* text;
+        double value;
+    };
+    auto huge = std::numeric_limits<double>::infinity();
+    for (auto [text, value] : {Case{"12abc", 12},
+                               {"", 0},
+                               {"abc", 0},
+                               {" 1 2 . 5 x", 12.5},
+                               {"+7", 7},
+                               {"-.5", -0.5},
+                               {"5.", 5},
+                               {".", 0},
+                               {"-", 0},
+                               {"+-5", 0},
+                               {"1.2.3", 1.2},
+                               {"1e3", 1000},
+                               {"1D-2", 0.01},
+                               {"1e", 1},
+                               {"2e+", 2},
+                               {"1e999", huge},
+                               {"-1e999", -huge},
+                               {"1e-999", 0},
+                               {"0e999", 0},
+                               {"inf", 0},
+                               {"nan", 0},
+                               {"0x10", 0},
+                               {"1,5", 1},
+                               {"9e99999999999999999999", huge},
+                               {"1e-99999999999999999999", 0}}) {
+        EXPECT_EQ(Val(text), value) << text;
+    }
+    EXPECT_EQ(Val(std::string(400, '9')), huge);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1e401"), 1);
+}
+
+TEST(Numbers, NumericIsTheWholeText) {
+    for (const char* text : {"1", "-1", "+1.5", ".5", "5.", "1e5", "1d5", "00000000000000000000001", " 7 "})
+        EXPECT_TRUE(IsNumeric(text)) << text;
+    for (const char* text :
+         {"", " ", "1a", "1e", "1.2.3", "--1", "1 2", "e5", ".", "1-", "inf", "nan", "\xB2"})
+        EXPECT_FALSE(IsNumeric(text)) << text;
+}
+
+TEST(Numbers, IntegersRoundAHalfToTheEvenOneAndRefuseWhatDoesNotFit) {
+    EXPECT_EQ(ToInt16("2.5"), 2);
+    EXPECT_EQ(ToInt16("3.5"), 4);
+    EXPECT_EQ(ToInt16("-2.5"), -2);
+    EXPECT_EQ(RoundToInt16(10.5), 10);
+    EXPECT_EQ(ToInt16("32767"), 32767);
+    EXPECT_EQ(ToInt16("32767.5"), std::nullopt);
+    EXPECT_EQ(ToInt16("-32768.5"), -32768);
+    EXPECT_EQ(ToInt16("12x"), std::nullopt);
+    EXPECT_EQ(ToInt16(""), std::nullopt);
+    EXPECT_EQ(ToInt32("2147483647"), 2147483647);
+    EXPECT_EQ(ToInt32("2147483648"), std::nullopt);
+    EXPECT_EQ(ToInt32("1e999"), std::nullopt);
+    EXPECT_EQ(RoundToInt32(std::nan("")), std::nullopt);
+
+    std::int16_t field = 7;
+    AssignInt16(field, 32768);
+    AssignInt16(field, -32769);
+    EXPECT_EQ(field, 7);
+    AssignInt16(field, -32768);
+    EXPECT_EQ(field, -32768);
+}
+
+TEST(Numbers, TextsAreShortAndPlain) {
+    struct Case {
+        double value;
+        const char* text;
+    };
+    for (auto [value, text] : {Case{0.001, "0.001"},
+                               {1, "1"},
+                               {30.5, "30.5"},
+                               {1000000, "1000000"},
+                               {-0.5, "-0.5"},
+                               {-0.0, "0"},
+                               {0.1 + 0.2, "0.30000000000000004"},
+                               {0.00001, "0.00001"},
+                               {123456789012345, "123456789012345"}}) {
+        EXPECT_EQ(NumberText(value), text);
+    }
+    EXPECT_EQ(NumberText(8.2f), "8.2");
+    EXPECT_EQ(NumberText(0.001f), "0.001");
+    EXPECT_EQ(NumberText(1e30), "1e+30");
+}
+
+TEST(Latin1, EveryByteComesBackFromUtf8) {
+    std::string all;
+    for (int code = 0; code < 256; ++code) all.push_back(static_cast<char>(code));
+    EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
+    EXPECT_EQ(ToUtf8("\xAB \x80\xFC"), "\u00AB \u20AC\u00FC");
+}
+
+TEST(Latin1, WhatHasNoPlaceAndWhatIsBrokenBecomesAQuestionMark) {
+    struct Case {
+        const char *utf8, *text;
+    };
+    for (auto [utf8, text] : {Case{"\u4E2D\U0001F600x", "??x"},
+                              {"\xC2\x80", "?"}, // a control character that Windows-1252 has not
+                              {"\xE2\x82", "??"},
+                              {"\xE2\x82z", "??z"},
+                              {"\x80z", "?z"},
+                              {"\xC0\xAF", "??"},           // overlong
+                              {"\xE0\x80\xAF", "???"},      // overlong
+                              {"\xED\xA0\x80", "???"},      // surrogate
+                              {"\xF4\x90\x80\x80", "????"}, // above the last character
+                              {"\xFF", "?"}}) {
+        EXPECT_EQ(FromUtf8(utf8), text);
+    }
+}
+
+} // namespace
+} // namespace halyard
