@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace halyard {
+
+/// The desktop around the windows: the tray and the handler that opens pages.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    /// Opens a page or a file with the desktop's own program. False when there is none.
+    virtual bool OpenPage(const std::string& address) = 0;
+    /// True where a tray icon can be seen.
+    virtual bool HasTray() = 0;
+    virtual void AddTrayIcon(const std::string& tip) = 0;
+    virtual void SetTrayTip(const std::string& tip) = 0;
+    virtual void RemoveTrayIcon() = 0;
+    /// Ends the program once the running handler has returned.
+    virtual void Quit() = 0;
+};
+
+} // namespace halyard

@@ -1,0 +1,60 @@
+#pragma once
+
+// What the readers and writers of files ask of a machine, one call an operation, so that each can be made to
+// fail. Paths are Windows-1252 text with the machine's own separator.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace halyard {
+
+/// A file that is being written. Destroying it closes it.
+class OutputFile {
+  public:
+    virtual ~OutputFile() = default;
+    /// False when not every byte was taken.
+    virtual bool Write(std::string_view bytes) = 0;
+    /// Brings what was written to the disk itself. False when that failed.
+    virtual bool Sync() = 0;
+    /// False when the last bytes could not be written.
+    virtual bool Close() = 0;
+};
+
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    /// True when `path` names a file: not a folder, not a device.
+    virtual bool Exists(const std::string& path) = 0;
+    /// The whole of a plain file of at most `limit` bytes; nothing for anything else. Never blocks on a
+    /// device.
+    virtual std::optional<std::string> Read(const std::string& path, std::size_t limit) = 0;
+    /// Creates or empties a file. Null when that is not possible.
+    virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
+    /// Puts `from` in the place of `to`, at once for every reader.
+    virtual bool Rename(const std::string& from, const std::string& to) = 0;
+    virtual bool Remove(const std::string& path) = 0;
+    /// Makes renames and creations in `folder` last through a power cut.
+    virtual bool SyncFolder(const std::string& folder) = 0;
+    /// Creates the folder and those above it. True when it stands afterwards.
+    virtual bool MakeFolder(const std::string& folder) = 0;
+
+    /// Where the program keeps what its operator saves: its own folder, or where that cannot be written the
+    /// operator's data folder. No separator at the end.
+    virtual std::string ProgramFolder() = 0;
+    /// The operator's folder for program state, from the user database. Empty when there is none.
+    virtual std::string StateFolder() = 0;
+    /// The separator between the parts of a path, "/" or "\".
+    virtual char Separator() const = 0;
+};
+
+/// Puts `bytes` in the place of the file `path`, so that a crash, a full disk or a failing call leaves either
+/// the old file or the new one: a neighbour is written, synced and renamed over it, then the folder is
+/// synced. False, with the old file as it was and no neighbour left, when a step up to the rename failed.
+/// False, too, when only the folder could not be synced: the new file stands then, but a power cut may bring
+/// the old one back.
+bool ReplaceFile(Files& files, const std::string& path, std::string_view bytes);
+
+} // namespace halyard

@@ -1,0 +1,33 @@
+#pragma once
+
+// All that Halyard gets from the machine it runs on, handed in once at start. Nothing else reads a clock,
+// opens a socket, draws a random number or touches a file.
+
+#include "platform/Desktop.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Random.h"
+#include "platform/Socket.h"
+#include "platform/Timer.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace halyard {
+
+class Platform {
+  public:
+    virtual ~Platform() = default;
+
+    virtual std::unique_ptr<Socket> NewSocket() = 0;
+    virtual std::unique_ptr<SocketServer> NewServer() = 0;
+    virtual std::unique_ptr<Timer> NewTimer() = 0;
+    virtual Random& RandomSource() = 0;
+    virtual Files& FileSystem() = 0;
+    virtual Dialogs& Boxes() = 0;
+    virtual Desktop& DesktopShell() = 0;
+    /// Milliseconds since some fixed moment, never going back; for transcripts and rate windows.
+    virtual std::int64_t Milliseconds() = 0;
+};
+
+} // namespace halyard

@@ -1,0 +1,41 @@
+#pragma once
+
+// The machine of one party in a simulated world: the bot's, the service's. The world must outlive it.
+
+#include "platform/Platform.h"
+#include "platform/sim/ScriptedDialogs.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimFiles.h"
+#include "platform/sim/SimRandom.h"
+#include "platform/sim/SimWorld.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace halyard {
+
+class SimPlatform : public Platform {
+  public:
+    explicit SimPlatform(SimWorld& world) : random(world.chance.Next()), world(world) {}
+    SimPlatform(const SimPlatform&) = delete;
+    SimPlatform& operator=(const SimPlatform&) = delete;
+
+    SimRandom random;
+    SimFiles disk;
+    ScriptedDialogs dialogs;
+    SimDesktop desktop;
+
+    std::unique_ptr<Socket> NewSocket() override;
+    std::unique_ptr<SocketServer> NewServer() override;
+    std::unique_ptr<Timer> NewTimer() override;
+    Random& RandomSource() override { return random; }
+    Files& FileSystem() override { return disk; }
+    Dialogs& Boxes() override { return dialogs; }
+    Desktop& DesktopShell() override { return desktop; }
+    std::int64_t Milliseconds() override { return world.Now(); }
+
+  private:
+    SimWorld& world;
+};
+
+} // namespace halyard

@@ -1,0 +1,83 @@
+#include "platform/sim/SimTimer.h"
+#include "platform/sim/SimWorld.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+namespace halyard {
+namespace {
+
+struct Timers : testing::Test {
+    SimWorld world;
+    std::vector<std::int64_t> ticks;
+    std::unique_ptr<SimTimer> timer = std::make_unique<SimTimer>(world.clock);
+
+    Timers() {
+        timer->SetInterval(100);
+        timer->onTick = [this] { ticks.push_back(world.Now()); };
+    }
+    using Moments = std::vector<std::int64_t>;
+};
+
+TEST_F(Timers, RestartsAFullIntervalOnlyWhenItWasOff) {
+    timer->SetEnabled(true);
+    world.RunFor(60);
+    timer->SetEnabled(true); // already on: no restart
+    world.RunFor(60);
+    timer->SetEnabled(false);
+    timer->SetEnabled(true); // the restart idiom
+    world.RunFor(200);
+    EXPECT_EQ(ticks, (Moments{100, 220, 320}));
+}
+
+TEST_F(Timers, TakesANewIntervalFromNowWhenOnAndLaterWhenOff) {
+    timer->SetEnabled(true);
+    world.RunFor(90);
+    timer->SetInterval(50);
+    world.RunFor(50);
+    timer->SetEnabled(false);
+    timer->SetInterval(30);
+    world.RunFor(100);
+    timer->SetEnabled(true);
+    world.RunFor(30);
+    EXPECT_EQ(ticks, (Moments{140, 270}));
+}
+
+TEST_F(Timers, HandlersMayStopRestartChangeAndDestroyTheirTimer) {
+    timer->onTick = [this] {
+        ticks.push_back(world.Now());
+        if (ticks.size() == 1) timer->SetEnabled(false), timer->SetEnabled(true);
+        if (ticks.size() == 2) timer->SetInterval(10);
+        if (ticks.size() == 3) {
+            timer->SetEnabled(false);
+            world.clock.In(500, [this] { timer->SetEnabled(true); });
+        }
+        if (ticks.size() == 4) {
+            auto* list = &ticks;
+            timer.reset();
+            list->push_back(-1);
+        }
+    };
+    timer->SetEnabled(true);
+    world.RunFor(10000);
+    EXPECT_EQ(ticks, (Moments{100, 200, 210, 720, -1}));
+}
+
+TEST_F(Timers, AYearOfTicksKeepsTime) {
+    auto slow = std::make_unique<SimTimer>(world.clock);
+    std::uint64_t slowTicks = 0;
+    slow->SetInterval(15000);
+    slow->onTick = [&] { ++slowTicks; };
+    slow->SetEnabled(true);
+    std::uint64_t fastTicks = 0;
+    timer->SetInterval(60000);
+    timer->onTick = [&] { ++fastTicks; };
+    timer->SetEnabled(true);
+    world.RunFor(365LL * 24 * 3600 * 1000);
+    EXPECT_EQ(slowTicks, 365u * 24 * 240);
+    EXPECT_EQ(fastTicks, 365u * 24 * 60);
+}
+
+} // namespace
+} // namespace halyard
