@@ -1,0 +1,74 @@
+// Eject requests go out one at a time, a pause apart; here the rest of them wait.
+
+#include "base/Text.h"
+#include "rooms/Chats.h"
+#include "rooms/RoomHost.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+namespace {
+
+// No timer interval holds a longer pause, so from here on it is counted off in ticks of a second.
+constexpr float longPause = 60;
+
+int BanInterval(float sngBanPause) {
+    if (!(sngBanPause < longPause)) return 1000;
+    return std::max(1, RoundToInt32(sngBanPause * 1000).value_or(1));
+}
+
+} // namespace
+
+void Chats::QueueBan(const std::string& strUser, std::int16_t intChatIndex, std::int32_t lngRequestID,
+                     const std::string& strType, const std::string& strOther) {
+    BanQueue.Add(strType + ":" + std::to_string(intChatIndex) + ":" + std::to_string(lngRequestID) + ":" +
+                 strUser + ":" + strOther);
+}
+
+void Chats::CheckBanQueue() {
+    // The tick that finds the count complete is one more: a pause of 90 seconds takes 91.
+    if (sngBanPause < longPause || static_cast<float>(lngBanTicks) >= sngBanPause)
+        BanNextUser();
+    else
+        ++lngBanTicks;
+}
+
+void Chats::BanNextUser() {
+    if (!blnRated[1]) {
+        if (BanQueue.Count() == 0)
+            EndBanPause();
+        else
+            SendOldestBan();
+    }
+    lngBanTicks = 0;
+}
+
+void Chats::EndBanPause() {
+    if (tmrBan) tmrBan->SetEnabled(false);
+    SetBanInterval();
+}
+
+void Chats::SendOldestBan() {
+    auto fields = Split(BanQueue.Item(1), ":", 5);
+    fields.resize(5);
+    const auto& strRequestID = fields[2];
+    const auto& strUser = fields[3];
+    host.StoreRequest(strRequestID,
+                      fields[0] + ":" + fields[1] + ":" + strRequestID + ":" + strUser + ":" + fields[4]);
+    host.SendBanRequest(ChatIndex, strRequestID, strUser);
+    EndBanPause();
+    if (tmrBan) tmrBan->SetEnabled(true);
+    BanQueue.Remove(1);
+}
+
+void Chats::SetBanPause(float sngPause) {
+    sngBanPause = sngPause;
+    SetBanInterval();
+}
+
+void Chats::SetBanInterval() {
+    if (tmrBan) tmrBan->SetInterval(BanInterval(sngBanPause));
+}
+
+} // namespace halyard

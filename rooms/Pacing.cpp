@@ -1,0 +1,145 @@
+// How a room says a line: what goes out now, what waits, what is lost.
+
+#include "base/Text.h"
+#include "rooms/ChatSendKeys.h"
+#include "rooms/Chats.h"
+#include "rooms/EjectList.h"
+#include "rooms/Fold.h"
+#include "rooms/RoomHost.h"
+
+namespace halyard {
+
+namespace {
+
+// A name or a text must not form a mail address, a link or a time in the room.
+void GuardLinks(std::string& text) {
+    text = Replace(text, "@", " @ ");
+    text = Replace(text, ".", " . ");
+    text = Replace(text, ":", " : ");
+}
+
+std::string FillIn(const Msgs& send, std::string_view otherMark) {
+    return Replace(Replace(send.TheMessage, send.TheChar, send.TheReplacement), otherMark, send.TheOther);
+}
+
+bool IsRunning(const std::shared_ptr<PoolTimer>& timer) { return timer && timer->Enabled(); }
+
+// Position of the first waiting send of a class tag; 0 when there is none.
+std::ptrdiff_t FirstOf(const Collection<Msgs>& queue, const std::string& strMsgType) {
+    std::ptrdiff_t position = 0;
+    for (const auto& waiting : queue) {
+        ++position;
+        if (waiting.TheMsgType == strMsgType) return position;
+    }
+    return 0;
+}
+
+} // namespace
+
+void Chats::PrepareChatSend(std::string& strReplacement, const std::string& strChar, std::string& strMessage,
+                            const std::string& strOther, const std::string& strType,
+                            const std::string& strMsgType, std::int16_t intChatIndex) {
+    if (blnRated[5]) return;
+    if (strType != "status" && strType != "bp") GuardLinks(strReplacement);
+    Msgs own{strType, strChar, strReplacement, strMessage, strOther, strMsgType, intChatIndex};
+    switch (SendGroupOf(strType)) {
+    case SendGroup::MergeSameOther:
+    case SendGroup::Merge:
+        own.TheMsgType = "msg1"; // whatever the caller said
+        return SayMerged(own);
+    case SendGroup::OneByOne: return SayOneByOne(own);
+    case SendGroup::DropWhilePaused: return SayOrDrop(own, strMessage);
+    case SendGroup::Unpaced:
+        own.TheChar = "%p"; // not the caller's placeholder, on purpose
+        strMessage = FillIn(own, "%d");
+        return host.Say(ChatIndex, strMessage);
+    case SendGroup::Unknown: return;
+    }
+}
+
+void Chats::SayMerged(const Msgs& own) {
+    if (IsRunning(tmrSend[1])) {
+        MsgQueue.Add(own);
+        return;
+    }
+    const bool sameOther = SendGroupOf(own.TheType) == SendGroup::MergeSameOther;
+    const auto folded = FoldWaitingSends(MsgQueue, own.TheType, own.TheMessage.size(), sameOther);
+    host.Say(ChatIndex, MergedLine(folded.value_or(own)));
+    RestartSendTimer(1);
+}
+
+std::string Chats::MergedLine(const Msgs& send) const {
+    if (SendGroupOf(send.TheType) == SendGroup::MergeSameOther) {
+        // Without an eject list "%d" stays in the line here and becomes "0" below, on purpose.
+        const auto line = FillIn(send, "%s");
+        const auto bans = BanCount();
+        return bans ? Replace(line, "%d", std::to_string(*bans)) : line;
+    }
+    if (!CountsBans(send.TheType)) return FillIn(send, "%d");
+    return Replace(Replace(send.TheMessage, send.TheChar, send.TheReplacement), "%d",
+                   std::to_string(BanCount().value_or(0)));
+}
+
+std::optional<std::size_t> Chats::BanCount() const {
+    const auto name = NormalizeName(ChatName); // by name alone, whatever the exchange
+    for (const auto& list : host.AllEjectLists())
+        if (list && NormalizeName(list->ChatName) == name) return list->GetEjects().Count();
+    return std::nullopt;
+}
+
+void Chats::SayOneByOne(const Msgs& own) {
+    if (IsRunning(tmrSend[2])) {
+        MsgQueue.Add(own);
+        return;
+    }
+    std::string strLine;
+    if (const auto position = FirstOf(MsgQueue, "msg2")) {
+        strLine = FillIn(MsgQueue.Item(position), "%d");
+        // The head of the queue goes, not the entry just said, on purpose: a merged send that waits before it
+        // is lost, and the entry is said once more.
+        MsgQueue.Remove(1);
+    }
+    if (strLine.empty()) strLine = FillIn(own, "%d");
+    host.Say(ChatIndex, strLine);
+    RestartSendTimer(2);
+}
+
+void Chats::SayOrDrop(const Msgs& own, std::string& strMessage) {
+    if (IsRunning(tmrSend[3])) return;
+    strMessage = FillIn(own, "%d");
+    host.Say(ChatIndex, strMessage);
+    EnableSendTimer(3);
+}
+
+void Chats::RestartSendTimer(int Index) {
+    if (const auto timer = GetSendTimer(Index)) timer->Restart();
+}
+
+void Chats::CheckQueue(const std::string& strType) {
+    if (strType == "ban")
+        CheckBanQueue();
+    else if (strType == "msg1")
+        Drain(1, strType);
+    else if (strType == "msg2")
+        Drain(2, strType);
+}
+
+// The entry stays in the queue: with the timer off, saying it makes the send look into the queue and find it
+// there.
+void Chats::Drain(int Index, const std::string& strMsgType) {
+    DisableSendTimer(Index);
+    const auto position = FirstOf(MsgQueue, strMsgType);
+    if (position == 0) return;
+    Msgs next = MsgQueue.Item(position);
+    PrepareChatSend(next.TheReplacement, next.TheChar, next.TheMessage, next.TheOther, next.TheType,
+                    next.TheMsgType);
+}
+
+void Chats::ClearQueue(int intType) {
+    if (intType == 0) BanQueue.Clear();
+    if (intType != 1) return;
+    MsgQueue.Clear();
+    for (int Index = 0; Index <= 3; ++Index) DisableSendTimer(Index);
+}
+
+} // namespace halyard

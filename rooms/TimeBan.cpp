@@ -1,0 +1,63 @@
+#include "rooms/TimeBan.h"
+
+#include "base/Text.h"
+
+#include <vector>
+
+namespace halyard {
+
+namespace {
+
+enum Field { User, Room, Exchange, Instance, RoomIndex, Minutes, MinutesLeft, SecondsLeft, FieldCount };
+
+std::vector<std::string> Fields(const std::string& strRecord) {
+    auto fields = Split(strRecord, ":", FieldCount);
+    fields.resize(FieldCount);
+    return fields;
+}
+
+std::string Join(const std::vector<std::string>& fields) {
+    std::string text;
+    for (const auto& field : fields) text += (&field == &fields.front() ? "" : ":") + field;
+    return text;
+}
+
+} // namespace
+
+std::string NewTimeBan(const std::string& strUser, const std::string& strChatName, std::int16_t intExchange,
+                       std::int16_t intInstance, std::int16_t intChatIndex, const std::string& strMinutes) {
+    return Join({strUser, strChatName, std::to_string(intExchange), std::to_string(intInstance),
+                 std::to_string(intChatIndex), strMinutes, strMinutes, "60"});
+}
+
+bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const std::string& strChatName,
+                 std::int16_t intExchange, std::int16_t intInstance) {
+    const auto fields = Fields(strRecord);
+    return NormalizeName(fields[User]) == NormalizeName(strUser) &&
+           NormalizeName(fields[Room]) == NormalizeName(strChatName) &&
+           ToInt16(fields[Exchange]) == intExchange && ToInt16(fields[Instance]) == intInstance;
+}
+
+TimeBanTick TickTimeBan(const std::string& strRecord) {
+    auto fields = Fields(strRecord);
+    const double minutes = Val(fields[MinutesLeft]);
+    const double seconds = Val(fields[SecondsLeft]);
+    TimeBanTick tick;
+    if (minutes <= 0) {
+        tick.over = true;
+        tick.user = fields[User];
+        tick.intChatIndex = ToInt16(fields[RoomIndex]).value_or(0);
+        tick.minutes = fields[Minutes];
+        return tick;
+    }
+    if (seconds <= 0) {
+        fields[MinutesLeft] = NumberText(minutes - 1);
+        fields[SecondsLeft] = "60"; // without a second off: this tick is the 61st of the minute
+    } else {
+        fields[SecondsLeft] = NumberText(seconds - 1);
+    }
+    tick.record = Join(fields);
+    return tick;
+}
+
+} // namespace halyard

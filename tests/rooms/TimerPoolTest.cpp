@@ -1,0 +1,116 @@
+#include "RoomScenario.h"
+
+namespace halyard {
+
+namespace {
+
+class Pool : public RoomScenario {
+  protected:
+    Pool() { pool.CreateTimer("tban"); }
+    std::string Tags() const {
+        std::string tags;
+        for (int i = 0; i < pool.Count(); ++i) tags += (i ? " " : "") + pool.Slot(i)->Tag;
+        return tags;
+    }
+};
+
+constexpr auto eightTags = " ban msg msg1 msg2 msg3 firstjoin ping unrate";
+
+TEST_F(Pool, SlotsAreReusedAndOnlyTheTopOneGoes) {
+    OpenRoom("A", 11);
+    OpenRoom("B", 12);
+    EXPECT_EQ(Tags(), std::string("tban") + eightTags + eightTags);
+    CloseRoom(1);
+    EXPECT_EQ(Tags(), std::string("tban        ") + eightTags);
+    EXPECT_EQ(rooms.Item(1)->BanTimerIndex, 9);
+    EXPECT_EQ(pool.GetTimer(9, "ban"), 1); // the room has moved up
+    CloseRoom(1);
+    EXPECT_EQ(pool.Count(), 16);
+    OpenRoom("C", 13);
+    EXPECT_EQ(rooms.Item(1)->BanTimerIndex, 1);
+    EXPECT_EQ(rooms.Item(1)->UnrateIndex, 8);
+    EXPECT_EQ(pool.Count(), 16);
+}
+
+TEST_F(Pool, EachTagFindsItsRoom) {
+    OpenRoom("A", 11);
+    OpenRoom("B", 12);
+    for (const char* tag : {"msg", "msg1", "msg2", "msg3", "ban", "ping", "unrate"}) {
+        int slot = 9;
+        while (pool.Slot(slot)->Tag != tag) ++slot;
+        EXPECT_EQ(pool.GetTimer(slot, tag), 2) << tag;
+        EXPECT_EQ(pool.GetTimer(slot - 8, tag), 1) << tag;
+        EXPECT_EQ(pool.GetTimer(slot - 1, tag), 0) << tag;
+    }
+    EXPECT_EQ(pool.GetTimer(0, "tban"), 0);
+    EXPECT_EQ(pool.GetTimer(99, "msg"), 0);
+}
+
+TEST_F(Pool, PingsComeUntilTheRoomGoes) {
+    std::vector<std::string> pings;
+    pool.onPing = [&](int intChatIndex) {
+        pings.push_back(NumberText(Second()) + " " + std::to_string(intChatIndex));
+    };
+    OpenRoom("A", 11);
+    RunTo(5);
+    OpenRoom("B", 12);
+    RunTo(20);
+    CloseRoom(1);
+    EXPECT_TRUE(pool.Slot(7)->Enabled()); // fires on without effect
+    RunTo(40);
+    EXPECT_EQ(pings, (Lines{"15 11", "20 12", "35 12"}));
+}
+
+TEST_F(Pool, ATakenSlotStartsStopped) {
+    OpenRoom("A", 11);
+    auto& room = OpenRoom("B", 12);
+    pool.UnloadChatTimers(1);
+    for (int slot = 1; slot <= 8; ++slot) pool.Slot(slot)->SetEnabled(true);
+    for (int slot = 1; slot <= 6; ++slot) pool.CreateTimer("unrate");
+    pool.CreateTimer("msg1"); // where a "ping" still runs
+    EXPECT_EQ(room.GetTimerIndex(1), 7);
+    EXPECT_FALSE(pool.Slot(7)->Enabled());
+    EXPECT_EQ(pool.Slot(7)->Interval(), 8200);
+}
+
+TEST_F(Pool, ARoomThatGoesInItsOwnPingIsSafe) {
+    OpenRoom("A", 11);
+    pool.onPing = [&](int) { CloseRoom(1); };
+    RunTo(100);
+    EXPECT_EQ(pool.Count(), 8);
+    pool.UnloadChatTimers(0);
+    pool.ClearTimer(-1);
+    pool.ClearTimer(99);
+    EXPECT_EQ(pool.Count(), 8);
+    TimerPool fresh(platform, rooms);
+    fresh.ClearTimer(0); // always stays
+    EXPECT_EQ(fresh.Count(), 1);
+}
+
+TEST_F(Pool, ATopSlotThatGoesInItsOwnTickIsSafe) {
+    auto& room = OpenRoom("A", 11);
+    room.SetAutoUnrate(true);
+    room.RateNotice(2, 1);
+    host.onSay = [this] { CloseRoom(1); };
+    RunTo(100);
+    EXPECT_EQ(pool.Count(), 8);
+}
+
+TEST_F(Pool, OwnersAreTakenOnlyWithinTwoSeconds) {
+    auto& early = OpenRoom("A", 11);
+    auto& late = OpenRoom("B", 12);
+    EXPECT_EQ(late.GetOwner(), "");
+    RunTo(1.9);
+    early.GotOwner("Bot");
+    EXPECT_TRUE(early.JoinTimerEnabled());
+    RunTo(3);
+    late.GotOwner("Bot");
+    EXPECT_FALSE(late.JoinTimerEnabled());
+    EXPECT_TRUE(early.IsOwner());
+    EXPECT_FALSE(late.IsOwner());
+    EXPECT_EQ(late.GetOwner(), "Bot");
+}
+
+} // namespace
+
+} // namespace halyard
