@@ -1,0 +1,158 @@
+// From a room's name to its cookie: the navigation service (family 000D) is brought up once on demand, a room
+// is created or found through it, and BOS is asked for the way in (0001 0004). Leaving has no message:
+// closing is leaving.
+
+#include "oscar/ModOscarFunctions.h"
+#include "oscar/TillerSock.h"
+#include "oscar/TlvWalk.h"
+
+#include <array>
+#include <utility>
+
+namespace halyard {
+
+namespace {
+
+using ErrorText = std::pair<const char*, const char*>; // hex word, description
+
+constexpr std::array<ErrorText, 3> NavigationErrors{{
+    {"0012", "Join chat failed, you are already in the max amount of chats Oscar allows."},
+    {"0033", "Join chat failed, invalid chat name."},
+    {"0032", "Join chat failed, objectional chat name."},
+}};
+constexpr std::array<ErrorText, 5> JoinErrors{{
+    {"004A", "Join chat failed, ejected."},
+    {"0018", "Join chat failed, full."},
+    {"002E", "Join chat failed, you are already in this chat."},
+    {"0030", "Join chat failed, rated."},
+    {"0032", "Join chat failed, objectional chat name."},
+}};
+
+template <std::size_t Size>
+const char* TextOf(const std::array<ErrorText, Size>& texts, const std::string& word, const char* otherwise) {
+    for (const auto& [code, text] : texts)
+        if (word == code) return text;
+    return otherwise;
+}
+
+} // namespace
+
+void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchange,
+                          std::int16_t intInstance) {
+    request.JoinPending = true;
+    request.strJoinName = Trim(strChatName);
+    request.intJoinExchange = intExchange;
+    request.intJoinInstance = intInstance;
+    if (slots.ChatNavIndex != 0) {
+        SendRoomCreation();
+        return;
+    }
+    SendPacket(slots.BOSIndex, 2, HexToStr("00010004000000000001000D"));
+    request.ChatNavPending = true;
+}
+
+void TillerSock::SendRoomCreation() {
+    SendPacket(slots.ChatNavIndex, 2,
+               HexToStr("000D0008000000000008") + WordToStr(request.intJoinExchange) +
+                   MakeTLV("", 1, "create") + WordToStr(request.intJoinInstance) + HexToStr("010003") +
+                   MakeTLV("00D6", 2, "us-ascii") + MakeTLV("00D3", 2, request.strJoinName) +
+                   MakeTLV("00D7", 2, "en"));
+}
+
+void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
+    if (request.ChatNavPending) {
+        request.ChatNavPending = false;
+        slots.ChatNavIndex = Index;
+        SendServiceReady(Index, "0001000200000000000100010004001008E5000D0001001008E5");
+        Sock.SetTag(Index, "[Chat_Navigation]connected");
+        ClearService();
+        SendRoomCreation();
+        return;
+    }
+    auto body = Mid(strPacket, 17);
+    ClearTLVData();
+    ParseTLVs(body, TLVData);
+    auto room = TLVData.Item(2);
+    ClearTLVData();
+    // Exchange, cookie length, cookie, instance.
+    if (auto exchange = StrToWord(room)) AssignInt16(request.intJoinExchange, *exchange);
+    auto cookieLength = room.size() >= 3 ? static_cast<unsigned char>(room[2]) : 0;
+    request.strJoinCookie = Mid(room, 4, cookieLength);
+    if (auto instance = StrToWord(Mid(room, 4U + cookieLength)))
+        AssignInt16(request.intJoinInstance, *instance);
+    // Two zero bytes stand where the instance would: it is always asked for as 0.
+    SendPacket(slots.BOSIndex, 2,
+               HexToStr("00010004000000000001000E") +
+                   MakeTLV("0001", 2,
+                           WordToStr(request.intJoinExchange) + MakeTLV("", 1, request.strJoinCookie) +
+                               std::string(2, '\0')));
+}
+
+void TillerSock::HandleNavigationError(const std::string& strPacket) {
+    auto body = Mid(strPacket, 17);
+    strLastErrorCode = StrToHex(Left(body, 2));
+    body.erase(0, 2);
+    ClearTLVData();
+    ParseTLVs(body, TLVData);
+    WalkTLVs(TLVData, [this](const std::string& type, const std::string& value) {
+        if (type != "0008") return true;
+        std::int16_t code = 0;
+        if (auto word = StrToWord(value)) AssignInt16(code, *word);
+        events.Error(TextOf(NavigationErrors, StrToHex(value), "Join chat failed, unknown error."), code, 0,
+                     strLastErrorCode);
+        return true;
+    });
+}
+
+void TillerSock::HandleJoinError(const std::string& strPacket) {
+    auto body = Mid(strPacket, 17);
+    if (Mid(strPacket, 11, 1) == ByteToStr(128) && body.size() >= 2)
+        body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // 3 more than the prefix's own length
+    strLastErrorCode = StrToHex(Left(body, 2));
+    body.erase(0, 2);
+    ClearTLVData();
+    ParseTLVs(body, TLVData);
+    auto type = StrToHex(TLVData.Item(1));
+    auto value = TLVData.Item(2);
+    ClearTLVData();
+    if (type != "0008") return;
+    std::int16_t code = 0;
+    if (auto word = StrToWord(value)) AssignInt16(code, *word);
+    events.Error(TextOf(JoinErrors, StrToHex(value), "Unknown Error."), code, 0, strLastErrorCode);
+}
+
+void TillerSock::LeaveChat(std::int16_t lngChatIndex, const std::string& strChatName,
+                           std::int16_t intExchange) {
+    bool matched = false;
+    if (!strChatName.empty()) {
+        auto wanted = NormalizeName(strChatName);
+        for (std::int16_t position = 1; position <= static_cast<std::int16_t>(Chat.Count());) {
+            auto room = Chat.Item(position);
+            if (NormalizeName(room->ChatName) != wanted) {
+                ++position;
+                continue;
+            }
+            if (intExchange != 0 && intExchange != room->Exchange) return;
+            matched = true;
+            Leave(position);
+        }
+    } else {
+        if (!Sock.Has(lngChatIndex) || lngChatIndex == 0) return;
+        if (auto position = GetChatIndex(lngChatIndex)) {
+            matched = true;
+            Leave(position);
+        }
+    }
+    if (!matched) Sock.CloseSock(lngChatIndex);
+}
+
+void TillerSock::Leave(std::int16_t intChatColIndex) {
+    auto room = Chat.Item(intChatColIndex);
+    events.LeftChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, "manual");
+    Sock.CloseSock(room->ChatIndex);
+    auto position = GetChatIndex(room->ChatIndex); // the listener may have moved it
+    timers.UnloadChatTimers(position);
+    Chat.Remove(position);
+}
+
+} // namespace halyard

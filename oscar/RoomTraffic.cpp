@@ -1,0 +1,86 @@
+// What arrives on a room's connection (family 000E, and rate changes of family 0001): lines, people, the
+// owner notice.
+
+#include "oscar/ModOscarFunctions.h"
+#include "oscar/TillerSock.h"
+#include "oscar/TlvWalk.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
+    auto body = Mid(strPacket, 27); // behind the SNAC, 8 bytes of cookie, 2 of channel
+    std::string sender;
+    std::string message;
+    ClearTLVData();
+    ParseTLVs(body, TLVData);
+    WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
+        if (type == "0003") sender = value;
+        if (type == "0005") message = value;
+        return true;
+    });
+
+    std::string text;
+    bool found = false;
+    ParseTLVs(message, TLVData);
+    WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
+        if (type == "0002") strEncoding = value; // holds for later lines that name none
+        if (type == "0001") {
+            text = value;
+            found = true;
+        }
+        return !found;
+    });
+    ClearTLVData();
+    if (!found) return;
+
+    if (strEncoding == "unicode-2-0") std::erase(text, '\0');
+    std::size_t nameLength = sender.empty() ? 0 : static_cast<unsigned char>(sender[0]);
+    events.ChatMessage(static_cast<std::int16_t>(Index), Mid(sender, 2, nameLength), text);
+    ClearTLVData();
+}
+
+void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool joined) {
+    constexpr std::size_t BodyStart = 16;
+    auto intChatIndex = static_cast<std::int16_t>(Index);
+    auto wordAt = [&strPacket](std::size_t at) {
+        return at < strPacket.size() ? StrToWord(std::string_view(strPacket).substr(at)).value_or(0) : 0;
+    };
+    for (std::size_t at = BodyStart; at < strPacket.size();) {
+        std::size_t nameLength = static_cast<unsigned char>(strPacket[at]);
+        auto name = strPacket.substr(at + 1, nameLength);
+        at += 1 + nameLength + 2; // behind the warning level
+        auto count = wordAt(at);
+        at += 2;
+        for (; count > 0 && at < strPacket.size(); --count)
+            at += 4 + static_cast<std::size_t>(wordAt(at + 2));
+        if (auto room = Room(intChatIndex)) joined ? room->UserJoined(name) : room->UserLeft(name);
+        joined ? events.UserJoinedChat(intChatIndex, name) : events.UserLeftChat(intChatIndex, name);
+    }
+}
+
+void TillerSock::HandleOwner(int Index, const std::string& strPacket) {
+    auto room = Room(static_cast<std::int16_t>(Index));
+    if (!room) return;
+    room->GotOwner(Mid(strPacket, 17));
+    if (room->IsOwner()) events.UpdatedStats("#ofownedchats");
+}
+
+void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
+    auto room = Room(static_cast<std::int16_t>(Index));
+    if (!room) return;
+    auto rest = Mid(strPacket, 11);
+    if (Left(rest, 1) == ByteToStr(128)) {
+        rest = Mid(rest, 12);
+        std::size_t length = rest.empty() ? 0 : static_cast<unsigned char>(rest[0]);
+        rest = Mid(rest, 1 + 1 + length + 1); // the length byte, what it says, and one byte more
+    } else {
+        rest = Mid(rest, 7);
+    }
+    auto rateType = StrToWord(rest);
+    auto classID = StrToWord(Mid(rest, 3));
+    if (rateType && classID) room->RateNotice(*rateType, *classID);
+}
+
+} // namespace halyard

@@ -1,0 +1,207 @@
+#pragma once
+
+// The protocol control: every connection to the OSCAR network, what comes over them, and the rooms. One
+// source file a topic: Pump, SignOn, BringUp, ServiceList, Migration, ChatNavigation, RoomConnect,
+// RoomTraffic, SendChat, Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one
+// control and listens to its events.
+
+#include "base/Collection.h"
+#include "oscar/NetworkSecrets.h"
+#include "oscar/OscarSettings.h"
+#include "oscar/SignOnState.h"
+#include "oscar/SocketTable.h"
+#include "oscar/TillerEvents.h"
+#include "platform/Platform.h"
+#include "rooms/Chats.h"
+#include "rooms/EjectList.h"
+#include "rooms/RoomHost.h"
+#include "rooms/TimerPool.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace halyard {
+
+class TillerSock : public RoomHost {
+  public:
+    /// `events` hears of everything, `window` answers what a new room starts with. All outlive the control.
+    TillerSock(Platform& platform, OscarSettings& settings, TillerEvents& events, MainWindowLink& window);
+
+    // Public variables, in their settled order.
+    float sngBanPause = 1.0F;
+    bool GettingUserInfo = false;
+    std::string strUserInfo;
+    std::int16_t strUserInfoIndex = 1; ///< position in Chat of the room that asked
+    std::int32_t CurrentRequestID = 1;
+    Collection<std::string> RequestIDs; ///< keyed by the decimal request id
+    Collection<std::shared_ptr<EjectList>> EjectLists;
+    Collection<std::string> ChatSends;
+    Collection<std::string> TimeBans;
+    bool ChatSendOn = true;
+    Collection<std::shared_ptr<Chats>> Chat; ///< in the order of joining
+    Collection<std::string> TLVData;         ///< scratch list of parsed TLVs
+    Collection<std::string> PendingRequests; ///< declared and never used: RequestIDs does its work
+
+    NetworkSecrets Secrets = DefaultSecrets();
+    OscarSettings& Settings;
+
+    // Connection (SignOn.cpp, Connections.cpp).
+    void Login(const std::string& strUser, const std::string& strPassword, std::int32_t lngPort,
+               bool blnMD5Login, bool blnInvisible, const std::string& strAuthServer = {});
+    void LogOff();
+    bool LoggedOn() const { return signOn.LoggedOn; }
+    /// Stops the control's own 15-second sign-on timer, which goes on ticking after a time-out until then.
+    void StopLoginTimer() { tmrTimeout->SetEnabled(false); }
+
+    // Rooms (ChatNavigation.cpp).
+    void JoinChat(const std::string& strChatName, std::int16_t intExchange, std::int16_t intInstance);
+    /// By name (and exchange unless that is 0) when one is given, else by socket slot.
+    void LeaveChat(std::int16_t lngChatIndex, const std::string& strChatName = {},
+                   std::int16_t intExchange = 0);
+    /// The position in Chat, from 1, of the room with this socket slot; 0 when there is none.
+    std::int16_t GetChatIndex(std::int16_t Index) const;
+    /// That room, or null.
+    std::shared_ptr<Chats> Room(std::int16_t intChatIndex) const {
+        return Chat.Item(GetChatIndex(intChatIndex));
+    }
+
+    // Speech (SendChat.cpp).
+    void SendChat(std::int16_t intChatIndex, const std::string& strMessage, const std::string& strManual = {},
+                  const std::string& strChatName = {}, std::int16_t intExchange = 0);
+    void SendAllChats(std::int16_t intChatIndex, const std::string& strMessage);
+    /// `intChatIndex` is a position in Chat; 0 is every room, each of which gets the texts as the one before
+    /// left them.
+    void PrepareSends(std::string strReplacement, const std::string& strChar, std::string strMessage,
+                      const std::string& strOther, const std::string& strType, const std::string& strMsgType,
+                      std::int16_t intChatIndex);
+    void DefaultChatSends();
+
+    // Bans (BanWire.cpp, Ejects.cpp, TimeBans.cpp).
+    void BanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
+                 const std::string& strOther = {});
+    void UnbanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
+                   const std::string& strOther = {});
+    void CloseChat(std::int16_t intChatIndex);
+    void TbanUser(const std::string& strUser, const std::string& strChatName, std::int16_t intExchange,
+                  std::int16_t intInstance, std::int16_t intTime, std::int16_t intChatIndex);
+    void CheckTimeBans();
+    void ClearTimeBans();
+    /// The names banned from the first list of this room name; an empty collection when there is none.
+    Collection<std::string> GetEjectList(const std::string& strChatName, std::int16_t intChatIndex) const;
+    void RemoveEjectList(const std::string& strChatName);
+
+    // People (Messaging.cpp).
+    void SendIM(const std::string& strScreenname, const std::string& strMessage);
+    void GetUserInfo(const std::string& strScreenname, std::int32_t TheType = 0);
+    void SetProfile(const std::string& strProfile);
+    void SetCapabilities(const Collection<std::string>& UUIDs);
+    void SetPrivacy(std::int16_t intPrivacyLevel, std::int32_t lngAllowUserClassOnly = 0);
+
+    // Timers and wire.
+    void CreateTimer(const std::string& strType) { timers.CreateTimer(strType); }
+    const TimerPool& Timers() const { return timers; }
+    const SocketTable& Sockets() const { return Sock; }
+    void SendPacket(int Index, int intChannel, const std::string& strPacket);
+    void ParsePacket(int Index, std::string& strPacket);
+    void UpdateRequestID();
+    void ClearTLVData() { TLVData.Clear(); }
+    /// The 16-byte capability UUIDs: mode 0 those of the sign-on options, mode 1 those given as 32 hex digits
+    /// each.
+    std::string CapabilityBlock(int mode, const Collection<std::string>& UUIDs = {}) const;
+
+  private:
+    // What a room asks (RoomHost).
+    void Say(std::int16_t intChatIndex, const std::string& strLine) override {
+        SendChat(intChatIndex, strLine);
+    }
+    void SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,
+                        const std::string& strUser) override;
+    void StoreRequest(const std::string& strRequestID, const std::string& strRecord) override;
+    void LiftBan(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex) override;
+    const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return EjectLists; }
+    std::string ChatSendText(int number) const override { return ChatSends.Item(number); }
+    void RoomRated(int intType, const std::string& strChatName) override {
+        window.Rated(intType, strChatName);
+    }
+    void RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) override;
+
+    // Pump.cpp: bytes to frames. Dispatch.cpp: frames to handlers.
+    void DataArrival(int Index, std::size_t available);
+    void ParseSignOnSocket(int Index, std::string& strPacket);
+    void ParseServiceSocket(int Index, std::string& strPacket);
+
+    // Connections.cpp: what happens when a connection ends.
+    void SocketError(int Index);
+    void HandleSignOff(int Index);
+    void LoseRoom(std::int16_t intChatColIndex);
+    void ResetAll();
+    void ClearService();
+
+    // SignOn.cpp: family 0017 and the roasted dialogue.
+    void HandleHello(int Index);
+    void SendCookie(int Index);
+    void HandleAuthKey(const std::string& strPacket);
+    void HandleAuthReply(std::string strTLVs, bool blnMD5);
+
+    // BringUp.cpp, ServiceList.cpp, Migration.cpp: families 0001 to 0013 on BOS.
+    void HandleFamilies(const std::string& strPacket);
+    void HandleVersions();
+    void HandleRates();
+    void HandleICBMParameters(const std::string& strPacket);
+    void FinishBringUp();
+    void HandleSSIList(const std::string& strPacket);
+    void CreatePresenceItems();
+    void HandlePause();
+    void HandleMigration(const std::string& strPacket);
+
+    // ChatNavigation.cpp, RoomConnect.cpp: further connections and the way into a room.
+    void HandleRedirect(const std::string& strPacket);
+    void HandleServiceFamilies(int Index, const std::string& strPacket);
+    void HandleServiceVersions(int Index, const std::string& strPacket);
+    void HandleServiceRates(int Index);
+    void SendServiceReady(int Index, const std::string& head);
+    void HandleNavigation(int Index, const std::string& strPacket);
+    void SendRoomCreation();
+    void OpenRoom(int Index);
+    void HandleRoomInformation(int Index, const std::string& strPacket);
+    void HandleNavigationError(const std::string& strPacket);
+    void HandleJoinError(const std::string& strPacket);
+    void Leave(std::int16_t intChatColIndex);
+
+    // RoomTraffic.cpp: family 000E.
+    void HandleChatMessage(int Index, const std::string& strPacket);
+    void HandlePeople(int Index, const std::string& strPacket, bool joined);
+    void HandleOwner(int Index, const std::string& strPacket);
+    void HandleRateChange(int Index, const std::string& strPacket);
+
+    // Messaging.cpp: families 0002 and 0004.
+    void HandleInstantMessage(const std::string& strPacket);
+    void HandleUserInfo(const std::string& strPacket);
+    void HandleLocationError(const std::string& strPacket);
+    void HandleICBMError(const std::string& strPacket);
+
+    // BanWire.cpp, Ejects.cpp.
+    void HandleBanReply(int Index, const std::string& strPacket);
+    void ActOnReply(const std::string& strType, const std::string& strUser, const std::string& strOther,
+                    std::int16_t intChatIndex);
+    void AddEject(const std::string& strUser, std::int16_t intChatIndex);
+    void RemoveEject(const std::string& strUser, std::int16_t intChatIndex);
+
+    Platform& platform;
+    TillerEvents& events;
+    MainWindowLink& window;
+    SocketTable Sock;
+    TimerPool timers;
+    std::unique_ptr<Timer> tmrTimeout; // 15 s from Login to "Login Completed!"
+    SignOnState signOn;
+    ServiceState service;
+    ServiceSlots slots;
+    RoomRequest request;
+    PresenceState presence;
+    std::string strEncoding; // of the last message that named one
+    std::int16_t ChatMessageID = 0;
+    std::string strLastErrorCode;
+};
+
+} // namespace halyard

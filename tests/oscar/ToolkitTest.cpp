@@ -1,0 +1,101 @@
+#include "oscar/ModOscarFunctions.h"
+#include "oscar/NetworkSecrets.h"
+#include "platform/Md5.h"
+
+#include <gtest/gtest.h>
+
+namespace halyard {
+
+TEST(Toolkit, NumbersAndHexBothWays) {
+    EXPECT_EQ(StrToHex(WordToStr(65535) + WordToStr(0) + WordToStr(258)), "FFFF00000102");
+    EXPECT_EQ(WordToStr(65536) + WordToStr(-1), "");
+    EXPECT_EQ(StrToHex(LongToStr(266)), "0000010A");
+    EXPECT_EQ(StrToHex(LongToStr(4294967295.0)), "FFFFFFFF");
+    EXPECT_EQ(StrToLong(HexToStr("FFFFFFFE")), 4294967294.0);
+    EXPECT_FALSE(StrToWord("a"));
+    EXPECT_FALSE(StrToLong("abc"));
+    EXPECT_EQ(StrToHex("\x0A") + StrToHex(""), "0A");
+    EXPECT_EQ(HexToStr("41zz42"), "AB");
+    EXPECT_EQ(SnacKey(HexToStr("000E0006FF")), "000E0006");
+}
+
+TEST(Toolkit, MakeTLVInEveryWidth) {
+    EXPECT_EQ(StrToHex(MakeTLV("0001", 2, "")), "00010000");
+    EXPECT_EQ(MakeTLV("", 1, "create"), "\x06"
+                                        "create");
+    EXPECT_EQ(StrToHex(MakeTLV("0A", 4, "z")), "0A000000017A");
+    EXPECT_EQ(MakeTLV("0001", 3, "z"), "");
+    EXPECT_EQ(MakeTLV("", 1, std::string(256, 'x')), "");
+}
+
+TEST(Toolkit, ParseTLVsTakesWhatIsThere) {
+    struct Case {
+        const char* input;
+        std::vector<std::string> items;
+        std::size_t left;
+    };
+    for (const auto& [input, items, left] : std::vector<Case>{
+             {"", {}, 0},
+             {"0000", {"", ""}, 2},
+             {"00010002616200020000", {"0001", "6162", "0002", ""}, 0},
+             {"0001000561", {"0001", "61"}, 0}, // the length lies
+             {"000102", {"0001", ""}, 0},
+             {"00", {"00", ""}, 0},
+         }) {
+        auto bytes = HexToStr(input);
+        Collection<std::string> list;
+        ParseTLVs(bytes, list);
+        std::vector<std::string> found;
+        for (const auto& item : list) found.push_back(StrToHex(item));
+        EXPECT_EQ(found, items) << input;
+        EXPECT_EQ(bytes.size(), left) << input;
+    }
+}
+
+TEST(Toolkit, ParseTLVsStopsAt101AndACountAt100) {
+    std::string many;
+    for (int n = 0; n < 102; ++n) many += MakeTLV("0001", 2, "x");
+    auto rest = many;
+    Collection<std::string> list;
+    ParseTLVs(rest, list);
+    EXPECT_EQ(list.Count(), 202U);
+    EXPECT_EQ(rest.size(), 5U);
+
+    rest = many;
+    list.Clear();
+    ParseTLVCount(rest, 65535, list);
+    EXPECT_EQ(list.Count(), 200U);
+    list.Clear();
+    ParseTLVCount(rest, 1, list);
+    EXPECT_EQ(list.Count(), 2U);
+    EXPECT_EQ(rest.size(), 5U);
+}
+
+TEST(Toolkit, FamilyTags) {
+    for (const auto& [family, tag] :
+         std::vector<std::pair<const char*, const char*>>{{"0001", "[Generic]"},
+                                                          {"0005", "[Depreciated(advertisments)]"},
+                                                          {"000C", "[Depricated(translation)]"},
+                                                          {"000D", "[Chat_Navigation]"},
+                                                          {"000E", "[Chat]"},
+                                                          {"0010", "[Buddy_Icons]"},
+                                                          {"0013", "[SSI]"},
+                                                          {"0017", "[Authorization]"},
+                                                          {"0019", "[Unknown[0019]]"},
+                                                          {"00A0", "[Unknown[00A0]]"},
+                                                          {"0022", "Unknown[0022]"},
+                                                          {"0000", "Unknown[0000]"}})
+        EXPECT_EQ(FamilyTag(HexToStr(family)), tag);
+}
+
+TEST(Toolkit, SecretsRoastOverAgainAfter16AndHashInTheirOrder) {
+    auto secrets = DefaultSecrets();
+    std::string password = "0123456789abcdefX";
+    auto roasted = secrets.Roast(password);
+    EXPECT_EQ(static_cast<unsigned char>(roasted[16]), 'X' ^ secrets.roasting[0]);
+    EXPECT_EQ(secrets.Roast(roasted), password);
+    EXPECT_EQ(secrets.salt.size(), 26U);
+    EXPECT_EQ(secrets.Hash("key", ""), Md5("key" + Md5("") + "ZQX Harbour Wireline (QQ)7"));
+}
+
+} // namespace halyard

@@ -1,0 +1,178 @@
+#pragma once
+
+// The control on a simulated network whose other end is scripted frame by frame: what was sent is read as
+// text "channel hex", what is answered is written the same way.
+
+#include "oscar/ModOscarFunctions.h"
+#include "oscar/TillerSock.h"
+#include "platform/sim/SimPlatform.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace halyard {
+
+using Lines = std::vector<std::string>;
+
+/// Writes down every event, names and values separated by "|".
+class EventLog : public TillerEvents, public MainWindowLink {
+  public:
+    Lines lines;
+    Lines Take() { return std::exchange(lines, {}); }
+
+    void NewEjectList(Text name, std::int16_t index) override { Note("NewEjectList", name, index); }
+    void AddedEject(Text user, std::int16_t index, std::int16_t col) override {
+        Note("AddedEject", user, index, col);
+    }
+    void RemovedEject(Text user, std::int16_t i, std::int16_t col) override {
+        Note("RemovedEject", user, i, col);
+    }
+    void UpdatedStats(Text stats) override { Note("UpdatedStats", stats); }
+    void LoggedIn(Text user, Text email, Text ip) override { Note("LoggedIn", user, email, ip); }
+    void LoginStatus(Text action) override { Note("LoginStatus", action); }
+    void LoginError(Text text, std::int16_t code) override { Note("LoginError", text, code); }
+    void PrivacySettings(std::int16_t level, bool idle, bool typing, bool mobile) override {
+        Note("PrivacySettings", level, idle, typing, mobile);
+    }
+    void LoggedOff() override { Note("LoggedOff"); }
+    void Error(Text text, std::int16_t code, std::int16_t sub, Text family) override {
+        Note("Error", text, code, sub, family);
+    }
+    void ConnectionLost(std::int16_t index, Text text) override { Note("ConnectionLost", index, text); }
+    void JoinedChat(Text name, std::int16_t exchange, std::int16_t instance, std::int16_t index,
+                    std::int16_t people, std::int16_t length, Text ip, std::int16_t detail) override {
+        Note("JoinedChat", name, exchange, instance, index, people, length, ip, detail);
+    }
+    void LeftChat(Text name, std::int16_t exchange, std::int16_t instance, std::int16_t index,
+                  Text type) override {
+        Note("LeftChat", name, exchange, instance, index, type);
+    }
+    void UserJoinedChat(std::int16_t index, Text name) override { Note("UserJoinedChat", index, name); }
+    void UserLeftChat(std::int16_t index, Text name) override { Note("UserLeftChat", index, name); }
+    void ChatMessage(std::int16_t index, Text name, Text text) override {
+        Note("ChatMessage", index, name, text);
+    }
+    void InstantMessage(Text name, Text text, std::int16_t channel) override {
+        Note("InstantMessage", name, text, channel);
+    }
+    void IncomingUserInfo(Text name, std::int16_t warning, std::int32_t idle, std::int32_t online,
+                          Text userClass, Text encoding, Text profile) override {
+        Note("IncomingUserInfo", name, warning, idle, online, userClass, encoding, profile);
+    }
+    bool GetAutoUnrate() const override { return true; }
+    std::int16_t GetUnratePause() const override { return 5; }
+    void Rated(int type, Text name) override { Note("Rated", type, name); }
+    void Unrated(int type, Text name, std::int16_t index) override { Note("Unrated", type, name, index); }
+
+  private:
+    static std::string Shown(const std::string& value) { return value; }
+    static std::string Shown(const char* value) { return value; }
+    static std::string Shown(long long value) { return std::to_string(value); }
+    template <typename... Values>
+    void Note(const std::string& name, const Values&... values) {
+        auto line = name;
+        ((line += "|" + Shown(values)), ...);
+        lines.push_back(line);
+    }
+};
+
+/// A frame as bytes, from a hex body.
+inline std::string Frame(const std::string& hexBody, int channel = 2) {
+    auto body = HexToStr(hexBody);
+    return "*" + ByteToStr(channel) + WordToStr(7) + WordToStr(static_cast<long long>(body.size())) + body;
+}
+inline std::string Hex(const std::string& bytes) { return StrToHex(bytes); }
+
+/// The service's end of one connection.
+struct Peer {
+    std::unique_ptr<Socket> socket;
+    std::string received;
+
+    void Send(const std::string& hexBody, int channel = 2) { socket->Send(Frame(hexBody, channel)); }
+    /// What has come since the last call: "channel hex" a frame.
+    Lines Take() {
+        Lines frames;
+        while (received.size() >= 6) {
+            auto length = static_cast<std::size_t>(StrToWord(received.substr(4, 2)).value());
+            frames.push_back(std::to_string(received[1]) + " " + Hex(received.substr(6, length)));
+            received.erase(0, 6 + length);
+        }
+        return frames;
+    }
+};
+
+class Wire : public ::testing::Test {
+  protected:
+    SimWorld world{7};
+    SimPlatform bot{world}, service{world};
+    OscarSettings settings;
+    EventLog events;
+    TillerSock control{bot, settings, events, events};
+    std::unique_ptr<SocketServer> server = service.NewServer();
+    std::vector<std::shared_ptr<Peer>> peers; // in the order in which they came
+
+    Wire() {
+        server->onConnection = [this](std::unique_ptr<Socket> socket) {
+            auto peer = std::make_shared<Peer>(Peer{std::move(socket), {}});
+            peer->socket->onData = [raw = peer.get()](std::size_t) {
+                raw->received += raw->socket->ReadAll();
+            };
+            peers.push_back(peer);
+        };
+        EXPECT_TRUE(server->Listen("127.0.0.1", 5190));
+        control.DefaultChatSends();
+        control.CreateTimer("tban");
+    }
+
+    void Settle() { world.RunFor(50); }
+    Peer& Last() { return *peers.back(); }
+    void Answer(const std::string& hexBody, int channel = 2) {
+        Last().Send(hexBody, channel);
+        Settle();
+    }
+    /// Signs on by the roasted dialogue, up to LoggedIn on the second connection.
+    Peer& SignOn() {
+        settings.LoginMD5 = false;
+        control.Login("Bot", "pw", 5190, false, false, "127.0.0.1");
+        Settle();
+        Answer("00000001", 1);
+        Answer(Hex(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "cookie")), 4);
+        Answer("00090003000000000000");
+        Last().Take();
+        events.Take();
+        return Last();
+    }
+    /// A redirect on BOS and the service exchange behind it, up to what follows 0001 0007. The new
+    /// connection.
+    Peer& Redirect(const std::string& family) {
+        peers[1]->Send("00010005000000000000" +
+                       Hex(MakeTLV("000D", 2, HexToStr(family)) + MakeTLV("0005", 2, "127.0.0.1") +
+                           MakeTLV("0006", 2, "key")));
+        Settle();
+        Answer("00000001", 1);
+        Answer("0001000300000000000000010003000E");
+        Answer("0001001800000000000000010004000E0001");
+        Last().Take();
+        Answer("00010007000000000000");
+        return Last();
+    }
+    /// A room "Den" on exchange 4 at socket 1 (2 when another came first), its information arrived.
+    Peer& OpenRoom(const std::string& name = "Den", int maxLength = 2000) {
+        control.JoinChat(name, 4, 0);
+        auto& room = Redirect("000E");
+        room.Send("000E0002000000000000" +
+                  Hex(WordToStr(4) + MakeTLV("", 1, "4-0-" + name) + WordToStr(0) + HexToStr("020003") +
+                      MakeTLV("006A", 2, name) + MakeTLV("00D1", 2, WordToStr(maxLength)) +
+                      MakeTLV("00D2", 2, WordToStr(50))));
+        Settle();
+        room.Take();
+        peers[1]->Take();
+        events.Take();
+        return room;
+    }
+};
+
+} // namespace halyard
