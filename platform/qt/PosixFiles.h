@@ -1,0 +1,24 @@
+#pragma once
+
+// The machine's files through its own calls, so that every step's result is seen and nothing is buffered in
+// between.
+
+#include "platform/Files.h"
+
+namespace halyard {
+
+class PosixFiles : public Files {
+  public:
+    bool Exists(const std::string& path) override;
+    std::optional<std::string> Read(const std::string& path, std::size_t limit) override;
+    std::unique_ptr<OutputFile> Create(const std::string& path) override;
+    bool Rename(const std::string& from, const std::string& to) override;
+    bool Remove(const std::string& path) override;
+    bool SyncFolder(const std::string& folder) override;
+    bool MakeFolder(const std::string& folder) override;
+    std::string ProgramFolder() override;
+    std::string StateFolder() override;
+    char Separator() const override { return '/'; }
+};
+
+} // namespace halyard

@@ -1,0 +1,23 @@
+#include "platform/qt/QtPlatform.h"
+
+#include "platform/qt/NoBoxes.h"
+#include "platform/qt/QtTcpServer.h"
+#include "platform/qt/QtTcpSocket.h"
+#include "platform/qt/QtTimerAdapter.h"
+
+namespace halyard {
+
+QtPlatform::QtPlatform() : QtPlatform(std::make_unique<NoBoxes>(), std::make_unique<NoDesktop>()) {}
+
+QtPlatform::QtPlatform(std::unique_ptr<Dialogs> boxes, std::unique_ptr<Desktop> desktop)
+    : boxes(std::move(boxes)), desktop(std::move(desktop)) {
+    clock.start();
+}
+
+std::unique_ptr<Socket> QtPlatform::NewSocket() { return std::make_unique<QtTcpSocket>(&keeper); }
+
+std::unique_ptr<SocketServer> QtPlatform::NewServer() { return std::make_unique<QtTcpServer>(&keeper); }
+
+std::unique_ptr<Timer> QtPlatform::NewTimer() { return std::make_unique<QtTimerAdapter>(&keeper); }
+
+} // namespace halyard

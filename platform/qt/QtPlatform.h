@@ -1,0 +1,40 @@
+#pragma once
+
+// The real machine. Made once by a program's main, right after its QCoreApplication, and destroyed after
+// everything that got sockets and timers from it.
+
+#include "platform/Platform.h"
+#include "platform/qt/PosixFiles.h"
+#include "platform/qt/QtRandom.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+
+namespace halyard {
+
+class QtPlatform : public Platform {
+  public:
+    /// For a program without a screen: notes go to the error stream, questions are answered with No.
+    QtPlatform();
+    /// For a program with windows.
+    QtPlatform(std::unique_ptr<Dialogs> boxes, std::unique_ptr<Desktop> desktop);
+
+    std::unique_ptr<Socket> NewSocket() override;
+    std::unique_ptr<SocketServer> NewServer() override;
+    std::unique_ptr<Timer> NewTimer() override;
+    Random& RandomSource() override { return random; }
+    Files& FileSystem() override { return files; }
+    Dialogs& Boxes() override { return *boxes; }
+    Desktop& DesktopShell() override { return *desktop; }
+    std::int64_t Milliseconds() override { return clock.elapsed(); }
+
+  private:
+    QObject keeper; ///< ends what still closes in the background
+    QElapsedTimer clock;
+    QtRandom random;
+    PosixFiles files;
+    std::unique_ptr<Dialogs> boxes;
+    std::unique_ptr<Desktop> desktop;
+};
+
+} // namespace halyard

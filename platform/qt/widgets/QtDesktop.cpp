@@ -1,0 +1,66 @@
+#include "platform/qt/widgets/QtDesktop.h"
+
+#include "base/Latin1.h"
+#include "platform/qt/QuitLater.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QStyle>
+#include <QSystemTrayIcon>
+#include <QUrl>
+
+namespace halyard {
+
+namespace {
+
+/// 0 for what the main window does not know. Desktops report no right double-click.
+int MouseMessage(QSystemTrayIcon::ActivationReason reason) {
+    switch (reason) {
+    case QSystemTrayIcon::Trigger: return 514;
+    case QSystemTrayIcon::DoubleClick: return 515;
+    case QSystemTrayIcon::Context: return 517;
+    default: return 0;
+    }
+}
+
+} // namespace
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() = default;
+
+bool QtDesktop::OpenPage(const std::string& address) {
+    return QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(ToUtf8(address))));
+}
+
+bool QtDesktop::HasTray() { return QSystemTrayIcon::isSystemTrayAvailable(); }
+
+void QtDesktop::AddTrayIcon(const std::string& tip) {
+    if (!icon) MakeIcon();
+    SetTrayTip(tip);
+    icon->show();
+}
+
+void QtDesktop::MakeIcon() {
+    auto picture = QApplication::windowIcon();
+    if (picture.isNull()) picture = QApplication::style()->standardIcon(QStyle::SP_ComputerIcon);
+    icon = std::make_unique<QSystemTrayIcon>(picture);
+    QObject::connect(icon.get(), &QSystemTrayIcon::activated, icon.get(),
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         auto message = MouseMessage(reason);
+                         auto handler = onTrayEvent;
+                         if (message != 0 && handler) handler(message);
+                     });
+}
+
+void QtDesktop::SetTrayTip(const std::string& tip) {
+    if (icon) icon->setToolTip(QString::fromStdString(ToUtf8(tip)));
+}
+
+void QtDesktop::RemoveTrayIcon() {
+    // Hidden, not destroyed: this may run inside the icon's own handler.
+    if (icon) icon->hide();
+}
+
+void QtDesktop::Quit() { QuitLater(); }
+
+} // namespace halyard

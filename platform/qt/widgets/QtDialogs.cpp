@@ -1,0 +1,75 @@
+#include "platform/qt/widgets/QtDialogs.h"
+
+#include "base/Latin1.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+
+namespace halyard {
+
+namespace {
+
+QString Shown(const std::string& text) { return QString::fromStdString(ToUtf8(text)); }
+
+int Ask(const std::string& title, const std::string& text, QMessageBox::Icon icon,
+        QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, Shown(title), Shown(text), buttons, QApplication::activeWindow());
+    // Names in it come from strangers and must not be taken for markup.
+    box.setTextFormat(Qt::PlainText);
+    return box.exec();
+}
+
+/// "Text (*.txt)|*.txt|" to Qt's "Text (*.txt)"; a label without its pattern gets it.
+QString Filter(const std::string& filter) {
+    auto parts = Shown(filter).split('|');
+    QStringList entries;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        auto pattern = parts[i + 1].replace(';', ' ');
+        auto label = parts[i].contains('(') ? parts[i].left(parts[i].indexOf('(')).trimmed() : parts[i];
+        entries += QStringLiteral("%1 (%2)").arg(label, pattern);
+    }
+    return entries.join(QStringLiteral(";;"));
+}
+
+std::optional<std::string> Chosen(const QString& answer) {
+    if (answer.isEmpty()) return std::nullopt;
+    return FromUtf8(answer.toStdString());
+}
+
+} // namespace
+
+void QtDialogs::Note(const std::string& title, const std::string& text) {
+    Ask(title, text, QMessageBox::NoIcon, QMessageBox::Ok);
+}
+
+void QtDialogs::Error(const std::string& title, const std::string& text) {
+    Ask(title, text, QMessageBox::Warning, QMessageBox::Ok);
+}
+
+bool QtDialogs::YesNo(const std::string& title, const std::string& text) {
+    return Ask(title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtDialogs::Open(const std::string& title, const std::string& filter,
+                                           const std::string& folder) {
+    return Chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(), Shown(title), Shown(folder),
+                                               Filter(filter)));
+}
+
+std::optional<std::string> QtDialogs::Save(const std::string& title, const std::string& filter,
+                                           const std::string& folder) {
+    return Chosen(QFileDialog::getSaveFileName(QApplication::activeWindow(), Shown(title), Shown(folder),
+                                               Filter(filter)));
+}
+
+std::optional<std::string> QtDialogs::Font(const std::string& title, const std::string& current) {
+    bool accepted = false;
+    auto font =
+        QFontDialog::getFont(&accepted, QFont(Shown(current)), QApplication::activeWindow(), Shown(title));
+    if (!accepted) return std::nullopt;
+    return FromUtf8(font.family().toStdString());
+}
+
+} // namespace halyard

@@ -1,0 +1,99 @@
+#include "platform/qt/widgets/QtDialogs.h"
+
+#include "platform/qt/widgets/QtDesktop.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace halyard {
+namespace {
+
+/// Runs `answer` on the box that opens next.
+template <typename Box, typename Answer>
+void OnNextBox(Answer answer) {
+    QTimer::singleShot(0, qApp, [answer] {
+        auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
+        if (box)
+            answer(*box);
+        else
+            OnNextBox<Box>(answer);
+    });
+}
+
+TEST(QtDialogs, ShowsStrangersTextAsItStands) {
+    QtDialogs dialogs;
+    std::string text = "<b>caf\xe9</b> & <img src=x>";
+    int shown = 0;
+    auto look = [&](QMessageBox::Icon icon) {
+        OnNextBox<QMessageBox>([&shown, icon](QMessageBox& box) {
+            EXPECT_EQ(box.text(), QStringLiteral("<b>café</b> & <img src=x>"));
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), icon);
+            ++shown;
+            box.accept();
+        });
+    };
+    look(QMessageBox::NoIcon);
+    dialogs.Note("Note", text);
+    look(QMessageBox::Warning);
+    dialogs.Error("Error", text);
+    EXPECT_EQ(shown, 2);
+}
+
+TEST(QtDialogs, TakesOnlyYesForYes) {
+    QtDialogs dialogs;
+    OnNextBox<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+    EXPECT_TRUE(dialogs.YesNo("Reset", "Sure?"));
+    OnNextBox<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+    EXPECT_FALSE(dialogs.YesNo("Reset", "Sure?"));
+    OnNextBox<QMessageBox>([](QMessageBox& box) { box.reject(); });
+    EXPECT_FALSE(dialogs.YesNo("Reset", "Sure?"));
+}
+
+TEST(QtDialogs, GivesTheChosenPathOrNothing) {
+    QtDialogs dialogs;
+    QTemporaryDir folder;
+    auto path = folder.path().toStdString();
+    std::string filter = "Settings (*.cfg)|*.cfg|";
+    OnNextBox<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.nameFilters(), QStringList{QStringLiteral("Settings (*.cfg)")});
+        box.selectFile(QStringLiteral("mine.cfg"));
+        QMetaObject::invokeMethod(&box, "accept");
+    });
+    EXPECT_EQ(dialogs.Save("Save settings", filter, path), path + "/mine.cfg");
+    OnNextBox<QFileDialog>([](QFileDialog& box) { box.reject(); });
+    EXPECT_EQ(dialogs.Open("Load settings", filter, path), std::nullopt);
+    OnNextBox<QFontDialog>([](QFontDialog& box) { box.reject(); });
+    EXPECT_EQ(dialogs.Font("Font", "Arial"), std::nullopt);
+}
+
+TEST(QtDesktop, EndsTheLoopAfterTheRunningHandler) {
+    QtDesktop desktop;
+    bool returned = false;
+    QTimer::singleShot(0, qApp, [&] {
+        desktop.Quit();
+        returned = true;
+    });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(returned);
+}
+
+TEST(QtDesktop, ToleratesATrayThatIsNotThere) {
+    QtDesktop desktop;
+    desktop.SetTrayTip("before");
+    desktop.RemoveTrayIcon();
+    desktop.AddTrayIcon("Halyard");
+    desktop.SetTrayTip("after");
+    desktop.RemoveTrayIcon();
+    desktop.AddTrayIcon("again");
+}
+
+} // namespace
+} // namespace halyard
