@@ -58,6 +58,12 @@ class Control {
     int foreColor = 0;
 };
 
+/// A group of controls with its caption.
+class Frame : public Control {
+  public:
+    explicit Frame(std::string name, std::string text = {}) : Control(std::move(name), std::move(text)) {}
+};
+
 class Label : public Control {
   public:
     explicit Label(std::string name, std::string text = {}) : Control(std::move(name), std::move(text)) {}
@@ -105,6 +111,16 @@ class TextBox : public Control {
     std::function<void(int key)> KeyPress;
     const std::string& Text() const { return text; }
     void SetText(const std::string& value) { Change(text, value); }
+    /// Finer news for a view, in the place of `onView`: this came at the end.
+    std::function<void(const std::string& added)> onAppended;
+    /// Adds to the end, which a view scrolls to.
+    void Append(const std::string& added) {
+        text += added;
+        if (onAppended)
+            onAppended(added);
+        else
+            Redraw();
+    }
 
   private:
     std::string text;
@@ -195,15 +211,18 @@ class Form : public Control {
     std::function<void()> Resize;
     int Width() const { return width; }
     int Height() const { return height; }
-    void SetWidth(int value) { Change(width, value); }
-    void SetHeight(int value) { Change(height, value); }
     WindowState State() const { return state; }
-    /// Runs Resize when the state changes.
-    void SetState(WindowState value) {
-        if (Change(state, value) && Resize) Resize();
-    }
+    // Each runs Resize when it changes something.
+    void SetWidth(int value) { ChangeSize(width, value); }
+    void SetHeight(int value) { ChangeSize(height, value); }
+    void SetState(WindowState value) { ChangeSize(state, value); }
 
   private:
+    template <typename T>
+    void ChangeSize(T& field, T value) {
+        if (Change(field, value) && Resize) Resize();
+    }
+
     int width = 0;
     int height = 0;
     WindowState state = WindowState::Normal;

@@ -1,0 +1,71 @@
+#pragma once
+
+// What a test or a demonstration does to the practice network: what its people do, and what an operator of
+// the real network could do. Names and rooms as everywhere, in lower case without blanks; what does not exist
+// is passed over.
+
+#include "practice/RateClasses.h"
+
+#include <functional>
+#include <string>
+
+namespace halyard {
+
+class Connection;
+class World;
+struct Room;
+
+class PracticeLevers {
+  public:
+    explicit PracticeLevers(World& world) : world(world) {}
+
+    // People of the script, who have no connection. They come on line when they first do something.
+    /// False when the room does not let them in: kept out, in already, or full.
+    bool Enter(const std::string& room, const std::string& name);
+    void Leave(const std::string& room, const std::string& name);
+    /// Nothing is said by someone who is not in.
+    void Say(const std::string& room, const std::string& name, const std::string& text);
+    void Message(const std::string& from, const std::string& to, const std::string& text);
+    void Ban(const std::string& room, const std::string& by, const std::string& target);
+    void Unban(const std::string& room, const std::string& by, const std::string& target);
+
+    // Rooms. A room that is not there is made, on exchange 4.
+    void SetMaxPeople(const std::string& room, int people);
+    void SetOwner(const std::string& room, const std::string& name);
+    /// Lets people named "crowd1", "crowd2" and so on enter until the room is full.
+    void Fill(const std::string& room);
+    void CloseRoom(const std::string& room);
+
+    // Rates of a client in a room: told at once, and in force until cleared the same way.
+    void SetRate(const std::string& room, const std::string& name, int classId, RateCode code);
+
+    // The main connection of a client.
+    void Pause(const std::string& name);
+    void Resume(const std::string& name);
+    /// Sends the client to this same port with a new cookie; its rooms stay.
+    void Migrate(const std::string& name);
+    /// Closes the connection without a word, or with a channel 4 frame.
+    void Drop(const std::string& name);
+    void SignOff(const std::string& name);
+    /// The same for its connection to a room.
+    void DropFromRoom(const std::string& room, const std::string& name);
+    void SignOffFromRoom(const std::string& room, const std::string& name);
+
+    // The next request of its kind, by whomever, is refused with this code; 0 takes that back.
+    void RefuseNextSignOn(int code);
+    void RefuseNextCreation(int word);
+    void RefuseNextJoin(int word);
+
+    /// The person of a script is on line from now on.
+    void BringOnLine(const std::string& name);
+
+  private:
+    void WithBos(const std::string& name, const std::function<void(Connection&)>& act);
+    void WithMember(const std::string& room, const std::string& name,
+                    const std::function<void(Connection&)>& act);
+    Room* RoomOf(const std::string& name);
+
+    World& world;
+};
+
+} // namespace halyard

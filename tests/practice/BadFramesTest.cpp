@@ -1,0 +1,115 @@
+#include "tests/practice/RawClient.h"
+
+namespace halyard {
+namespace {
+
+TEST(BadFrames, EndTheirConnectionOnly) {
+    auto snac = [](int family, int subtype, const std::string& body) {
+        auto bytes = SnacBytes(family, subtype, 1, body);
+        return "*" + ByteToStr(2) + WordToStr(0) + WordToStr(static_cast<long long>(bytes.size())) + bytes;
+    };
+    struct Case {
+        const char* what;
+        std::string bytes;
+    };
+    const Case cases[] = {
+        {"marker", "x"},
+        {"channel 0", HexToStr("2A0000000000")},
+        {"channel 6", HexToStr("2A0600000000")},
+        {"8193 bytes", HexToStr("2A0200002001")},
+        {"empty data frame", HexToStr("2A0200000000")},
+        {"half a head", HexToStr("2A0200000004") + HexToStr("000E0005")},
+        {"prefix that lies", HexToStr("2A020000000C") + HexToStr("000E00058000000000010009")},
+        {"line whose TLV lies", snac(0x0E, 5,
+                                     HexToStr("00000000000000010003"
+                                              "00050010") +
+                                         "x")},
+        {"line without text", snac(0x0E, 5,
+                                   HexToStr("00000000000000010003"
+                                            "00050000"))},
+        {"ban of nobody", snac(0x0E, 0x24, "")},
+        {"service request cut short", snac(1, 4, HexToStr("00"))},
+        {"cookie that lies", snac(1, 4,
+                                  HexToStr("000E"
+                                           "00010003"
+                                           "0004FF"))},
+    };
+    for (const auto& c : cases) {
+        Stage stage;
+        Guest bot(stage, "Bot"), alice(stage, "alice");
+        bot.Join("r");
+        alice.Join("r");
+        alice.chat->Bytes(c.bytes);
+        EXPECT_TRUE(alice.chat->closed) << c.what;
+        EXPECT_FALSE(alice.bos->closed) << c.what;
+        EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"}) << c.what;
+        bot.Say("still here");
+        EXPECT_EQ(bot.chat->Count("000E0006"), 1) << c.what;
+    }
+}
+
+TEST(BadFrames, KeepAlivesAndSlowBytesAreFine) {
+    Stage stage;
+    Guest bot(stage, "Bot");
+    bot.Join("r");
+    bot.chat->Frame(5, "");
+    bot.chat->Frame(5, "xxxx");
+    bot.chat->Frame(3, "");
+    auto bytes = SnacBytes(0x0E, 5, 1, Guest::Line("slow"));
+    bytes = "*" + HexToStr("020000") + WordToStr(static_cast<long long>(bytes.size())) + bytes;
+    for (char c : bytes) bot.chat->Bytes(std::string(1, c), 3);
+    EXPECT_EQ(bot.chat->Count("000E0006"), 1);
+    EXPECT_FALSE(bot.chat->closed);
+}
+
+TEST(BadFrames, SilentStrangersAreShownOut) {
+    Stage stage;
+    RawClient silent(stage);
+    stage.world.RunFor(59000);
+    EXPECT_FALSE(silent.closed);
+    stage.world.RunFor(3000);
+    EXPECT_TRUE(silent.closed);
+    EXPECT_EQ(stage.network.Connections(), 0u);
+}
+
+TEST(BadFrames, ADeadPeerHoldsNobodyUp) {
+    Stage stage;
+    Guest bot(stage, "Bot"), alice(stage, "alice");
+    bot.Join("r");
+    alice.Join("r");
+    stage.world.network.HalfOpen(alice.chat->Raw());
+    for (int line = 1; line <= 8; ++line) {
+        bot.Say("anyone there?", 8000);
+        EXPECT_EQ(bot.chat->Count("000E0006"), line);
+    }
+    EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"});
+}
+
+TEST(BadFrames, NoiseOfAnyKindBringsNothingDown) {
+    PracticeOptions options;
+    options.maxConnections = 20;
+    Stage stage(options, 7);
+    stage.world.network.faults.cutBytes = true;
+    Guest bot(stage, "Bot");
+    bot.Join("r");
+    const int families[] = {0x01, 0x02, 0x04, 0x0D, 0x0E, 0x13, 0x17};
+    for (int round = 0; round < 300; ++round) {
+        auto pick = [&](int below) { return static_cast<int>(stage.platform.random.Fraction() * below); };
+        Guest noisy(stage, "noisy");
+        noisy.Join("r");
+        std::string body;
+        for (int i = pick(60); i > 0; --i) body += ByteToStr(pick(pick(2) ? 256 : 6));
+        auto family = families[pick(7)];
+        RawClient* target[] = {noisy.bos.get(), noisy.chat.get()};
+        for (int subtype = 1; subtype < 0x26; ++subtype)
+            target[pick(2)]->Frame(2, SnacBytes(family, subtype, 1, body), 1);
+        RawClient(stage).Frame(1 + pick(5), body);
+    }
+    stage.world.RunFor(20000);
+    bot.Say("still here");
+    EXPECT_GE(bot.chat->Count("000E0006"), 1);
+    EXPECT_LE(stage.network.Connections(), 20u);
+}
+
+} // namespace
+} // namespace halyard

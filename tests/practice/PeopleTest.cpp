@@ -1,0 +1,136 @@
+#include "practice/Lobby.h"
+#include "tests/practice/RawClient.h"
+
+namespace halyard {
+namespace {
+
+TEST(People, MessagesFindTheirWay) {
+    Stage stage;
+    Guest bot(stage, "Bot"), alice(stage, "Alice");
+    auto im = [](const std::string& to) {
+        return HexToStr("0000000000000001"
+                        "0001") +
+               ShortString(to) + Tlv(2, HexToStr("0501000101") + Tlv(0x0101, HexToStr("00000000") + "hi")) +
+               Tlv(3, "");
+    };
+    alice.bos->Ask(4, 6, im("b o t"));
+    auto got = bot.bos->Last(4, 7).body;
+    EXPECT_EQ(got.substr(0, 16), HexToStr("0000000000000001"
+                                          "0001") +
+                                     ShortString("Alice"));
+    EXPECT_NE(got.find("hi"), std::string::npos);
+    EXPECT_EQ(alice.bos->Count("0004000C"), 1);
+    alice.bos->Ask(4, 6, im("nobody"), 0x42);
+    EXPECT_EQ(alice.bos->Last(4, 1).id, 0x42u);
+    EXPECT_EQ(StrToHex(alice.bos->Last(4, 1).body), "0004");
+}
+
+TEST(People, UserInfoAndProfile) {
+    Stage stage;
+    Guest bot(stage, "Bot"), alice(stage, "Alice");
+    alice.bos->Ask(2, 4, Tlv(1, "text/plain") + Tlv(2, "my profile"));
+    stage.world.RunFor(90000);
+    bot.bos->Ask(2, 0x15, HexToStr("00000001") + ShortString("alice"), 0x15);
+    auto info = bot.bos->Last(2, 6);
+    EXPECT_EQ(info.id, 0x15u);
+    EXPECT_EQ(StrToHex(info.body.substr(0, 16)), "05416C696365"
+                                                 "0000"
+                                                 "0003"
+                                                 "000100020010");
+    EXPECT_EQ(Mid(info.body, 33), Tlv(1, "text/plain") + Tlv(2, "my profile"));
+    bot.bos->Ask(2, 5, HexToStr("0003") + ShortString("alice"));
+    EXPECT_EQ(bot.bos->Last(2, 6).body.size(), 32u);
+    alice.bos->Frame(4, "");
+    EXPECT_FALSE(stage.network.IsOnLine("alice"));
+    bot.bos->Ask(2, 0x15, HexToStr("00000001") + ShortString("alice"));
+    EXPECT_EQ(StrToHex(bot.bos->Last(2, 1).body), "0004");
+}
+
+TEST(People, MigrationKeepsRoomsSecondSignOnEndsThem) {
+    Stage stage;
+    Guest bot(stage, "Bot");
+    bot.Join("r");
+    auto& levers = stage.network.Levers();
+    levers.Pause("bot");
+    levers.Migrate("bot");
+    bot.bos->Wait();
+    EXPECT_EQ(bot.bos->Count("0001000B"), 1);
+    Snac tlvs{.body = Mid(bot.bos->Last(1, 0x12).body, 3)};
+    EXPECT_EQ(RawClient::Tlvs(tlvs, 5), "127.0.0.1:5190");
+    bot.bos->Hang();
+    RawClient moved(stage);
+    moved.Begin(RawClient::Tlvs(tlvs, 6));
+    EXPECT_EQ(moved.Count("00010007"), 1);
+    levers.Resume("bot");
+    moved.Wait();
+    EXPECT_EQ(moved.Count("0001000D"), 1);
+    EXPECT_TRUE(stage.network.IsInRoom("r", "bot"));
+    EXPECT_FALSE(bot.chat->closed);
+
+    Guest second(stage, "bot");
+    EXPECT_EQ(moved.frames.back(), std::make_pair(4, std::string()));
+    EXPECT_TRUE(moved.closed && bot.chat->closed);
+    EXPECT_TRUE(stage.network.IsOnLine("bot"));
+    EXPECT_FALSE(stage.network.IsInRoom("r", "bot"));
+    second.Join("r");
+    EXPECT_EQ(second.chat->Count("000E0030"), 1); // the room is still its own
+}
+
+Script Parsed(const std::string& text) {
+    std::string problem;
+    auto script = ParseScript(text, problem);
+    EXPECT_TRUE(script) << problem;
+    return script.value_or(Script{});
+}
+
+TEST(People, ScriptPlaysToTheSecond) {
+    Stage stage;
+    stage.network.Play(
+        Parsed("room myroom\r\nhere alice, Room Boss\n# remark\n20 carol ims Bot 1:status\n12 Room Boss says "
+               "ban bob\n"
+               "5 bob enters\n30 bob enters\n40 bob enters\n45.5 alice leaves\n50 network limits Bot 5\n"));
+    stage.world.RunFor(60000); // the clock waits for a client
+    Guest bot(stage, "Bot");
+    bot.Join("myroom");
+    auto start = stage.world.Now();
+    auto at = [&](int second) { stage.world.RunFor(start + second * 1000 - stage.world.Now()); };
+    EXPECT_EQ(stage.network.People("myroom"), (std::vector<std::string>{"alice", "Room Boss", "Bot"}));
+    at(4);
+    EXPECT_FALSE(stage.network.IsInRoom("myroom", "bob"));
+    at(5);
+    EXPECT_TRUE(stage.network.IsInRoom("myroom", "bob"));
+    at(12);
+    EXPECT_EQ(bot.chat->Count("000E0006"), 1);
+    bot.chat->Ask(0x0E, 0x24, Tlv(1, "bob"));
+    EXPECT_FALSE(stage.network.IsInRoom("myroom", "bob"));
+    at(31);
+    EXPECT_TRUE(stage.Noted("myroom|bob|cannot come in: kept out"));
+    EXPECT_EQ(bot.bos->Count("00040007"), 1);
+    bot.chat->Ask(0x0E, 0x25, Tlv(1, "bob"));
+    at(40);
+    EXPECT_TRUE(stage.network.IsInRoom("myroom", "bob"));
+    at(51);
+    EXPECT_EQ(stage.network.People("myroom"), (std::vector<std::string>{"Room Boss", "Bot", "bob"}));
+    EXPECT_EQ(StrToHex(bot.chat->Last(1, 0x0A).body.substr(0, 4)), "00030005");
+}
+
+TEST(People, ScriptProblemsNameTheLine) {
+    for (auto text : {"5 bob enters", "room\n", "room r\nbob enters", "room r\n5 bob dances",
+                      "room r\n5 bob says", "room r\n-1 bob enters", "room r\nrepeat 0",
+                      "room r\nexchange 99999", "room r\n5 enters", "room r\nclock maybe"}) {
+        std::string problem;
+        EXPECT_FALSE(ParseScript(text, problem)) << text;
+        EXPECT_EQ(problem.substr(0, 5), "line ") << text;
+    }
+}
+
+TEST(People, LobbyGoesOnForHours) {
+    Stage stage;
+    stage.network.Play(Parsed(std::string(LobbyScript())));
+    stage.world.RunFor(3600 * 1000);
+    EXPECT_TRUE(stage.Noted("lobby|rowdy20|enters"));
+    EXPECT_LT(stage.network.People("lobby").size(), 10u);
+}
+
+} // namespace
+} // namespace halyard

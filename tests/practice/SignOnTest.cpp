@@ -1,0 +1,137 @@
+#include "tests/practice/RawClient.h"
+
+namespace halyard {
+namespace {
+
+TEST(SignOn, HashedInEveryForm) {
+    const std::string salts[] = {DefaultSecrets().salt, "AOL Instant Messenger (SM)"};
+    for (const auto& salt : salts) {
+        for (bool raw : {true, false}) {
+            Stage stage;
+            auto good = RawClient(stage).Hashed("Some One", "x", salt, raw);
+            EXPECT_EQ(good.id, 9u);
+            EXPECT_EQ(RawClient::Tlvs(good, 0x0001), "Some One");
+            EXPECT_EQ(RawClient::Tlvs(good, 0x0005), "127.0.0.1:5190");
+            EXPECT_EQ(RawClient::Tlvs(good, 0x0006).size(), 32u);
+            auto empty = RawClient(stage).Hashed("Some One", "", salt, raw);
+            EXPECT_EQ(StrToHex(RawClient::Tlvs(empty, 0x0008)), "0005") << salt << raw;
+            EXPECT_EQ(RawClient::Tlvs(empty, 0x0006), "");
+        }
+    }
+}
+
+TEST(SignOn, RoastedByBotAndByOthers) {
+    struct Case {
+        int passwordType;
+        std::string password, error;
+    };
+    for (const auto& c : {Case{0x0025, "\xF3\x26", ""}, Case{0x0002, "\xF3", ""}, Case{0x0025, "", "0005"},
+                          Case{0x0002, "", "0005"}}) {
+        Stage stage;
+        RawClient client(stage);
+        ASSERT_EQ(client.frames.size(), 1u);
+        EXPECT_EQ(client.frames[0], std::make_pair(1, HexToStr("00000001")));
+        client.Frame(1, HexToStr("00000001") + Tlv(0x0001, "bob") + Tlv(c.passwordType, c.password) +
+                            Tlv(0x0003, "client"));
+        ASSERT_EQ(client.frames.size(), 2u);
+        EXPECT_EQ(client.frames[1].first, 4);
+        Snac answer{.body = client.frames[1].second};
+        EXPECT_EQ(StrToHex(RawClient::Tlvs(answer, 0x0008)), c.error);
+        EXPECT_EQ(RawClient::Tlvs(answer, 0x0011), c.error.empty() ? "bob@localhost" : "");
+        EXPECT_TRUE(client.closed);
+    }
+}
+
+TEST(SignOn, ClientMaySpeakFirst) {
+    Stage stage;
+    auto socket = stage.platform.NewSocket();
+    std::string got;
+    socket->onData = [&](std::size_t) { got += socket->ReadAll(); };
+    stage.network.onEvent = nullptr;
+    socket->Connect("127.0.0.1", 5190);
+    while (socket->State() != SocketState::Connected) stage.world.RunFor(1);
+    socket->Send("*" + HexToStr("010000000400000001") + "*" + HexToStr("020001") + WordToStr(17) +
+                 SnacBytes(0x0017, 0x0006, 3, Tlv(0x0001, "bob")));
+    stage.world.RunFor(20);
+    EXPECT_EQ(StrToHex(got.substr(0, 10)), "2A010000000400000001");
+    EXPECT_EQ(StrToHex(got.substr(10, 18)), "2A0200010016"
+                                            "001700070000"
+                                            "00000003"
+                                            "000A");
+}
+
+TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
+    Stage stage;
+    stage.network.Levers().RefuseNextSignOn(24);
+    EXPECT_EQ(StrToHex(RawClient::Tlvs(RawClient(stage).Hashed("a", "b", "", false), 0x0008)), "0018");
+    EXPECT_EQ(RawClient::Tlvs(RawClient(stage).Hashed("a", "b", "", false), 0x0008), "");
+    EXPECT_EQ(StrToHex(RawClient::Tlvs(RawClient(stage).Hashed("  ", "b", "", false), 0x0008)), "0004");
+    RawClient stranger(stage);
+    stranger.Begin("no such cookie");
+    EXPECT_TRUE(stranger.closed);
+}
+
+TEST(BringUp, AnswersEchoTheRequest) {
+    Stage stage;
+    Guest guest(stage, "Bot");
+    struct Case {
+        int family, ask, answer;
+        std::string hex; // of the body, "" for whatever it is
+    };
+    for (const auto& c :
+         {Case{1, 0x17, 0x18, "00130003000100040002ABCD"}, Case{1, 0x0E, 0x0F, ""}, Case{0x13, 2, 3, ""},
+          Case{0x13, 4, 6, "00000000000000"}, Case{0x13, 5, 6, "00000000000000"}, Case{2, 2, 3, ""},
+          Case{3, 2, 3, ""}, Case{4, 4, 5, "0002000000031F4003E703E700000000"}, Case{9, 2, 3, ""}}) {
+        guest.bos->Ask(c.family, c.ask, c.ask == 0x17 ? HexToStr(c.hex) : "", 0x80000001);
+        auto answer = guest.bos->Last(c.family, c.answer);
+        EXPECT_EQ(answer.id, 0x80000001) << c.family << " " << c.ask;
+        EXPECT_FALSE(answer.body.empty());
+        EXPECT_TRUE(c.hex.empty() || StrToHex(answer.body) == c.hex) << StrToHex(answer.body);
+    }
+    guest.bos->Ask(0x13, 0x08, HexToStr("0000000000000008FFFF0000")); // a list whose length lies
+    EXPECT_TRUE(guest.bos->closed);
+}
+
+TEST(BringUp, RateClassesInBothForms) {
+    Stage stage;
+    Guest guest(stage, "Bot");
+    for (auto [version, size] : {std::make_pair("00010001", 30u), std::make_pair("00010002", 35u)}) {
+        guest.bos->Ask(1, 0x17, HexToStr(version));
+        guest.bos->Ask(1, 0x06);
+        auto body = guest.bos->Last(1, 0x07).body;
+        EXPECT_EQ(StrToHex(body.substr(0, 4)), "00050001");
+        EXPECT_EQ(StrToHex(body.substr(2 + 4 * size, 10)),
+                  "00050000000A0000157C"); // class 5, window 10, clear 5500
+        EXPECT_EQ(StrToHex(body.substr(body.size() - 8)), "00050001000E0005"); // its one member is chat
+        EXPECT_EQ(StrToHex(body.substr(2 + 5 * size, 2)), "0001");
+    }
+}
+
+TEST(BringUp, ClientsExtrasDoNoHarm) {
+    Stage stage;
+    Guest guest(stage, "Bot");
+    struct Case {
+        int family, subtype;
+        const char* hex;
+    };
+    for (const auto& c : {Case{0x13, 7, ""},
+                          Case{0x13, 8,
+                               "00000000001200040005"
+                               "00CA000101"
+                               "0000"
+                               "0000000000050000"},
+                          Case{0x13, 9, "00000000001200040000"}, Case{2, 4, "000500000002000568656C6C6F"},
+                          Case{1, 0x1E, "00060004"}, Case{1, 0x11, "00000000"}, Case{4, 0x10, "00"},
+                          Case{0x18, 6, "00"}, Case{4, 2, "0001"}, Case{1, 8, "0001"}})
+        guest.bos->Ask(c.family, c.subtype, HexToStr(c.hex));
+    EXPECT_FALSE(guest.bos->closed);
+    EXPECT_EQ(guest.bos->Count("0013000E"), 2);
+    for (int family : {0x0010, 0x0018}) {
+        auto service = guest.Open(family);
+        EXPECT_EQ(service->Last(1, 3).body, WordToStr(1) + WordToStr(family));
+        EXPECT_FALSE(service->closed);
+    }
+}
+
+} // namespace
+} // namespace halyard
