@@ -1,0 +1,79 @@
+#pragma once
+
+// The controls of the main window that hold options, under their settled names. Options keeps each in step
+// with the variable that the running code reads.
+
+#include "platform/Controls.h"
+
+#include <array>
+
+namespace halyard {
+
+struct OptionControls {
+    // Connection
+    TextBox txtSN{"txtSN", "", 100};
+    TextBox txtPW{"txtPW", "", 30};
+    ComboBox cmbServer{"cmbServer"};
+    TextBox txtPort{"txtPort", "5190", 5};
+    CheckBox chkMD5Login{"chkMD5Login", "MD5 Login", 1};
+    CheckBox chkFullCaps{"chkFullCaps", "Login with full capabilities", 1};
+    CheckBox chkSecureIM{"chkSecureIM", "Login with Secure IM", 1};
+    CheckBox chkAutoLogin{"chkAutoLogin", "Attempt re-connect if disconnected"};
+    CheckBox chkNotify{"chkNotify", "Alert re-connections", 1};
+
+    // Chats
+    TextBox txtChat{"txtChat", "", 100};
+    TextBox txtEx{"txtEx", "4", 2};
+    TextBox txtInstance{"txtInstance", "0", 3};
+    CheckBox chkAutoOwner{"chkAutoOwner", "Auto Owner"};
+    CheckBox chkRejoinKick{"chkRejoinKick", "Rejoin if kicked"};
+    CheckBox chkRejoinError{"chkRejoinError", "Rejoin on chat error"};
+
+    // Ops and immunes
+    ListBox lstOps{"lstOps"};
+    ListBox lstImms{"lstImms"};
+    CheckBox chkAutoImm{"chkAutoImm", "Auto Immune"};
+
+    // Autobans and autowords
+    ListBox lstABs{"lstABs"};
+    ListBox lstAWs{"lstAWs"};
+    OptionGroup optAB{"optAB", {"None", "Selected", "All"}};
+    CheckBox chkAWOn{"chkAWOn", "Auto Word On"};
+    CheckBox chkIncludeHTML{"chkIncludeHTML", "Let Auto Word Include HTML"};
+    CheckBox chkWordBanAll{"chkWordBanAll", "Word Ban All"};
+    CheckBox chkBanGhosters{"chkBanGhosters", "Autoban Ghosters"};
+    CheckBox chkBanICQs{"chkBanICQs", "Ban All ICQs"};
+    CheckBox chkCharBan{"chkCharBan", "Character Ban"};
+    TextBox txtCharBan{"txtCharBan", "16"};
+
+    // Other
+    std::array<CheckBox, 5> chkPartial{{{"chkPartial(0)", "Partial Op", 1},
+                                        {"chkPartial(1)", "Partial Immune", 1},
+                                        {"chkPartial(2)", "Partial Ban", 1},
+                                        {"chkPartial(3)", "Partial Unban", 1},
+                                        {"chkPartial(4)", "Partial Info", 1}}};
+    std::array<CheckBox, 5> chkChain{{{"chkChain(0)", "Chain Op"},
+                                      {"chkChain(1)", "Chain Unop"},
+                                      {"chkChain(2)", "Chain Imm"},
+                                      {"chkChain(3)", "Chain Unimm"},
+                                      {"chkChain(4)", "Chain Unban"}}};
+    CheckBox chkChatSendOn{"chkChatSendOn", "Chatsend On", 1};
+    CheckBox chkAutoUnrate{"chkAutoUnrate", "Auto Unrate On", 1};
+    CheckBox chkABOnUnrate{"chkABOnUnrate", "Auto Ban on Unrate"};
+    TextBox txtUnrate{"txtUnrate", "5", 3};
+    CheckBox chkAutoSave{"chkAutoSave", "Auto Save Settings (Every 30 mins)"};
+    TextBox txtAutoSaveFile{"txtAutoSaveFile", "AutoSaveFile.hys", 40};
+    CheckBox chkAutoSaveBans{"chkAutoSaveBans", "Auto-save all eject lists when auto saving settings."};
+    TextBox txtEjectListFileName{"txtEjectListFileName", "EjectLists.txt"};
+    TextBox txtCurrentUser{"txtCurrentUser", "Unknown", 100};
+    TextBox txtBP{"txtBP", "1", 7};
+    TextBox txtBGColor{"txtBGColor", "000000", 50};
+    TextBox txtFontColor{"txtFontColor", "00BFFF"};
+    TextBox txtFontType{"txtFontType", "Arial", 100};
+    CheckBox chkBold{"chkBold", "Bold"};
+    CheckBox chkItalics{"chkItalics", "Italics"};
+    CheckBox chkUnderline{"chkUnderline", "Underline"};
+    CheckBox chkStrikethrough{"chkStrikethrough", "Strikethrough"};
+};
+
+} // namespace halyard

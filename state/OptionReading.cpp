@@ -1,0 +1,88 @@
+#include "state/OptionReading.h"
+
+#include "base/Text.h"
+#include "state/ListWorkers.h"
+#include "state/Options.h"
+
+namespace halyard {
+
+namespace {
+
+void SetByNumber(Options& options, const FlagOption& flag, const std::string& value) {
+    if (auto number = ToInt16(value)) SetFlag(options, flag, *number > 0);
+}
+
+void SetByTruth(Options& options, const FlagOption& flag, const std::string& value) {
+    if (auto number = ToNumber(value)) SetFlag(options, flag, *number != 0);
+}
+
+void Check(CheckBox* box, const std::string& value) {
+    if (auto number = ToInt16(value)) box->SetValue(*number);
+}
+
+struct OptionReader {
+    SettingsReading& reading;
+    const std::string& line;
+    const std::string& value;
+
+    void operator()(const FlagOption& flag) const;
+    void operator()(const TextOption& text) const;
+    void operator()(const ListOption& list) const {
+        if (IsListName(value)) (reading.lists.*list.add)(value, 0);
+    }
+    void operator()(const SpecialOption& special) const { special.read(reading, line, value); }
+};
+
+void OptionReader::operator()(const FlagOption& flag) const {
+    auto& options = reading.options;
+    if (flag.needs && !(options.*flag.needs)) return;
+    auto* box = flag.box ? flag.box(options.Controls) : nullptr;
+    if (flag.needs) box->SetEnabled(true);
+    switch (flag.reading) {
+    case FlagReading::Check: Check(box, value); break;
+    case FlagReading::SetThenCheck:
+        SetByNumber(options, flag, value);
+        Check(box, value);
+        break;
+    case FlagReading::CheckThenSet:
+        Check(box, value);
+        SetByNumber(options, flag, value);
+        break;
+    case FlagReading::TruthThenCheck:
+        SetByTruth(options, flag, value);
+        Check(box, value);
+        break;
+    case FlagReading::Set: SetByNumber(options, flag, value); break;
+    case FlagReading::SetTruth: SetByTruth(options, flag, value); break;
+    }
+}
+
+void OptionReader::operator()(const TextOption& text) const {
+    auto& options = reading.options;
+    if (text.needs && !(options.*text.needs)) return;
+    if (value.size() < text.shortest || value.size() > text.longest) return;
+    text.set(options, value);
+    if (text.enabledBox) text.enabledBox(options.Controls)->SetEnabled(true);
+}
+
+} // namespace
+
+OptionsByKey IndexOptions() {
+    OptionsByKey byKey;
+    for (const auto& option : OptionTable())
+        byKey.emplace(std::visit([](const auto& row) { return row.key; }, option), &option);
+    return byKey;
+}
+
+void ReadOption(SettingsReading& reading, const Option& option, const std::string& line,
+                const std::string& value) {
+    std::visit(OptionReader{reading, line, value}, option);
+}
+
+bool IsListName(const std::string& name) { return name.size() >= 2 && name.size() <= 100; }
+
+std::optional<double> ToNumber(const std::string& value) {
+    return IsNumeric(value) ? std::optional(Val(value)) : std::nullopt;
+}
+
+} // namespace halyard

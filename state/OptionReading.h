@@ -1,0 +1,28 @@
+#pragma once
+
+// How a line of a file reaches an option. Shared by the reader of settings files and the import of foreign
+// ones. A value that an option doesn't take leaves it as it was.
+
+#include "state/OptionTable.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace halyard {
+
+/// The rows of the option table by key.
+using OptionsByKey = std::unordered_map<std::string_view, const Option*>;
+OptionsByKey IndexOptions();
+
+/// `line` is the whole line, `value` what stands behind its first colon.
+void ReadOption(SettingsReading& reading, const Option& option, const std::string& line,
+                const std::string& value);
+
+/// True for a name that lists take: 2 to 100 characters.
+bool IsListName(const std::string& name);
+/// The whole of `value` as a number; nothing when it isn't one.
+std::optional<double> ToNumber(const std::string& value);
+
+} // namespace halyard

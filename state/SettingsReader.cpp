@@ -1,0 +1,75 @@
+#include "state/SettingsReader.h"
+
+#include "oscar/TillerSock.h"
+#include "platform/Platform.h"
+#include "rooms/ChatSends.h"
+#include "state/OptionReading.h"
+#include "state/Options.h"
+#include "state/SettingsWriter.h"
+#include "state/TextFile.h"
+
+#include <array>
+
+namespace halyard {
+
+namespace {
+
+using ChatSendSlots = std::array<std::string, ChatSendCount>;
+
+ChatSendSlots TakeChatSends(Collection<std::string>& chatSends) {
+    ChatSendSlots slots;
+    std::size_t index = 0;
+    for (const auto& text : chatSends)
+        if (index < slots.size()) slots[index++] = text;
+    chatSends.Clear();
+    return slots;
+}
+
+bool HasVersion(LineReader& lines) {
+    lines.Next();
+    lines.Next();
+    return lines.Next() == SettingsVersion;
+}
+
+void ReadLines(const SettingsTarget& target, SettingsReading& reading, LineReader& lines) {
+    const auto byKey = IndexOptions();
+    while (auto next = lines.Next()) {
+        auto colon = next->find(':');
+        if (colon == std::string_view::npos) continue;
+        auto key = next->substr(0, colon);
+        const std::string line(*next);
+        const auto value = line.substr(colon + 1);
+        if (auto found = byKey.find(key); found != byKey.end())
+            ReadOption(reading, *found->second, line, value);
+        else if (key == "menu" && value == "1" && target.openMenu) // read, and never written
+            target.openMenu();
+    }
+}
+
+} // namespace
+
+void ReadSettings(const SettingsTarget& target, const std::string& folderOrPath,
+                  const std::string& fileName) {
+    auto& files = target.platform.FileSystem();
+    auto path = PathOf(files, folderOrPath, fileName);
+    if (!files.Exists(path))
+        return target.platform.Boxes().Error("Error", "Halyard settings file not found!");
+
+    auto& options = target.options;
+    options.SettingsLoading = true;
+    options.NewSettings();
+    auto slots = TakeChatSends(options.Control().ChatSends);
+    const auto text = files.Read(path, TextFileLimit).value_or(std::string());
+    LineReader lines(text);
+    if (!HasVersion(lines)) {
+        // The settings stay at their defaults, ChatSends stays empty and SettingsLoading true, on purpose.
+        target.platform.Boxes().Error("Error", "Error: Settings file not compatible with program version.");
+        return;
+    }
+    SettingsReading reading{options, target.lists, slots};
+    ReadLines(target, reading, lines);
+    for (const auto& slot : slots) options.Control().ChatSends.Add(slot);
+    options.SettingsLoading = false;
+}
+
+} // namespace halyard
