@@ -1,0 +1,151 @@
+// What a line, a joiner and a command cost a bot with long lists. The room has no connection: all that the
+// bot says and asks for is made and paced, and goes nowhere.
+
+#include "commands/CommandEngine.h"
+#include "commands/CommandHost.h"
+#include "oscar/ModOscarFunctions.h"
+#include "oscar/TillerSock.h"
+#include "platform/sim/SimPlatform.h"
+#include "state/Counters.h"
+#include "state/Options.h"
+
+#include <benchmark/benchmark.h>
+#include <string>
+
+using namespace halyard;
+
+namespace {
+
+class SilentHost : public CommandHost {
+  public:
+    void ConsoleMessage(std::int16_t, const std::string&, const std::string&) override {}
+    void AddConsoleUser(std::int16_t, const std::string&) override {}
+    void RemoveConsoleUser(std::int16_t, const std::string&) override {}
+    void IncomingIM(const std::string&, const std::string&) override {}
+    void LockAdded(LockKind, const std::string&) override {}
+    void LockRemoved(LockKind, const std::string&) override {}
+    void SetUserInfoTimer(bool) override {}
+};
+
+class NoLink : public MainWindowLink {
+  public:
+    bool GetAutoUnrate() const override { return true; }
+    std::int16_t GetUnratePause() const override { return 5; }
+    void Rated(int, Text) override {}
+    void Unrated(int, Text, std::int16_t) override {}
+};
+
+/// One room at slot 1 with the op "judge" and as many others as wanted.
+struct Bot {
+    static constexpr std::int16_t slot = 1;
+
+    SimWorld world;
+    SimPlatform platform{world};
+    OscarSettings settings;
+    TillerEvents events;
+    NoLink link;
+    SilentHost host;
+    TillerSock control{platform, settings, events, link};
+    Options options{platform, control, settings};
+    Counters counters{options, control};
+    CommandEngine engine{options, control, counters, host, platform.dialogs};
+    std::shared_ptr<Chats> room;
+
+    explicit Bot(int people = 20) {
+        control.DefaultChatSends();
+        world.network.SilentConnects(1);
+        control.JoinChat("Lobby", 4, 0);
+        // A redirect to the room, whose host never answers.
+        Feed(0, "00010005", MakeTLV("000D", 2, HexToStr("000E")) + MakeTLV("0005", 2, "127.0.0.1"));
+        Feed(slot, "00010007", "");
+        room = control.Room(slot);
+        world.RunFor(3000);
+        options.Ops.Add("judge", "judge");
+        options.Perms.Add(FullPerms, "judge");
+        room->UserJoined("judge");
+        for (int number = 1; number < people; ++number) room->UserJoined("guest" + std::to_string(number));
+    }
+    void Feed(int Index, const std::string& snac, const std::string& body) {
+        auto frame = std::string(6, '\0') + HexToStr(snac) + std::string(6, '\0') + body;
+        control.ParsePacket(Index, frame);
+    }
+    void FillAutobans(std::int64_t count) {
+        for (std::int64_t number = 0; number < count; ++number)
+            options.Autobans.Add("nuisance" + std::to_string(number) + (number % 2 ? "*" : ""));
+    }
+    void FillAutowords(std::int64_t count) {
+        for (std::int64_t number = 0; number < count; ++number)
+            options.Autowords.Add("rude" + std::to_string(number) + "word");
+    }
+    /// Ends the pauses and drops what waits, so that every round is alike.
+    void Rest() {
+        room->ClearQueue(0);
+        room->ClearQueue(1);
+        room->tmrBan->SetEnabled(false);
+    }
+};
+
+void LineThatIsNoCommand(benchmark::State& state) {
+    Bot bot;
+    for (int number = 0; number < 1000; ++number) {
+        auto name = "friend" + std::to_string(number);
+        bot.options.Ops.Add("op" + name, "op" + name);
+        bot.options.Immunes.Add(name, name);
+    }
+    bot.FillAutobans(10'000);
+    bot.FillAutowords(state.range(0));
+    bot.options.WordBanOn = true;
+    std::string line = "<HTML><BODY BGCOLOR=\"#ffffff\"><FONT LANG=\"0\">";
+    while (line.size() < 300) line += "the rude word of the evening, ";
+    line.resize(300);
+    for (auto _ : state) bot.engine.ChatMessage(Bot::slot, "Guest 7", line);
+}
+BENCHMARK(LineThatIsNoCommand)->RangeMultiplier(10)->Range(100, 100'000);
+
+void JoinAgainstAutobans(benchmark::State& state) {
+    Bot bot;
+    bot.FillAutobans(state.range(0));
+    bot.options.AutobanLevel = 1;
+    for (auto _ : state) bot.engine.UserJoinedChat(Bot::slot, "Quite Peaceful 123");
+}
+BENCHMARK(JoinAgainstAutobans)->Arg(10'000)->Arg(100'000);
+
+void Query(benchmark::State& state, const char* line) {
+    Bot bot;
+    bot.FillAutobans(10'000);
+    for (auto _ : state) {
+        bot.engine.ChatMessage(Bot::slot, "Judge", line);
+        bot.Rest();
+    }
+}
+BENCHMARK_CAPTURE(Query, status, "status");
+BENCHMARK_CAPTURE(Query, info, "info guest1");
+BENCHMARK_CAPTURE(Query, help, "help");
+
+void ChainOverPeople(benchmark::State& state) {
+    Bot bot(static_cast<int>(state.range(0)));
+    bot.options.ChainOn[2] = bot.options.ChainOn[3] = true;
+    for (auto _ : state) {
+        bot.engine.ChatMessage(Bot::slot, "Judge", "imm guest");
+        bot.engine.ChatMessage(Bot::slot, "Judge", "unimm guest");
+        bot.Rest();
+    }
+}
+BENCHMARK(ChainOverPeople)->Arg(1000)->Unit(benchmark::kMillisecond);
+
+void AddAndRemoveOneAutoban(benchmark::State& state) {
+    Bot bot;
+    for (std::int64_t number = 0; number < state.range(0); ++number)
+        bot.engine.Lists().AddAB("nuisance" + std::to_string(number), 1);
+    bool last = state.range(1) != 0;
+    for (auto _ : state) {
+        auto entry = last ? std::string("latest") : bot.options.Autobans.Item(state.range(0) / 2);
+        if (!last) bot.engine.Lists().RemoveAB(entry, 1);
+        bot.engine.Lists().AddAB(entry, 1);
+        if (last) bot.engine.Lists().RemoveAB(entry, 1);
+        bot.Rest();
+    }
+}
+BENCHMARK(AddAndRemoveOneAutoban)->Args({100'000, 1})->Args({100'000, 0})->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,16 @@
+#pragma once
+
+// How "chat:command" finds its room.
+
+#include <memory>
+#include <string>
+
+namespace halyard {
+
+class Chats;
+class TillerSock;
+
+/// The first room of this name, which is in lower case without blanks; null when there is none.
+std::shared_ptr<Chats> RoomByName(const TillerSock& control, const std::string& normalised);
+
+} // namespace halyard
