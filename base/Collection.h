@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,9 +30,20 @@ class Collection {
     /// Walks the values in order; invalidated by every change of the collection.
     class Iterator {
       public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = T;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const T*;
+        using reference = const T&;
+
         explicit Iterator(typename Nodes::const_iterator at) : at(at) {}
         const T& operator*() const { return (*at)->value; }
         Iterator& operator++() { return ++at, *this; }
+        Iterator operator++(int) {
+            auto before = *this;
+            ++at;
+            return before;
+        }
         bool operator!=(const Iterator& other) const { return at != other.at; }
         bool operator==(const Iterator& other) const { return at == other.at; }
 

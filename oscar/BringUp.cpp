@@ -109,7 +109,7 @@ std::string TillerSock::CapabilityBlock(int mode, const Collection<std::string>&
 
 void TillerSock::HandlePause() {
     signOn.ServerPaused = true;
-    SendPacket(slots.BOSIndex, 2, HexToStr("0001000C00000000000C00010013000200030004000600080009000A000B"));
+    SendPacket(indices.BOSIndex, 2, HexToStr("0001000C00000000000C00010013000200030004000600080009000A000B"));
 }
 
 void TillerSock::HandleMigration(const std::string& strPacket) {
@@ -126,8 +126,8 @@ void TillerSock::HandleMigration(const std::string& strPacket) {
         if (type == "0006") service.strServiceCookie = value;
         return true;
     });
-    Sock.Close(slots.BOSIndex);
-    Sock.Connect(slots.BOSIndex, service.strServiceHost, service.lngServicePort);
+    Sock.Close(indices.BOSIndex);
+    Sock.Connect(indices.BOSIndex, service.strServiceHost, service.lngServicePort);
 }
 
 } // namespace halyard

@@ -43,16 +43,16 @@ void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchan
     request.strJoinName = Trim(strChatName);
     request.intJoinExchange = intExchange;
     request.intJoinInstance = intInstance;
-    if (slots.ChatNavIndex != 0) {
+    if (indices.ChatNavIndex != 0) {
         SendRoomCreation();
         return;
     }
-    SendPacket(slots.BOSIndex, 2, HexToStr("00010004000000000001000D"));
+    SendPacket(indices.BOSIndex, 2, HexToStr("00010004000000000001000D"));
     request.ChatNavPending = true;
 }
 
 void TillerSock::SendRoomCreation() {
-    SendPacket(slots.ChatNavIndex, 2,
+    SendPacket(indices.ChatNavIndex, 2,
                HexToStr("000D0008000000000008") + WordToStr(request.intJoinExchange) +
                    MakeTLV("", 1, "create") + WordToStr(request.intJoinInstance) + HexToStr("010003") +
                    MakeTLV("00D6", 2, "us-ascii") + MakeTLV("00D3", 2, request.strJoinName) +
@@ -62,7 +62,7 @@ void TillerSock::SendRoomCreation() {
 void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
     if (request.ChatNavPending) {
         request.ChatNavPending = false;
-        slots.ChatNavIndex = Index;
+        indices.ChatNavIndex = Index;
         SendServiceReady(Index, "0001000200000000000100010004001008E5000D0001001008E5");
         Sock.SetTag(Index, "[Chat_Navigation]connected");
         ClearService();
@@ -81,7 +81,7 @@ void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
     if (auto instance = StrToWord(Mid(room, 4U + cookieLength)))
         AssignInt16(request.intJoinInstance, *instance);
     // Two zero bytes stand where the instance would: it is always asked for as 0.
-    SendPacket(slots.BOSIndex, 2,
+    SendPacket(indices.BOSIndex, 2,
                HexToStr("00010004000000000001000E") +
                    MakeTLV("0001", 2,
                            WordToStr(request.intJoinExchange) + MakeTLV("", 1, request.strJoinCookie) +

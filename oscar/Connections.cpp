@@ -51,8 +51,8 @@ std::int16_t TillerSock::GetChatIndex(std::int16_t Index) const {
 void TillerSock::SocketError(int Index) {
     auto index = static_cast<std::int16_t>(Index);
     for (const auto& lost : LostTexts) {
-        if (slots.*lost.slot != Index) continue;
-        slots.*lost.slot = 0;
+        if (indices.*lost.slot != Index) continue;
+        indices.*lost.slot = 0;
         events.ConnectionLost(index, lost.text);
         Sock.CloseSock(Index);
         return;
@@ -75,7 +75,7 @@ void TillerSock::HandleSignOff(int Index) {
         return;
     }
     for (const auto& lost : LostTexts)
-        if (slots.*lost.slot == Index) slots.*lost.slot = 0;
+        if (indices.*lost.slot == Index) indices.*lost.slot = 0;
     Sock.CloseSock(Index);
 }
 
@@ -94,7 +94,7 @@ void TillerSock::ResetAll() {
         timers.UnloadChatTimers(1); // no room is left to free its slots later
         Chat.Remove(1);
     }
-    slots = {};
+    indices = {};
     signOn = {};
     presence = {};
     ClearService();

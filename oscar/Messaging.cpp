@@ -30,7 +30,7 @@ void TakeCountedTLVs(std::string& rest, Collection<std::string>& list) {
 } // namespace
 
 void TillerSock::SendIM(const std::string& strScreenname, const std::string& strMessage) {
-    SendPacket(slots.BOSIndex, 2,
+    SendPacket(indices.BOSIndex, 2,
                HexToStr("0004000600000000000400000000000000010001") + MakeTLV("", 1, strScreenname) +
                    MakeTLV("0002", 2,
                            MakeTLV("0501", 2, HexToStr("010102")) +
@@ -38,18 +38,18 @@ void TillerSock::SendIM(const std::string& strScreenname, const std::string& str
 }
 
 void TillerSock::GetUserInfo(const std::string& strScreenname, std::int32_t TheType) {
-    SendPacket(slots.BOSIndex, 2,
+    SendPacket(indices.BOSIndex, 2,
                HexToStr("00020015000000000015") + LongToStr(TheType) + MakeTLV("", 1, strScreenname));
 }
 
 void TillerSock::SetProfile(const std::string& strProfile) {
-    SendPacket(slots.BOSIndex, 2,
+    SendPacket(indices.BOSIndex, 2,
                HexToStr("00020004000000000004") + MakeTLV("0001", 2, "text/x-aolrtf; charset=\"us-ascii\"") +
                    MakeTLV("0002", 2, strProfile));
 }
 
 void TillerSock::SetCapabilities(const Collection<std::string>& UUIDs) {
-    SendPacket(slots.BOSIndex, 2,
+    SendPacket(indices.BOSIndex, 2,
                HexToStr("00020004000000000004") + MakeTLV("0005", 2, CapabilityBlock(1, UUIDs)));
 }
 
@@ -57,7 +57,7 @@ void TillerSock::SetPrivacy(std::int16_t intPrivacyLevel, std::int32_t lngAllowU
     auto classes = lngAllowUserClassOnly != 0 ? HexToStr("0000") + WordToStr(lngAllowUserClassOnly)
                                               : HexToStr("FFFFFFFF");
     SendPacket(
-        slots.BOSIndex, 2,
+        indices.BOSIndex, 2,
         HexToStr("0013000900000000000900000000") + WordToStr(presence.PrivacyItemID) + HexToStr("0004") +
             MakeTLV("", 2, MakeTLV("00CA", 2, ByteToStr(intPrivacyLevel)) + MakeTLV("00CB", 2, classes)));
 }

@@ -10,14 +10,14 @@
 namespace halyard {
 
 void TillerSock::HandleRedirect(const std::string& strPacket) {
-    slots.FreeSockIndex = Sock.TakeFree();
+    indices.FreeSockIndex = Sock.TakeFree();
     auto body = Mid(strPacket, Mid(strPacket, 11, 1) == ByteToStr(128) ? 19 : 17);
     ClearTLVData();
     ParseTLVs(body, TLVData);
     ClearService();
     WalkTLVs(TLVData, [this](const std::string& type, const std::string& value) {
         if (type == "000D") {
-            Sock.SetTag(slots.FreeSockIndex, FamilyTag(value) + "connecting");
+            Sock.SetTag(indices.FreeSockIndex, FamilyTag(value) + "connecting");
             service.strServiceFamily = StrToHex(value);
         }
         if (type == "0005") {
@@ -28,8 +28,8 @@ void TillerSock::HandleRedirect(const std::string& strPacket) {
         return true;
     });
     ClearTLVData();
-    Sock.Connect(slots.FreeSockIndex, service.strServiceHost, service.lngServicePort);
-    slots.FreeSockIndex = 0;
+    Sock.Connect(indices.FreeSockIndex, service.strServiceHost, service.lngServicePort);
+    indices.FreeSockIndex = 0;
 }
 
 void TillerSock::HandleServiceFamilies(int Index, const std::string& strPacket) {
@@ -73,9 +73,9 @@ void TillerSock::HandleServiceRates(int Index) {
     }
     Sock.SetTag(Index, FamilyTag(HexToStr(service.strServiceFamily)) + "connected");
     SendServiceReady(Index, "00010002000000000001");
-    if (service.strServiceFamily == "0007") slots.AdminIndex = Index;
-    if (service.strServiceFamily == "0010") slots.IconIndex = Index;
-    if (service.strServiceFamily == "0018") slots.EmailIndex = Index;
+    if (service.strServiceFamily == "0007") indices.AdminIndex = Index;
+    if (service.strServiceFamily == "0010") indices.IconIndex = Index;
+    if (service.strServiceFamily == "0018") indices.EmailIndex = Index;
     ClearService();
 }
 

@@ -69,7 +69,7 @@ void TillerSock::CreatePresenceItems() {
     // A drawn id above 32767 does not fit its field, which then stays 0 and goes out as 0.
     auto create = [this](std::int16_t& id, const char* type, const std::string& block) {
         AssignInt16(id, static_cast<long long>(RandomInRange(platform.RandomSource(), 65535, 1)));
-        SendPacket(slots.BOSIndex, 2,
+        SendPacket(indices.BOSIndex, 2,
                    HexToStr("0013000800000000000800000000") + WordToStr(id) + HexToStr(type) +
                        MakeTLV("", 2, block));
     };

@@ -196,7 +196,7 @@ class TillerSock : public RoomHost {
     std::unique_ptr<Timer> tmrTimeout; // 15 s from Login to "Login Completed!"
     SignOnState signOn;
     ServiceState service;
-    ServiceSlots slots;
+    ServiceSlots indices;
     RoomRequest request;
     PresenceState presence;
     std::string strEncoding; // of the last message that named one
