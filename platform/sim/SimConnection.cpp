@@ -15,6 +15,8 @@ void SimConnection::Detach(int side) {
 }
 
 void SimConnection::Send(int side, std::string_view bytes) {
+    if (pipes[static_cast<std::size_t>(side)].Ended() == SimPipe::Ending::Reset)
+        return; // no further fault may hide the error that is on its way
     auto& faults = network.faults;
     if (network.Fails(SimNetwork::Operation::Send) || network.random.Chance(faults.drop)) return Reset();
     if (network.random.Chance(faults.halfOpen)) Sever();
