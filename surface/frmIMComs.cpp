@@ -1,0 +1,49 @@
+#include "surface/frmIMComs.h"
+
+#include "state/Options.h"
+#include "surface/Theme.h"
+#include "surface/WindowHost.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr std::size_t LogLimit = 65535;
+
+} // namespace
+
+frmIMComs::frmIMComs(const SurfaceContext& context) : context(context) {
+    form.SetVisible(false);
+    cmdIMComs.Click = [this] {
+        this->context.options.SetIMComs(!this->context.options.IMComsOn);
+        ShowSwitch();
+    };
+    cmdClear.Click = [this] { txtIMs.SetText(""); };
+}
+
+void frmIMComs::Show() {
+    if (Loaded()) return context.windows.Focus(form);
+    txtIMs.SetText("");
+    ShowSwitch();
+    EachControl(Theme());
+    form.SetVisible(true);
+    context.windows.Show(form);
+}
+
+void frmIMComs::Form_Unload() {
+    if (!Loaded()) return;
+    form.SetVisible(false);
+    context.windows.Unload(form);
+}
+
+void frmIMComs::ShowSwitch() {
+    cmdIMComs.SetCaption(context.options.IMComsOn ? "Turn Off IMComs" : "Turn On IMComs");
+}
+
+void frmIMComs::IncomingIM(const std::string& strUser, const std::string& strMessage) {
+    if (!Loaded()) return;
+    if (txtIMs.Text().size() >= LogLimit) txtIMs.SetText("");
+    txtIMs.Append(strUser + ": " + strMessage + "\r\n");
+}
+
+} // namespace halyard

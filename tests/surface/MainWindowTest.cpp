@@ -1,0 +1,156 @@
+// The main window itself: starting, the menu that slides, the tray, the rate lists.
+
+#include "tests/surface/DeskScene.h"
+
+#include <map>
+
+namespace halyard {
+namespace {
+
+using MainWindow = DeskScene;
+
+TEST_F(MainWindow, StartsIdleWithItsDefaults) {
+    EXPECT_EQ(window.form.Caption(), "Halyard Control Desk");
+    EXPECT_EQ(window.form.Width(), 7545);
+    EXPECT_EQ(window.form.Height(), 6810);
+    EXPECT_EQ(window.slide.lblContents.Caption(), "\r\nC\r\nL\r\nI\r\nC\r\nK\r\n\r\nF\r\nO\r\nR\r\n\r\n"
+                                                  "M\r\nE\r\nN\r\nU");
+    EXPECT_EQ(machine.desktop.trayTip, "Halyard 2.0 (Beta 1.0) [User: None]");
+    EXPECT_EQ(boxes.cmbServer.Items().size(), 17U);
+    EXPECT_EQ(window.counters.lblStat[7].Caption(), "1");
+    EXPECT_EQ(machine.disk.Paths().size(), 0U);
+    Wait(31);
+    EXPECT_EQ(machine.disk.Paths().size(), 1U);
+    EXPECT_EQ(world.network.ConnectionCount(), 0U); // nothing signs on by itself
+}
+
+TEST(StartUp, StatisticsOfAnotherVersionEndItEarly) {
+    SimWorld world;
+    SimPlatform machine(world);
+    machine.disk.Put("/state/StatsStore.dat", "version:1\r\ntotalopen:9\r\n");
+    frmMain window(machine);
+    window.Form_Load();
+    EXPECT_EQ(machine.disk.Contents("/state/StatsStore.dat"), "\r\n");
+    EXPECT_EQ(window.counters.Kept(7), 0);
+    EXPECT_NE(machine.desktop.trayTip, "");
+}
+
+TEST_F(MainWindow, EveryControlHasItsOwnNameAndTheThemesColours) {
+    std::map<std::string, int> seen;
+    window.EachControl([&seen](auto& control) {
+        ++seen[control.Name];
+        EXPECT_NE(control.ForeColor(), 0) << control.Name;
+    });
+    for (const auto& [name, count] : seen) EXPECT_EQ(count, 1) << name;
+    EXPECT_EQ(boxes.lstOps.BackColor(), 14271955);
+    EXPECT_EQ(window.slide.lblContents.BackColor(), 0x5E450E);
+    EXPECT_EQ(window.slide.lblMenu[0].ForeColor(), -2147483630);
+}
+
+TEST_F(MainWindow, OnePanelIsSeen) {
+    for (std::size_t chosen = 0; chosen < 7; ++chosen) {
+        window.menus.mnuPanels[chosen].Click();
+        for (std::size_t panel = 0; panel < 7; ++panel)
+            EXPECT_EQ(window.FrameTabs[panel].Visible(), panel == chosen);
+    }
+}
+
+TEST_F(MainWindow, TheMenuSlidesInAndStopsWhileMinimised) {
+    window.slide.lblContents.Click();
+    EXPECT_FALSE(window.slide.lblContents.Visible());
+    Wait(.01);
+    EXPECT_EQ(window.form.Width(), 7545 + 10 * 40);
+    EXPECT_EQ(window.slide.FrameContents.BackColor(),
+              0x8D0014 | 44 << 8); // 30 and nine steps of 1.5, to even
+    window.form.SetState(WindowState::Minimized);
+    Wait(.1);
+    EXPECT_EQ(window.form.Width(), 7545 + 10 * 40);
+    EXPECT_FALSE(window.form.Visible());
+    window.menus.mnuShow.Click();
+    Wait(.1);
+    EXPECT_EQ(window.form.Width(), 9305);
+    EXPECT_FALSE(window.slide.tmrMoveForm->Enabled());
+    EXPECT_EQ(window.slide.FrameContents.BackColor(), 9266964);
+    window.slide.lblMenu[4].Click();
+    window.slide.lblContents.Click();
+    Wait(.02);
+    window.slide.lblMenu[4].Click();
+    Wait(.1);
+    EXPECT_EQ(window.form.Width(), 7545);
+    EXPECT_TRUE(window.slide.lblContents.Visible());
+}
+
+TEST_F(MainWindow, TheTrayBringsItBack) {
+    int popups = 0;
+    window.menus.mnuSystemTray.onPopup = [&popups] { ++popups; };
+    const auto tray = [this](int message) { window.Form_MouseMove(0, 0, message, 0); };
+    for (int message : {515, 516, 512}) tray(message); // while it is seen
+    EXPECT_EQ(popups, 0);
+    for (int message : {514, 517}) tray(message);
+    EXPECT_EQ(popups, 2);
+    window.form.SetState(WindowState::Minimized);
+    EXPECT_FALSE(window.form.Visible());
+    tray(516);
+    EXPECT_EQ(popups, 3);
+    tray(515);
+    EXPECT_TRUE(window.form.Visible());
+    EXPECT_EQ(window.form.State(), WindowState::Normal);
+    machine.desktop.tray = false;
+    window.form.SetState(WindowState::Minimized);
+    EXPECT_TRUE(window.form.Visible()); // it could not be brought back
+}
+
+TEST_F(MainWindow, ExitsAndPages) {
+    window.menus.mnuExit.Click();
+    EXPECT_EQ(machine.desktop.quits, 1);
+    EXPECT_NE(machine.desktop.trayTip, "");
+    window.menus.mnuExit2.Click();
+    EXPECT_EQ(machine.desktop.quits, 2);
+    EXPECT_EQ(machine.desktop.trayTip, "");
+    window.menus.mnuHelpFile.Click();
+    machine.disk.Put("/program/Halyard_Help.htm", "help");
+    window.menus.mnuHelpFile.Click();
+    EXPECT_EQ(machine.desktop.pages,
+              (Lines{"https://halyard.home.arpa/Halyard_Help.htm", "/program/Halyard_Help.htm"}));
+}
+
+TEST_F(MainWindow, RatedRoomsAreListedUntilTheyAreFree) {
+    auto& rates = window.rates;
+    Set(boxes.chkABOnUnrate, true);
+    Type(window.autobans.txtAddAB, "spam*");
+    boxes.txtUnrate.SetText("1");
+    boxes.txtUnrate.LostFocus();
+    SignOn();
+    Join("Lobby");
+    people.Enter("lobby", "spammer1");
+    Wait(10);
+    Start();
+    people.SetRate("lobby", "harbourbot", 1, RateCode::Limit);
+    Wait(1);
+    EXPECT_EQ(Listed(rates.lstRated[0]), Lines{"lobby"});
+    EXPECT_EQ(window.form.Height(), 7800);
+    people.SetRate("lobby", "harbourbot", 1, RateCode::None);
+    Wait(70);
+    EXPECT_EQ(Listed(rates.lstRated[0]), Lines{});
+    EXPECT_EQ(window.form.Height(), 6810);
+    EXPECT_EQ(Happened("minutes has passed").size(), 2U); // by the room and by the window, on purpose
+    EXPECT_EQ(Happened("bans spammer1").size(), 1U);
+
+    control.Chat.Item(1)->RateNotice(3, 5);
+    control.Chat.Item(1)->RateNotice(3, 1);
+    EXPECT_EQ(Listed(rates.lstRated[1]), Lines{"lobby"});
+    rates.lstRated[1].DblClick(); // nothing is selected
+    rates.lstRated[1].Select(0);
+    rates.lstRated[1].DblClick();
+    EXPECT_FALSE(control.Chat.Item(1)->IsRated(5));
+    EXPECT_EQ(window.form.Height(), 7800);
+    Start();
+    rates.lstRated[0].Select(0);
+    rates.lstRated[0].DblClick();
+    Wait(1);
+    EXPECT_EQ(window.form.Height(), 6810);
+    EXPECT_EQ(Happened("manually re-enabled").size(), 1U);
+}
+
+} // namespace
+} // namespace halyard

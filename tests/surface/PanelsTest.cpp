@@ -1,0 +1,183 @@
+// The buttons of the panels: what they ask for first, and what they show.
+
+#include "tests/surface/DeskScene.h"
+
+namespace halyard {
+namespace {
+
+using Panels = DeskScene;
+
+TEST_F(Panels, SigningOnAsksForWhatIsMissingInOrder) {
+    const auto press = [this] {
+        window.connection.cmdSignOn.Press();
+        return Boxes();
+    };
+    boxes.txtSN.SetText("  ");
+    boxes.txtPW.SetText("");
+    boxes.txtPort.SetText(" ");
+    boxes.cmbServer.SetText("");
+    EXPECT_EQ(press(), Lines{"Note: Please enter in a screenname to sign on!"});
+    boxes.txtSN.SetText(" x ");
+    EXPECT_EQ(press(), Lines{"Note: Screennames must be two or more characters!"});
+    boxes.txtSN.SetText("bot");
+    EXPECT_EQ(press(), Lines{"Note: Please enter in a password for that screenname!"});
+    boxes.txtPW.SetText("  "); // a password of blanks passes
+    EXPECT_EQ(press(), Lines{"Note: Please enter in a valid port number!"});
+    boxes.txtPort.SetText("5190");
+    EXPECT_EQ(press(), Lines{"Note: Please enter in valid Auth Server to connect to!"});
+    boxes.cmbServer.SetText(" 127.0.0.1 ");
+    EXPECT_EQ(press(), Lines{});
+    Wait(2);
+    window.connection.cmdSignOn.SetEnabled(true);
+    EXPECT_EQ(press(), Lines{"Note: You are already online!"});
+}
+
+TEST_F(Panels, JoiningAndLeavingAskForWhatIsMissing) {
+    boxes.txtEx.SetText("");
+    for (auto* button : {&window.chats.cmdJoinChat, &window.chats.cmdLeaveChat}) button->Press();
+    EXPECT_EQ(Boxes(), (Lines{"Note: Please sign on first!", "Note: Please sign on first!"}));
+    SignOn();
+    for (const auto* name : {" ", "lobby"}) {
+        boxes.txtChat.SetText(name);
+        for (auto* button : {&window.chats.cmdJoinChat, &window.chats.cmdLeaveChat}) button->Press();
+    }
+    EXPECT_EQ(
+        Boxes(),
+        (Lines{"Note: Please enter in a chat name to join!", "Note: Please enter in a chat name to leave!",
+               "Note: Please enter in an Exchange to join! Most common exchange numbers are 4 for "
+               "private chats and 5 for public chats.",
+               "Note: Please enter the chats correct Exchange number so it can leave!"}));
+}
+
+TEST_F(Panels, ARoomIsShownLeftAndClosed) {
+    people.SetMaxPeople("Sea Room", 50);
+    people.Enter("Sea Room", "opal");
+    SignOn();
+    Join("Sea Room");
+    boxes.txtChat.SetText("");
+    window.chats.lstChats.Select(0);
+    EXPECT_EQ(boxes.txtChat.Text(), "Sea Room");
+    window.chats.AddRoom("sea room"); // of a service that repeats itself
+    EXPECT_EQ(window.chats.lstChats.ListCount(), 1);
+    EXPECT_EQ(window.chats.FrameMisc[3].Caption(), "Chat Data: Sea Room");
+    Lines rows;
+    for (int row : {1, 2, 4, 5, 6, 8, 9})
+        rows.push_back(window.chats.lblChatData[static_cast<std::size_t>(row)].Caption());
+    EXPECT_EQ(rows, (Lines{"4", "0", "2", "[You]", "[None]", "48 + 2", "2"}));
+    control.BanUser("opal", "ban", control.Chat.Item(1)->ChatIndex);
+    Wait(5);
+    window.chats.lstChats.Select(-1);
+    window.chats.lstChats.Select(0);
+    EXPECT_EQ(window.chats.lblChatData[6].Caption(), "1");
+
+    boxes.txtChat.SetText("SEAROOM");
+    boxes.txtEx.SetText("5");
+    window.chats.cmdCloseChat.Press();
+    EXPECT_EQ(Boxes(), Lines{"Error: You are not in chat 'SEAROOM', Exchange '5'!"});
+    boxes.txtEx.SetText("4 ");
+    machine.dialogs.AnswerNo();
+    window.chats.cmdCloseChat.Press();
+    EXPECT_EQ(Boxes(),
+              Lines{"Close Chat?: Do you want to close chat 'SEAROOM', Exchange '4 ', Instance '0'?"});
+    window.chats.cmdLeaveChat.Press();
+    EXPECT_EQ(window.chats.lblChatStatus.Caption(), "Left chat 'SEAROOM' in Exchange '4 ' Instance '0'!");
+    EXPECT_EQ(window.chats.lblChatCount.Caption(), "Chats you are in: 0");
+    Join("Sea Room");
+    window.connection.cmdSignOff.Press();
+    EXPECT_EQ(window.connection.lblConnectionInfo.Caption(), "Offline");
+    EXPECT_EQ(Listed(window.chats.lstChats), Lines{});
+    EXPECT_EQ(machine.desktop.trayTip, "Halyard 2.0 (Beta 1.0) [User: None]");
+}
+
+TEST_F(Panels, ClosingAnOwnedRoomAsksTheServer) {
+    SignOn();
+    Join("lobby");
+    machine.dialogs.AnswerYes();
+    window.chats.cmdCloseChat.Press();
+    Wait(2);
+    EXPECT_FALSE(network.IsInRoom("lobby", "harbourbot"));
+    EXPECT_EQ(window.counters.lblStat[20].Caption(), "1");
+    EXPECT_EQ(Listed(window.chats.lstChats), Lines{});
+}
+
+TEST_F(Panels, UserAndBanPause) {
+    SignOn();
+    Join("lobby");
+    boxes.txtCurrentUser.SetText(" <b>Ann</b> ");
+    window.other.cmdSetUser.Press();
+    EXPECT_EQ(window.options.strCurrentUser, "Ann");
+    boxes.txtCurrentUser.SetText("  ");
+    window.other.cmdSetUser.Press();
+    EXPECT_EQ(boxes.txtCurrentUser.Text(), "Ann");
+    EXPECT_EQ(Boxes(), Lines{"Note: You cannot have a blank user!"});
+
+    for (const auto& [typed, shown, pause] :
+         {std::tuple{"2.5", "2.5", 2.5F},
+          {"0", "2.5", 2.5F},
+          {"1000", "2.5", 2.5F},
+          {"x", "2.5", 2.5F},
+          {".0001", ".0001", .0001F}}) { // accepted, whatever the message says
+        boxes.txtBP.SetText(typed);
+        window.other.cmdSetBP.Press();
+        EXPECT_EQ(boxes.txtBP.Text(), shown);
+        EXPECT_EQ(control.sngBanPause, pause);
+    }
+    EXPECT_EQ(Boxes(), Lines(3, "Note: Ban pause values must be from .001 to 999!"));
+}
+
+TEST_F(Panels, OpsAndTheirPermissions) {
+    Type(window.people.txtAddOp, "x");
+    Type(window.people.txtAddImm, std::string(101, 'x'));
+    Type(window.autobans.txtAddAB, "x");
+    Type(window.people.txtAddOp, "   ");
+    EXPECT_EQ(Boxes(), (Lines{"Note: Screenname lengths can only be between two characters to 100!",
+                              "Note: Screenname lengths can only be between two characters to 100!",
+                              "Note: Autoban lengths can only be between two characters to 100!"}));
+    EXPECT_EQ(boxes.lstOps.ListCount(), 0);
+    window.people.cmdFullPerms.Press(); // nothing is selected
+
+    Type(window.people.txtAddOp, "Sea Dog");
+    boxes.lstOps.Select(0);
+    EXPECT_EQ(window.people.lblCurrentOp.Caption(), "seadog");
+    EXPECT_EQ(PermsOf(window.people.chkPerm), DefaultPerms);
+    window.people.chkPerm[0].SetValue(1);
+    window.people.cmdSetPerms.Press();
+    EXPECT_EQ(window.options.Perms.Item("seadog"), "1000110011111100000000000011");
+    window.people.cmdFullPerms.Press();
+    EXPECT_EQ(window.options.Perms.Item("seadog"), FullPerms);
+    window.people.cmdDefaultPerms.Press();
+    EXPECT_EQ(window.options.Perms.Item("seadog"), DefaultPerms);
+    boxes.lstOps.KeyDown(DeleteKey);
+    EXPECT_EQ(boxes.lstOps.ListCount(), 0);
+    boxes.lstOps.KeyDown(DeleteKey); // nothing is selected any more
+}
+
+TEST_F(Panels, UnbanningWithoutTheRoomAndRemovingAList) {
+    machine.disk.Put("/program/list.txt",
+                     "Halyard File: Eject Lists\r\n\r\nlobby:4:0:bob\r\nlobby:4:0:eve\r\n");
+    machine.dialogs.AnswerText("/program/list.txt");
+    window.ejects.cmdLoadEjects.Press();
+    Boxes();
+    window.ejects.lstEjectListChats.Select(0);
+    EXPECT_EQ(Listed(window.ejects.lstEjected), (Lines{"bob", "eve"}));
+    window.ejects.lstEjected.Select(1);
+    window.menus.mnuUnbanUser.Click();
+    window.ejects.cmdUnbanAll.Press(); // silent without the room
+    EXPECT_EQ(Boxes(), Lines{"Error: Failed to unban user: No chat name matches the eject list. Please "
+                             "unban manually or re-load bans."});
+    SignOn();
+    Join("lobby");
+    Start();
+    machine.dialogs.AnswerYes();
+    window.ejects.cmdUnbanAll.Press();
+    Wait(10);
+    EXPECT_EQ(Boxes(),
+              Lines{"Unban All?: Do you really want to unban all users from 'lobby', Exchange '4'?"});
+    EXPECT_EQ(Happened("unbans").size(), 2U);
+    window.menus.mnuRemoveEjectedList.Click();
+    EXPECT_EQ(control.EjectLists.Count(), 0U);
+    EXPECT_EQ(window.ejects.lblEjectListChat.Caption(), "Current Chat: [None]");
+}
+
+} // namespace
+} // namespace halyard

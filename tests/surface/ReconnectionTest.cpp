@@ -1,0 +1,221 @@
+// Lost connections and lost rooms: when the bot tries to come back, what it tells, and how it is stopped.
+
+#include "tests/surface/DeskScene.h"
+
+namespace halyard {
+namespace {
+
+class Comeback : public DeskScene {
+  protected:
+    void Allow(bool login, bool kicked, bool error) {
+        Set(boxes.chkAutoLogin, login);
+        Set(boxes.chkRejoinKick, kicked);
+        Set(boxes.chkRejoinError, error);
+    }
+    std::string Alert() const { return window.reconnection.Alert.txtNotices.Text(); }
+    bool AlertOpen() const { return window.reconnection.Alert.Loaded(); }
+};
+
+TEST_F(Comeback, ThreeRoomsComeBackEightSecondsApart) {
+    Allow(true, false, true);
+    SignOn();
+    for (const auto* room : {"lobby", "deck", "hold"}) Join(room);
+    Start();
+    people.Drop("harbourbot");
+    Wait(40);
+    EXPECT_EQ(Happened("signs on"), Lines{"1 Harbour Bot signs on"});
+    EXPECT_EQ(Happened("enters"), (Lines{"2 Harbour Bot enters", "10 Harbour Bot enters in deck",
+                                         "18 Harbour Bot enters in hold"}));
+    EXPECT_EQ(Listed(window.chats.lstChats), (Lines{"lobby", "deck", "hold"}));
+    EXPECT_EQ(window.chats.lblChatCount.Caption(), "Chats you are in: 3");
+    EXPECT_EQ(Alert(), "Connection to the main BOS server has been lost!\r\nAttempting re-connection...\r\n"
+                       "Re-connedction successful!\r\n"
+                       "Attempting to rejoin chat 'lobby'\r\nSuccessfully rejoined chat 'lobby'!\r\n"
+                       "Attempting to rejoin chat 'deck'\r\nSuccessfully rejoined chat 'deck'!\r\n"
+                       "Attempting to rejoin chat 'hold'\r\nSuccessfully rejoined chat 'hold'!");
+    EXPECT_FALSE(window.reconnection.tmrChatRejoin->Enabled());
+    EXPECT_EQ(window.counters.lblStat[17].Caption(), "3");
+    EXPECT_EQ(window.counters.lblStat[19].Caption(), "1");
+}
+
+TEST_F(Comeback, TriesEveryFifteenSecondsUntilStopped) {
+    Allow(true, false, true);
+    SignOn();
+    Join("lobby");
+    world.network.faults.refuse = 1;
+    people.Drop("harbourbot");
+    Wait(40); // tries at 1, 16 and 31
+    EXPECT_EQ(window.counters.lblStat[19].Caption(), "3");
+    EXPECT_TRUE(Alert().ends_with("Failed to re-connect!\r\nAttempting again..."));
+    EXPECT_EQ(Listed(window.chats.lstChats), Lines{});
+    window.reconnection.Alert.cmdStop.Press();
+    EXPECT_FALSE(AlertOpen());
+    world.network.faults.refuse = 0;
+    Wait(120);
+    EXPECT_EQ(window.counters.lblStat[19].Caption(), "3");
+    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
+}
+
+TEST_F(Comeback, ASignOnThatFailsCanBeTriedAgainAtOnce) {
+    people.RefuseNextSignOn(24);
+    window.connection.cmdSignOn.Press();
+    EXPECT_FALSE(window.connection.cmdSignOn.Enabled());
+    Wait(1);
+    EXPECT_EQ(LastAction(), "Login Error: Rate limit exceeded. Please try again later");
+    EXPECT_TRUE(window.connection.cmdSignOn.Enabled());
+    EXPECT_FALSE(window.connection.cmdSignOff.Enabled());
+    world.network.SilentConnects(1);
+    window.connection.cmdSignOn.Press();
+    Wait(50); // one notice, not one every fifteen seconds
+    EXPECT_EQ(LastAction(), "Login Error: Attempt to connect has timed out.");
+    EXPECT_EQ(window.counters.lstActions.ListCount(), 2);
+    SignOn();
+}
+
+TEST_F(Comeback, AfterStoppingDuringFailuresTheOperatorSignsOnByHand) {
+    Allow(true, false, false);
+    SignOn();
+    people.Drop("harbourbot");
+    for (int attempt = 0; attempt < 3; ++attempt) people.RefuseNextSignOn(24), Wait(15);
+    window.reconnection.StopReconnections();
+    people.RefuseNextSignOn(0);
+    Wait(30);
+    SignOn();
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
+TEST_F(Comeback, EveryConnectionLostAtOnce) {
+    Allow(true, true, true);
+    SignOn();
+    for (const auto* room : {"lobby", "deck", "hold"}) Join(room);
+    world.network.DropAll();
+    Wait(40);
+    for (const auto* room : {"lobby", "deck", "hold"})
+        EXPECT_TRUE(network.IsInRoom(room, "harbourbot")) << room;
+    auto listed = Listed(window.chats.lstChats);
+    std::sort(listed.begin(), listed.end());
+    EXPECT_EQ(listed, (Lines{"deck", "hold", "lobby"}));
+    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
+}
+
+TEST(Weather, AHarbourOfStormsEndsInCalm) {
+    for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+        Desk desk(seed);
+        for (auto* box : {&desk.boxes.chkAutoLogin, &desk.boxes.chkRejoinKick, &desk.boxes.chkRejoinError})
+            desk.Set(*box, true);
+        desk.SignOn();
+        desk.Join("lobby");
+        desk.Join("deck");
+        auto& faults = desk.world.network.faults;
+        faults.cutBytes = true;
+        faults.latencyMax = 400;
+        faults.refuse = faults.silent = .1;
+        faults.drop = .01;
+        faults.halfOpen = .003;
+        faults.stall = .01;
+        desk.Wait(900);
+        faults = {};
+        for (int minute = 0; minute < 6; ++minute) { // somebody talks, so that the service finds dead members
+            for (const auto* room : {"lobby", "deck"})
+                desk.people.Enter(room, "opal"), desk.people.Say(room, "opal", "still here?");
+            desk.Wait(60);
+        }
+        const auto rooms = desk.Listed(desk.window.chats.lstChats);
+        EXPECT_EQ(rooms.size(), desk.control.Chat.Count()) << seed;
+        for (const auto* room : {"lobby", "deck"})
+            EXPECT_TRUE(desk.network.IsInRoom(room, "harbourbot")) << seed << room;
+        EXPECT_EQ(desk.window.connection.lblConnectionInfo.Caption(), "Online!") << seed;
+    }
+}
+
+struct LossCase {
+    const char* name;
+    bool kicked, error, byHand;
+    Lines entered;
+};
+
+TEST_F(Comeback, ALostRoomIsRejoinedAtOnceWhenAllowed) {
+    SignOn();
+    const LossCase cases[] = {{"nothing allowed", false, false, false, {}},
+                              {"left by hand", true, true, true, {}},
+                              {"kicks", true, false, false, {"0 Harbour Bot enters"}},
+                              {"errors", false, true, false, {"0 Harbour Bot enters"}}};
+    for (const auto& c : cases) {
+        Allow(true, c.kicked, c.error);
+        Join("lobby");
+        Start();
+        if (c.byHand)
+            window.chats.cmdLeaveChat.Press();
+        else
+            people.SignOffFromRoom("lobby", "harbourbot");
+        Wait(30);
+        EXPECT_EQ(Happened("enters"), c.entered) << c.name;
+        EXPECT_EQ(AlertOpen(), !c.entered.empty()) << c.name;
+        EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U) << c.name;
+        EXPECT_EQ(window.chats.lstChats.ListCount(), static_cast<int>(c.entered.size())) << c.name;
+        window.chats.cmdLeaveChat.Press();
+        window.reconnection.StopReconnections();
+        Wait(2);
+    }
+}
+
+TEST_F(Comeback, AFullRoomDoesNotBlockTheOthers) {
+    Allow(true, true, true);
+    SignOn();
+    Join("lobby");
+    Join("deck");
+    people.SignOffFromRoom("lobby", "harbourbot");
+    people.SetMaxPeople("lobby", 2);
+    people.Fill("lobby");
+    Start();
+    people.SignOffFromRoom("deck", "harbourbot");
+    Wait(20);
+    EXPECT_EQ(Happened("Harbour Bot enters"), Lines{"8 Harbour Bot enters in deck"});
+    ASSERT_EQ(window.reconnection.RejoinQueue.Count(), 1U);
+    EXPECT_EQ(window.reconnection.RejoinQueue.Item(1), "lobby:4:0");
+    people.SetMaxPeople("lobby", 50);
+    Wait(9);
+    EXPECT_TRUE(network.IsInRoom("lobby", "harbourbot"));
+}
+
+struct FailedJoin {
+    int code;
+    bool kicked, error;
+    const char* action;
+    const char* firstInQueue;
+    bool timer;
+    int interval;
+};
+
+TEST_F(Comeback, JoinFailuresByCode) {
+    const FailedJoin cases[] = {
+        {24, false, true, "Join chat failed: Room Full", "deck:4:0", true, 8000},
+        {24, true, false, "Join chat failed: Room Full", "lobby:4:0", false, 8000},
+        {46, true, true, "Join chat failed: Already in chat", "lobby:4:0", false, 8000},
+        {48, false, true, "Join chat failed: Rated", "deck:4:0", true, 60000},
+        {50, true, true, "Join chat failed: Objectional Chat Name", "lobby:4:0", false, 8000},
+        {74, true, false, "Join chat failed: Ejected", "deck:4:0", true, 8000},
+        {74, false, true, "Join chat failed: Ejected", "lobby:4:0", false, 8000},
+    };
+    for (const auto& c : cases) {
+        Allow(false, c.kicked, c.error);
+        auto& queue = window.reconnection.RejoinQueue;
+        window.reconnection.StopReconnections();
+        window.reconnection.tmrChatRejoin->SetInterval(8000);
+        queue.Add("lobby:4:0");
+        queue.Add("deck:4:0");
+        window.reconnection.Error("told so", static_cast<std::int16_t>(c.code), "000D");
+        EXPECT_EQ(LastAction(), c.action);
+        EXPECT_EQ(queue.Item(1), c.firstInQueue) << c.code << c.kicked;
+        EXPECT_EQ(window.reconnection.tmrChatRejoin->Enabled(), c.timer) << c.code << c.kicked;
+        EXPECT_EQ(window.reconnection.tmrChatRejoin->Interval(), c.interval) << c.code;
+        EXPECT_EQ(window.chats.lblChatStatus.Caption(), "told so");
+    }
+    window.reconnection.Error("no room", 1, "000E");
+    EXPECT_EQ(LastAction(), "Chat service error: no room");
+    window.reconnection.Error("rates", 1, "0005");
+    EXPECT_EQ(window.chats.lblChatStatus.Caption(), "rates");
+}
+
+} // namespace
+} // namespace halyard
