@@ -21,3 +21,7 @@ endfunction()
 halyard_program(halyard-practice SOURCES practice/main.cpp NEEDS halyard_practice halyard_platform_qt)
 halyard_program(halyard-tour SOURCES surface/tour/*.cpp NEEDS halyard_surface halyard_platform_qt)
 halyard_program(halyard SOURCES surface/main.cpp NEEDS halyard_surface_qt)
+
+# The tour's scene and settings lie beside its program.
+file(COPY ${CMAKE_SOURCE_DIR}/surface/tour/den.txt ${CMAKE_SOURCE_DIR}/surface/tour/Tour.hys
+     DESTINATION ${CMAKE_BINARY_DIR}/tour)
