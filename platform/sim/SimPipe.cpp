@@ -24,7 +24,8 @@ void SimPipe::Send(std::string_view sent) {
 }
 
 void SimPipe::End(Ending how) {
-    if (ending == how || ending == Ending::Reset) return;
+    // A reset may come again: the first one may have been kept from its receiver by a severed line.
+    if (how != Ending::Reset && ending != Ending::None) return;
     ending = how;
     auto& network = connection.Network();
     if (how == Ending::Reset) {

@@ -99,7 +99,7 @@ TEST_F(Comeback, EveryConnectionLostAtOnce) {
 }
 
 TEST(Weather, AHarbourOfStormsEndsInCalm) {
-    for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+    for (std::uint64_t seed = 1; seed <= 120; ++seed) {
         Desk desk(seed);
         for (auto* box : {&desk.boxes.chkAutoLogin, &desk.boxes.chkRejoinKick, &desk.boxes.chkRejoinError})
             desk.Set(*box, true);
