@@ -44,6 +44,8 @@ class Files {
     /// Where the program keeps what its operator saves: its own folder, or where that cannot be written the
     /// operator's data folder. No separator at the end.
     virtual std::string ProgramFolder() = 0;
+    /// The folder in which the program itself stands, beside the pages that come with it.
+    virtual std::string OwnFolder() = 0;
     /// The operator's folder for program state, from the user database. Empty when there is none.
     virtual std::string StateFolder() = 0;
     /// The separator between the parts of a path, "/" or "\".

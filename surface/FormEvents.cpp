@@ -49,7 +49,7 @@ void frmMain::ShowWindow() {
 
 void frmMain::OpenHelp() {
     auto& files = platform.FileSystem();
-    const auto path = files.ProgramFolder() + files.Separator() + HelpFile;
+    const auto path = files.OwnFolder() + files.Separator() + HelpFile;
     platform.DesktopShell().OpenPage(files.Exists(path) ? path : HelpPage);
 }
 

@@ -113,6 +113,8 @@ std::string PosixFiles::ProgramFolder() {
     return HomeFolder(*this, "/.local/share/halyard");
 }
 
+std::string PosixFiles::OwnFolder() { return FromUtf8(QCoreApplication::applicationDirPath().toStdString()); }
+
 std::string PosixFiles::StateFolder() { return HomeFolder(*this, "/.local/state/halyard"); }
 
 } // namespace halyard

@@ -17,6 +17,7 @@ class PosixFiles : public Files {
     bool SyncFolder(const std::string& folder) override;
     bool MakeFolder(const std::string& folder) override;
     std::string ProgramFolder() override;
+    std::string OwnFolder() override;
     std::string StateFolder() override;
     char Separator() const override { return '/'; }
 };

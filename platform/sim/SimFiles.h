@@ -50,6 +50,7 @@ class SimFiles : public Files {
     bool SyncFolder(const std::string& folder) override;
     bool MakeFolder(const std::string& folder) override;
     std::string ProgramFolder() override { return "/program"; }
+    std::string OwnFolder() override { return "/program"; }
     std::string StateFolder() override { return "/state"; }
     char Separator() const override { return '/'; }
 
