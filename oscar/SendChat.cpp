@@ -64,17 +64,15 @@ void TillerSock::SendAllChats(std::int16_t /*intChatIndex*/, const std::string& 
 void TillerSock::PrepareSends(std::string strReplacement, const std::string& strChar, std::string strMessage,
                               const std::string& strOther, const std::string& strType,
                               const std::string& strMsgType, std::int16_t intChatIndex) {
-    auto say = [&](std::shared_ptr<Chats> room, std::int16_t position) {
+    auto say = [&](std::int16_t position) {
+        auto room = Chat.Item(position); // held: the room may end while it speaks
         if (room)
             room->PrepareChatSend(strReplacement, strChar, strMessage, strOther, strType, strMsgType,
-                                  position);
+                                  intChatIndex);
     };
-    if (intChatIndex != 0) {
-        say(Chat.Item(intChatIndex), intChatIndex);
-        return;
-    }
+    if (intChatIndex != 0) return say(intChatIndex);
     for (std::int16_t position = 1; position <= static_cast<std::int16_t>(Chat.Count()); ++position)
-        say(Chat.Item(position), intChatIndex);
+        say(position);
 }
 
 void TillerSock::DefaultChatSends() { DefaultChatSendTexts(ChatSends); }

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace halyard {
 
@@ -104,7 +105,7 @@ bool ReadLine(Script& script, std::string text) {
     auto& scene = script.scenes.back();
     double seconds = 0;
     if (!ReadNumber(word, 1000000, seconds)) return ReadSetting(scene, word, text);
-    ScriptLine line{static_cast<std::int64_t>(seconds * 1000 + 0.5), ScriptVerb::Says, "", "", ""};
+    ScriptLine line{std::llround(seconds * 1000), ScriptVerb::Says, "", "", ""};
     if (!ReadDoing(text, line)) return false;
     scene.lines.push_back(line);
     return true;
