@@ -3,6 +3,8 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network Widgets)
 
 halyard_floor(platform/qt NEEDS platform LINKS Qt6::Core Qt6::Network)
+# Words such as "slots" stay free for our own names.
+target_compile_definitions(halyard_platform_qt PUBLIC QT_NO_KEYWORDS)
 # Boxes and tray stand apart, so that programs without a window neither link nor need a screen.
 halyard_floor(platform/qt/widgets NEEDS platform/qt LINKS Qt6::Widgets)
 halyard_floor(surface/qt NEEDS surface platform/qt/widgets)

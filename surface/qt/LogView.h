@@ -1,0 +1,24 @@
+#pragma once
+
+// A log of many lines. It takes what comes at the end and lays out nothing anew.
+
+#include <QPlainTextEdit>
+
+#include <string>
+
+namespace halyard {
+
+class LogView : public QPlainTextEdit {
+  public:
+    LogView();
+    /// The whole text; nothing happens when it stands there already.
+    void Show(const std::string& text);
+    void Append(const std::string& added);
+
+  private:
+    void ScrollToEnd();
+
+    std::string shown;
+};
+
+} // namespace halyard

@@ -1,0 +1,56 @@
+#include "surface/qt/SideMenu.h"
+
+#include "surface/MenuSlide.h"
+#include "surface/qt/Bind.h"
+#include "surface/qt/Lay.h"
+
+#include <QAbstractButton>
+
+namespace halyard {
+
+SideMenu::SideMenu(MenuSlide& slide)
+    : bar(BindPressed(slide.lblContents, Press::Bar)), menu(BindPlace(slide.FrameContents, "Menu")) {
+    bar->setParent(this);
+    bar->setVisible(slide.lblContents.Visible());
+    menu->setParent(this);
+    menu->setAutoFillBackground(true);
+    menu->setVisible(slide.FrameContents.Visible());
+    auto* column = new QVBoxLayout(menu);
+    column->setSpacing(10);
+    QAbstractButton* last = nullptr;
+    for (auto& label : slide.lblMenu) {
+        last = BindPressed(label, Press::Bar);
+        last->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        column->addWidget(last);
+        if (!first) first = last;
+    }
+    column->addStretch();
+    column->addWidget(BindPressed(slide.lblSite, Press::Link), 0, Qt::AlignHCenter);
+    // Who opens or closes it by keyboard goes on from there.
+    connect(bar, &QAbstractButton::clicked, first, [this] { first->setFocus(); });
+    connect(last, &QAbstractButton::clicked, bar, [this] { bar->setFocus(); });
+    setMinimumHeight(qMax(bar->sizeHint().height(), menu->sizeHint().height()));
+    setFixedWidth(bar->sizeHint().width());
+}
+
+int SideMenu::SlideTo(double part) {
+    const int closed = bar->sizeHint().width();
+    const int open = qMax(menu->sizeHint().width(), 2 * closed);
+    const int before = width();
+    setFixedWidth(closed + static_cast<int>((open - closed) * qBound(0.0, part, 1.0)));
+    return width() - before;
+}
+
+void SideMenu::Reach() {
+    if (bar->isVisible())
+        bar->click();
+    else
+        first->setFocus();
+}
+
+void SideMenu::resizeEvent(QResizeEvent*) {
+    bar->setGeometry(rect());
+    menu->setGeometry(0, 0, qMax(width(), menu->sizeHint().width()), height());
+}
+
+} // namespace halyard

@@ -1,0 +1,30 @@
+#pragma once
+
+// The right edge of the main window: the bar with the upright words, or the menu that slides in.
+
+#include <QWidget>
+
+class QAbstractButton;
+
+namespace halyard {
+
+class MenuSlide;
+
+class SideMenu : public QWidget {
+  public:
+    explicit SideMenu(MenuSlide& slide);
+    /// How far the menu is out, from 0 to 1. Returns by how many pixels the edge has become wider.
+    int SlideTo(double part);
+    /// Presses the bar, or when the menu is open moves to it.
+    void Reach();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QAbstractButton* bar;
+    QWidget* menu;
+    QWidget* first = nullptr; // of the menu's entries
+};
+
+} // namespace halyard
