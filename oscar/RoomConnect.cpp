@@ -92,20 +92,26 @@ void TillerSock::OpenRoom(int Index) {
     Chat.Add(room);
     for (const char* tag : {"ban", "msg", "msg1", "msg2", "msg3", "firstjoin", "ping", "unrate"})
         CreateTimer(tag);
+    AttachEjectList(*room);
+    SendServiceReady(Index, "00010002000000000001");
+    ClearService();
+}
+
+void TillerSock::AttachEjectList(Chats& room) const {
+    room.EjectListIndex = 0;
     std::int16_t position = 0;
     for (const auto& list : EjectLists) {
         ++position;
-        if (!list->IsOf(room->ChatName, room->Exchange)) continue;
-        room->EjectListIndex = position;
-        break;
+        if (!list->IsOf(room.ChatName, room.Exchange)) continue;
+        room.EjectListIndex = position;
+        return;
     }
-    SendServiceReady(Index, "00010002000000000001");
-    ClearService();
 }
 
 void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) {
     auto room = Room(static_cast<std::int16_t>(Index));
     if (!room) return;
+    const auto openedAs = room->ChatName;
     auto rest = Mid(strPacket, 19);
     std::size_t cookieLength = rest.empty() ? 0 : static_cast<unsigned char>(rest[0]);
     room->Cookie = Mid(rest, 2, cookieLength);
@@ -121,6 +127,8 @@ void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) 
             if (auto length = StrToWord(value)) AssignInt16(room->MaxMessageLength, *length);
         return true;
     });
+    // Another room may have been asked for in between: this one was opened under that one's name then.
+    if (NormalizeName(room->ChatName) != NormalizeName(openedAs)) AttachEjectList(*room);
     room->DetailLevel = 2; // whatever came
     room->ChatIndex = static_cast<std::int16_t>(Index);
     room->ServerIP = Sock.RemoteAddress(Index);

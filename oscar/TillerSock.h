@@ -164,6 +164,7 @@ class TillerSock : public RoomHost {
     void HandleNavigation(int Index, const std::string& strPacket);
     void SendRoomCreation();
     void OpenRoom(int Index);
+    void AttachEjectList(Chats& room) const;
     void HandleRoomInformation(int Index, const std::string& strPacket);
     void HandleNavigationError(const std::string& strPacket);
     void HandleJoinError(const std::string& strPacket);
