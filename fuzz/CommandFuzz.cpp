@@ -1,0 +1,24 @@
+// Lines said in the room. The first byte of a line says by whom: an op with all permissions, one with few, an
+// immune, a guest, the service, the operator's own box; digits let time pass instead.
+
+#include "fuzz/FuzzDesk.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace halyard;
+    fuzz::FuzzDesk desk;
+    desk.SignOnAndJoin();
+    desk.FillLists();
+    static const char* const speakers[] = {"Boss", "Mate", "Friend", "Some Guest", "OnlineHost", "100200"};
+    for (fuzz::Input input(data, size); !input.Empty();) {
+        auto who = input.Byte();
+        const std::string text(input.Line());
+        if (who == '!')
+            desk.window.Engine().InternalCommand(text);
+        else if (who >= '0' && who <= '9')
+            desk.world.RunFor(1000 * (who - '0') + 500);
+        else
+            desk.window.Engine().ChatMessage(1, speakers[who % 6], text);
+    }
+    desk.world.RunFor(30000);
+    return 0;
+}

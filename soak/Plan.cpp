@@ -1,0 +1,50 @@
+#include "soak/Plan.h"
+
+#include "base/Text.h"
+
+#include <cstdlib>
+
+namespace halyard {
+
+namespace {
+
+bool Assign(SoakPlan& plan, const std::string& word, double number, std::uint64_t whole) {
+    auto between = [&](int low, int high, int& field) {
+        if (number < low || number > high) return false;
+        field = static_cast<int>(number);
+        return true;
+    };
+    if (word == "--seed") return plan.seed = whole, true;
+    if (word == "--days") return plan.days = number, number > 0 && number <= 36600;
+    if (word == "--rooms") return between(1, 40, plan.rooms);
+    if (word == "--people") return between(1, 2000, plan.people);
+    if (word == "--faults") return between(0, 9, plan.faults);
+    if (word == "--journal") return between(0, 1, plan.journal);
+    if (word == "--lines") return between(1, 36000, plan.lines);
+    return false;
+}
+
+} // namespace
+
+std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
+    SoakPlan plan;
+    bool seed = false;
+    bool days = false;
+    for (std::size_t i = 0; i < words.size(); i += 2) {
+        if (i + 1 >= words.size() || !IsNumeric(words[i + 1])) return std::nullopt;
+        if (!Assign(plan, words[i], Val(words[i + 1]), std::strtoull(words[i + 1].c_str(), nullptr, 10)))
+            return std::nullopt;
+        seed = seed || words[i] == "--seed";
+        days = days || words[i] == "--days";
+    }
+    if (!seed || !days) return std::nullopt;
+    return plan;
+}
+
+std::string ReplayLine(const SoakPlan& plan) {
+    return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
+           " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
+           " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour());
+}
+
+} // namespace halyard

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace halyard {
+
+/// What a long run is told: everything else follows from the seed.
+struct SoakPlan {
+    std::uint64_t seed = 1;
+    double days = 1;
+    int rooms = 1;
+    int people = 20; ///< in all rooms together
+    int faults = 0;  ///< 0 (none) to 9
+    int journal = 0; ///< 1 writes down everything that happens
+    int lines = 0;   ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
+    int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
+};
+
+/// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]
+/// [--journal 0..1]". Nothing for words that make
+/// no sense or numbers out of their range; seed and days must be given.
+std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
+/// The command line that runs the plan again.
+std::string ReplayLine(const SoakPlan& plan);
+
+} // namespace halyard

@@ -1,0 +1,215 @@
+#include "soak/SoakRun.h"
+
+#include "base/Text.h"
+#include "commands/RoomByName.h"
+#include "state/EjectListFile.h"
+#include "state/Permissions.h"
+#include "state/SettingsReader.h"
+#include "state/SettingsWriter.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+namespace {
+
+constexpr std::int64_t second = 1000;
+constexpr std::int64_t minute = 60 * second;
+constexpr std::int64_t hour = 60 * minute;
+constexpr std::int64_t day = 24 * hour;
+
+// Of each hour with faults.
+constexpr std::int64_t faultTime = 35 * minute;
+
+/// How long the way back may take once nothing goes wrong any more: 75 s until a dead peer is noticed (a ping
+/// every 15 s, and 60 s of silence), as much for the main connection, two attempts to sign on, 60 s behind a
+/// rated join; and two attempts of 8 s for each room.
+std::int64_t WayBack(std::size_t rooms) {
+    return (75 + 75 + 30 + 60) * second + static_cast<std::int64_t>(rooms) * 16 * second;
+}
+
+PracticeOptions NetworkOptions(const SoakPlan& plan) {
+    PracticeOptions options;
+    options.maxPeople = plan.people + 10;
+    return options;
+}
+
+} // namespace
+
+SoakRun::SoakRun(const SoakPlan& plan)
+    : plan(plan), world(plan.seed), service(world), machine(world), network(service, NetworkOptions(plan)),
+      window(machine), town(world, network, plan), faults(world, machine, network, town.Rooms(), plan.faults),
+      invariants(world, machine, network, window, "harbourbot"), random(world.chance.Next()) {
+    network.onEvent = [this](const PracticeEvent& event) {
+        Absorb(std::to_string(event.milliseconds)), Absorb(event.room), Absorb(event.who), Absorb(event.what);
+        invariants.Happened(event);
+        if (onEvent) onEvent(event);
+    };
+    window.counters.lstActions.onInserted = [this](int index) {
+        NoteAction(window.counters.lstActions.List(index));
+    };
+    world.afterEvent = [this] { invariants.Check(); };
+}
+
+/// FNV-1a.
+void SoakRun::Absorb(std::string_view bytes) {
+    for (char byte : bytes) digest = (digest ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
+}
+
+std::string SoakRun::Digest() const {
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4) digits += "0123456789abcdef"[digest >> shift & 15U];
+    return digits;
+}
+
+std::string SoakRun::Violation() const {
+    if (invariants.Violation().empty()) return {};
+    auto at = violatedAt / second;
+    return "day " + std::to_string(at / 86400) + ", " + std::to_string(at / 3600 % 24) + ":" +
+           std::to_string(at / 60 % 60) + ":" + std::to_string(at % 60) + ": " + invariants.Violation();
+}
+
+bool SoakRun::RunFor(std::int64_t milliseconds) {
+    world.RunUntil([this] { return !invariants.Violation().empty(); }, milliseconds);
+    violatedAt = world.Now();
+    return invariants.Violation().empty();
+}
+
+bool SoakRun::Run() {
+    Arrive();
+    const auto end = static_cast<std::int64_t>(plan.days * static_cast<double>(day));
+    while (world.Now() < end && Hour()) machine.dialogs.shown.clear();
+    Absorb(SettingsText(window.options));
+    Absorb(std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
+    return invariants.Violation().empty();
+}
+
+void SoakRun::Arrive() {
+    network.Start();
+    window.Form_Load();
+    FillBoxes();
+    LookAfterLists();
+    window.Engine().Lists().AddAB("spam*", 0);
+    window.Engine().Lists().AddAW("d*mn", 0);
+    window.connection.cmdSignOn.Press();
+    RunFor(5 * second);
+    JoinAll();
+    town.Begin();
+}
+
+void SoakRun::FillBoxes() {
+    auto& boxes = window.options.Controls;
+    boxes.txtSN.SetText("Harbour Bot");
+    boxes.txtPW.SetText("secret");
+    for (auto* box : {&boxes.chkAutoLogin, &boxes.chkRejoinKick, &boxes.chkRejoinError, &boxes.chkAWOn,
+                      &boxes.chkAutoSave, &boxes.chkAutoSaveBans})
+        box->SetValue(1);
+    window.options.IMComsOn = true;
+    MarkTemplates(window.Control());
+}
+
+void SoakRun::JoinAll() {
+    for (const auto& room : town.Rooms()) {
+        if (network.IsInRoom(room, "harbourbot")) continue;
+        window.options.Controls.txtChat.SetText(room);
+        window.chats.cmdJoinChat.Press();
+        RunFor(5 * second);
+    }
+}
+
+/// One hour of the run. False once an invariant is broken.
+bool SoakRun::Hour() {
+    const auto end = world.Now() + hour;
+    if (plan.faults > 0) {
+        faults.Begin();
+        RunFor(faultTime / 2);
+        SaveAndLoad();
+        RunFor(faultTime - faultTime / 2);
+        faults.End();
+    } else {
+        SaveAndLoad();
+    }
+    if (!window.Control().LoggedOn() && !window.reconnection.Reconnecting) SignOnAgain();
+    town.SetRejoining(false);
+    if (!RunFor(WayBack(town.Rooms().size()))) return false;
+    JoinAgain();
+    invariants.RequireBack(town.Rooms());
+    violatedAt = world.Now();
+    town.SetRejoining(true);
+    LookAfterLists();
+    if (!RunFor(end - world.Now())) return false;
+    invariants.RequireNoGrowth(town.Rooms().size());
+    return invariants.Violation().empty();
+}
+
+/// A sign-off by the service (channel 4 on the main connection) ends everything without a word to the operator,
+/// and a sign-on that the service refuses ends the attempts of a bot that wasn't on line before: both are
+/// required. The operator has to see for themselves.
+void SoakRun::SignOnAgain() {
+    ++stepsIn;
+    window.connection.cmdSignOff.Press();
+    RunFor(second);
+    window.connection.cmdSignOn.Press();
+    RunFor(10 * second);
+    JoinAll();
+}
+
+void SoakRun::NoteAction(const std::string& action) {
+    if (onEvent) onEvent({world.Now(), "", "", action});
+    auto parts = Split(action, "'", 3);
+    if (parts.size() < 3) return;
+    auto room = NormalizeName(parts[1]);
+    if (parts[0] == "Left chat ") leftForGood.insert(room);
+    if (parts[0] == "Connection to chat " || parts[0] == "Joined chat ") leftForGood.erase(room);
+}
+
+/// A room that the command "rejoin" leaves is asked for once. When that goes wrong, or another room is asked for
+/// at the same time, nothing brings the bot back, since it left on request: required.
+void SoakRun::JoinAgain() {
+    for (const auto& room : town.Rooms()) {
+        if (!leftForGood.contains(room) || RoomByName(window.Control(), room)) continue;
+        ++stepsIn;
+        // A dead navigation service is noticed 60 s after it was asked.
+        for (int tries = 0; tries < 3 && !RoomByName(window.Control(), room); ++tries) {
+            window.options.Controls.txtChat.SetText(room);
+            window.chats.cmdJoinChat.Press();
+            world.RunUntil([&] { return network.IsInRoom(room, "harbourbot"); }, 80 * second);
+            RunFor(5 * second);
+        }
+    }
+}
+
+void SoakRun::LookAfterLists() {
+    auto& lists = window.Engine().Lists();
+    for (const auto& op : Town::Ops()) {
+        lists.AddOp(op, 0, FullPerms);
+        window.options.SetPerms(op, FullPerms);
+        lists.AddImm(op, 0);
+        lists.AddLockOp(op, 0);
+        lists.AddLockImm(op, 0);
+    }
+}
+
+void SoakRun::SaveAndLoad() {
+    auto folder = machine.disk.ProgramFolder();
+    switch (random.Between(0, 9)) {
+    case 0: WriteSettings(machine, window.options, folder, "run.hys"); break;
+    case 1: {
+        if (!WriteSettings(machine, window.options, folder, "run.hys")) break;
+        ReadSettings({machine, window.options, window.Engine().Lists(), [] {}}, folder, "run.hys");
+        FillBoxes(); // no file holds the password; and a file that could not be read leaves the defaults
+        break;
+    }
+    case 2: WriteEjectLists(machine, window.Control(), folder, "run.txt"); break;
+    case 3: {
+        auto& ejects = window.ejects;
+        machine.dialogs.AnswerText(folder + "/run.txt");
+        ejects.cmdLoadEjects.Press();
+        invariants.ListsLoaded(town.Rooms());
+        break;
+    }
+    default: break;
+    }
+}
+
+} // namespace halyard

@@ -1,0 +1,69 @@
+#pragma once
+
+// A long run: the whole bot without a window, the practice network, its people and its faults in one simulated
+// world. An operator sits at the desk who signs on, joins the rooms, looks after the lists once an hour, saves
+// and loads. The same plan gives the same digest.
+
+#include "practice/PracticeNetwork.h"
+#include "soak/Faults.h"
+#include "soak/Invariants.h"
+#include "soak/Plan.h"
+#include "soak/TapMachine.h"
+#include "soak/Town.h"
+#include "surface/frmMain.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace halyard {
+
+class SoakRun {
+  public:
+    explicit SoakRun(const SoakPlan& plan);
+
+    /// Everything that happens on the network and at the desk, as it happens.
+    PracticeListener onEvent;
+
+    /// True when all invariants held to the end.
+    bool Run();
+    /// Which one broke, and when; empty when none did.
+    std::string Violation() const;
+    /// Sixteen hex digits.
+    std::string Digest() const;
+    std::uint64_t Events() const { return world.clock.EventsRun(); }
+    int FaultCount() const { return faults.Count(); }
+    /// How often the operator had to sign on or join again for the bot (see SignOnAgain and JoinAgain).
+    int StepsIn() const { return stepsIn; }
+
+  private:
+    void Arrive();
+    bool Hour();
+    bool RunFor(std::int64_t milliseconds);
+    void LookAfterLists();
+    void SaveAndLoad();
+    void SignOnAgain();
+    void NoteAction(const std::string& action);
+    void JoinAgain();
+    void FillBoxes();
+    void JoinAll();
+    void Absorb(std::string_view bytes);
+
+    const SoakPlan plan;
+    SimWorld world;
+    SimPlatform service;
+    TapMachine machine;
+    PracticeNetwork network;
+    frmMain window;
+    Town town;
+    Faults faults;
+    Invariants invariants;
+    SimRandom random;
+    std::uint64_t digest = 0xCBF29CE484222325;
+    std::set<std::string> leftForGood; ///< rooms that the bot left by itself and has not come back to
+    int stepsIn = 0;
+    std::int64_t violatedAt = 0;
+};
+
+} // namespace halyard

@@ -1,0 +1,29 @@
+// Runs the whole bot through virtual days and says whether all invariants held. The last line is the digest.
+
+#include "soak/SoakRun.h"
+
+#include <iostream>
+
+int main(int count, char** words) {
+    using namespace halyard;
+    auto plan = ReadPlan({words + 1, words + count});
+    if (!plan) {
+        std::cerr
+            << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
+               " [--journal 0..1]\n"
+               "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
+        return 2;
+    }
+    SoakRun run(*plan);
+    if (plan->journal != 0)
+        run.onEvent = [](const PracticeEvent& event) {
+            std::cout << std::fixed << static_cast<double>(event.milliseconds) / 1000 << " " << event.room
+                      << " " << event.who << " " << event.what << "\n";
+        };
+    const bool held = run.Run();
+    std::cout << run.Events() << " events, " << run.FaultCount() << " faults, the operator stepped in "
+              << run.StepsIn() << " times\n";
+    if (!held) std::cout << "VIOLATION " << run.Violation() << "\nreplay: " << ReplayLine(*plan) << "\n";
+    std::cout << run.Digest() << "\n";
+    return held ? 0 : 1;
+}

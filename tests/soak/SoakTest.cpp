@@ -1,0 +1,107 @@
+// Short runs of the soak: they hold at every level of faults, and a seed repeats itself. The watches are shown
+// what they must not let pass.
+
+#include "soak/BanWatch.h"
+#include "soak/PacingWatch.h"
+#include "soak/Plan.h"
+#include "soak/SoakRun.h"
+
+#include <gtest/gtest.h>
+
+namespace halyard {
+
+namespace {
+
+SoakPlan Plan(std::uint64_t seed, double days, int faults, int rooms = 3) {
+    SoakPlan plan;
+    plan.seed = seed;
+    plan.days = days;
+    plan.rooms = rooms;
+    plan.people = 12 * rooms;
+    plan.faults = faults;
+    plan.lines = 300;
+    return plan;
+}
+
+TEST(Soak, HoldsAtEveryLevelOfFaults) {
+    for (int level = 0; level <= 9; ++level) {
+        auto plan = Plan(static_cast<std::uint64_t>(100 + level), 0.1, level);
+        SoakRun run(plan);
+        EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
+        EXPECT_EQ(run.FaultCount() > 0, level > 0);
+    }
+}
+
+TEST(Soak, SameSeedEndsOnTheSameDigest) {
+    auto digest = [](std::uint64_t seed) {
+        SoakRun run(Plan(seed, 0.1, 7));
+        run.Run();
+        return run.Digest();
+    };
+    auto first = digest(5);
+    EXPECT_EQ(digest(5), first);
+    EXPECT_NE(digest(6), first);
+}
+
+// A room that opens while another is asked for bears that one's name for a moment. Its bans once went to the
+// other's list.
+TEST(Soak, BansOfARoomThatOpenedUnderAnotherNameAreOnItsOwnList) {
+    auto plan = Plan(1035, 0.1, 5);
+    plan.people = 40;
+    SoakRun run(plan);
+    EXPECT_TRUE(run.Run()) << run.Violation();
+}
+
+TEST(Soak, PacingIsKeptByClassAndStay) {
+    PacingWatch watch;
+    EXPECT_TRUE(watch.Heard(1, "1~Banned: a", 1000));
+    EXPECT_TRUE(watch.Heard(1, "2~Autoban Level: all", 1000));
+    EXPECT_TRUE(watch.Heard(1, "joined", 1001));
+    EXPECT_TRUE(watch.Heard(2, "1~Banned: a", 1001));
+    EXPECT_TRUE(watch.Heard(1, "1~Banned: b", 9200));
+    EXPECT_FALSE(watch.Heard(1, "1~Banned: c", 17399));
+    EXPECT_FALSE(watch.Heard(1, "2~Ban Pause: 1", 9499));
+    EXPECT_TRUE(watch.Heard(1, "3~Status", 20000));
+    EXPECT_FALSE(watch.Heard(1, "Commands: op", 30999));
+    watch.Ended(1);
+    EXPECT_TRUE(watch.Heard(1, "1~Banned: d", 17400));
+}
+
+TEST(Soak, AReplyIsTakenOnceAndOnItsOwnStreamOnly) {
+    BanWatch watch;
+    watch.Sent(7, {"room1", "rowdy", 1, 0});
+    EXPECT_TRUE(watch.Waiting("room1"));
+    EXPECT_FALSE(watch.Replied(7, 2));
+    EXPECT_TRUE(watch.Replied(7, 1));
+    EXPECT_FALSE(watch.Replied(7, 1));
+    EXPECT_FALSE(watch.Waiting("room1"));
+
+    watch.Sent(8, {"room1", "rowdy", 1, 0});
+    watch.Ended(1);
+    EXPECT_FALSE(watch.Waiting("room1"));
+    EXPECT_TRUE(watch.Excused("room1", "rowdy"));
+    watch.Sent(9, {"room1", "rowdy", 2, 0});
+    EXPECT_TRUE(watch.Replied(9, 2));
+    EXPECT_FALSE(watch.Excused("room1", "rowdy"));
+}
+
+TEST(Soak, TheCommandLineIsReadAndWrittenBack) {
+    auto plan = ReadPlan({"--seed", "18446744073709551615", "--days", "0.5", "--rooms", "10", "--people",
+                          "200", "--faults", "9"});
+    ASSERT_TRUE(plan);
+    EXPECT_EQ(ReplayLine(*plan),
+              "halyard-soak --seed 18446744073709551615 --days 0.5 --rooms 10 --people 200 "
+              "--faults 9 --lines 1200");
+    const std::vector<std::vector<std::string>> wrong = {{},
+                                                         {"--seed", "1"},
+                                                         {"--seed", "1", "--days"},
+                                                         {"--seed", "1", "--days", "0"},
+                                                         {"--seed", "1", "--days", "1", "--faults", "10"},
+                                                         {"--seed", "x", "--days", "1"},
+                                                         {"--seed", "1", "--days", "1", "--what", "1"}};
+    for (const auto& words : wrong) EXPECT_FALSE(ReadPlan(words)) << words.size();
+}
+
+} // namespace
+
+} // namespace halyard
