@@ -60,18 +60,6 @@ TEST(Collection, PositionsCloseUpBehindARemoval) {
     EXPECT_EQ(texts.Position("key b"), 4);
 }
 
-TEST(Collection, RemovingTheFirstRepeatedlyEmptiesIt) {
-    auto texts = FiveLetters();
-    std::string order;
-    while (texts.Count() > 0) {
-        order += texts.Item(1);
-        EXPECT_TRUE(texts.Remove(1));
-    }
-    EXPECT_EQ(order, "abcde");
-    EXPECT_FALSE(texts.Remove(1));
-    EXPECT_TRUE(texts.Add("a", "key a"));
-}
-
 TEST(Collection, ACopyKeepsItsKeysWhenTheOriginalChanges) {
     auto texts = FiveLetters();
     auto copy = texts;

@@ -2,33 +2,13 @@
 
 #include "base/Latin1.h"
 #include "base/Text.h"
-#include "oscar/ModOscarFunctions.h"
 
 namespace halyard {
 
-namespace {
+static std::string Person(const std::string& name) { return MakeTLV("", 1, name) + std::string(4, '\0'); }
 
-constexpr int Port = 5190;
-
-std::string SnacFrame(const std::string& snac, const std::string& body) {
-    auto data = HexToStr(snac) + std::string(6, '\0') + body;
-    return "*" + ByteToStr(2) + WordToStr(0) + WordToStr(static_cast<long long>(data.size())) + data;
-}
-
-std::string Person(const std::string& name) { return MakeTLV("", 1, name) + std::string(4, '\0'); }
-
-} // namespace
-
-RoomScene::RoomScene() : server(service.NewServer()) {
-    world.network.faults.latencyMin = world.network.faults.latencyMax = 0;
-    server->onConnection = [this](std::unique_ptr<Socket> socket) {
-        auto connection = connections.size();
-        socket->onData = [this, connection](std::size_t) { Receive(connection); };
-        connections.push_back(std::move(socket));
-        buffers.emplace_back();
-    };
-    server->Listen("127.0.0.1", Port);
-    control.DefaultChatSends();
+RoomScene::RoomScene() {
+    SignOn();
     OpenRoom("Lobby");
     MakeOp("judge");
     Joins("judge");
@@ -38,24 +18,14 @@ RoomScene::RoomScene() : server(service.NewServer()) {
 }
 
 std::int16_t RoomScene::OpenRoom(const std::string& name, bool wait) {
-    control.JoinChat(name, 4, 0);
-    auto redirect = SnacFrame("00010005", MakeTLV("000D", 2, HexToStr("000E")) +
-                                              MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "cookie"));
-    control.ParsePacket(0, redirect);
-    world.RunFor(10);
-    int slot = control.Sockets().UpperBound();
-    auto rates = SnacFrame("00010007", "");
-    control.ParsePacket(slot, rates);
-    auto information = SnacFrame("000E0002", std::string(8, '\0') + MakeTLV("006A", 2, name) +
-                                                 MakeTLV("00D1", 2, WordToStr(2000)));
-    control.ParsePacket(slot, information);
+    Wire::OpenRoom(name);
     if (wait) world.RunFor(2500);
-    return static_cast<std::int16_t>(slot);
+    return static_cast<std::int16_t>(control.Sockets().UpperBound());
 }
 
 void RoomScene::Feed(int position, const std::string& snac, const std::string& body) {
-    auto frame = SnacFrame(snac, body);
-    control.ParsePacket(SlotAt(position), frame);
+    auto frame = Frame(snac + "000000000000" + Hex(body));
+    control.ParsePacket(Room(position).ChatIndex, frame);
     world.RunReady();
 }
 
@@ -70,8 +40,25 @@ void RoomScene::Says(const std::string& user, const std::string& text, int posit
 
 Lines RoomScene::Answers(const std::string& user, const std::string& text) {
     transcript.clear();
-    Says(user, text);
+    user.empty() ? Joins(text) : Says(user, text);
     return Taken();
+}
+
+void RoomScene::Play(const std::string& user, const std::string& script) {
+    for (const auto& step : Split(Replace(script, "; ", "\n"), "\n")) {
+        auto sides = Split(Split(step + " ", " #")[0], "->");
+        if (sides.size() < 2) continue;
+        Lines expected;
+        for (const auto& answer : Split(Trim(sides[1]), " | ")) {
+            auto number = static_cast<int>(Val(Split(answer, " ")[0]));
+            auto words = Split(answer, " ", 2);
+            words.resize(2);
+            auto marks = Split(words[1], "=");
+            marks.resize(3);
+            expected.push_back(number ? Send(number, marks[0], marks[1], marks[2]) : answer);
+        }
+        EXPECT_EQ(Answers(user, Trim(sides[0])), expected) << step;
+    }
 }
 
 Lines RoomScene::Taken() {
@@ -88,35 +75,16 @@ std::string RoomScene::Send(int number, const std::string& p, const std::string&
     return ToUtf8(Replace(Replace(Replace(control.ChatSends.Item(number), "%p", p), "%d", d), "%s", s));
 }
 
-void RoomScene::Receive(std::size_t connection) {
-    auto& buffer = buffers[connection];
-    buffer += connections[connection]->ReadAll();
-    while (buffer.size() >= 6) {
-        auto length = 6 + static_cast<std::size_t>(StrToWord(buffer.substr(4)).value_or(0));
-        if (buffer.size() < length) return;
-        auto frame = buffer.substr(0, length);
-        buffer.erase(0, length);
-        Note(connection, frame);
-    }
-}
-
-void RoomScene::Note(std::size_t connection, const std::string& frame) {
-    auto snac = StrToHex(Mid(frame, 7, 4));
-    auto body = Mid(frame, 17);
-    Collection<std::string> parts;
-    if (snac == "000E0005") {
-        body = Mid(body, 11);
-        ParseTLVs(body, parts);
-        auto message = parts.Item(6);
-        parts.Clear();
-        ParseTLVs(message, parts);
-        transcript.push_back(ToUtf8(parts.Item(6)));
-    } else if (snac == "000E0024" || snac == "000E0025") {
-        ParseTLVs(body, parts);
-        transcript.push_back((snac == "000E0024" ? "ban " : "unban ") + parts.Item(2));
-        auto reply = SnacFrame("000E0001", std::string(2, '\0'));
-        reply.replace(14, 2, Mid(frame, 15, 2)); // the request id
-        if (confirmBans) connections[connection]->Send(reply);
+void RoomScene::Arrived(Peer& peer) {
+    for (const auto& frame : peer.Take()) {
+        auto asked = AskedOf(frame);
+        auto words = Split(asked, " ", 3);
+        if (frame.starts_with("2 000E0005")) {
+            transcript.push_back(ToUtf8(asked));
+        } else if (words.size() == 3) {
+            transcript.push_back(words[0] + " " + words[2]);
+            if (confirmBans) peer.Send("000E000100000000" + Hex(WordToStr(std::stoi(words[1]))) + "0000");
+        }
     }
 }
 

@@ -6,31 +6,17 @@
 
 #include "commands/CommandEngine.h"
 #include "commands/CommandHost.h"
-#include "oscar/TillerSock.h"
-#include "platform/sim/SimPlatform.h"
 #include "state/Counters.h"
 #include "state/Options.h"
-
-#include <gtest/gtest.h>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
+#include "tests/oscar/Wire.h"
 
 namespace halyard {
 
-using Lines = std::vector<std::string>;
-
-class RoomScene : public ::testing::Test, public TillerEvents, public MainWindowLink, public CommandHost {
+class RoomScene : public Wire, public CommandHost {
   protected:
     /// Room "Lobby" at position 1, with "judge" (every permission) and "bob" in it, past its first-join time.
     RoomScene();
 
-    SimWorld world;
-    SimPlatform bot{world};
-    SimPlatform service{world};
-    OscarSettings settings;
-    TillerSock control{bot, settings, *this, *this};
     Options options{bot, control, settings};
     Counters counters{options, control};
     CommandEngine engine{options, control, counters, *this, bot.dialogs};
@@ -45,23 +31,25 @@ class RoomScene : public ::testing::Test, public TillerEvents, public MainWindow
     void Joins(const std::string& user, int position = 1);
     void Leaves(const std::string& user, int position = 1);
     void Says(const std::string& user, const std::string& text, int position = 1);
-    /// What the bot does within the 30 seconds after a line.
+    /// What the bot does within the 30 seconds after a line, or after a join when `user` is empty.
     Lines Answers(const std::string& user, const std::string& text);
+    /// Plays "line -> answer | answer # why", one a line or apart by "; ", as said by the user (or who joins,
+    /// when `user` is empty). An answer that begins with a number is that chatsend, its marks filled in:
+    /// "37 bob=1" is Send(37, "bob", "1").
+    void Play(const std::string& user, const std::string& script);
+    void Judge(const std::string& script) { Play("Judge", script); }
     /// What was written down since the last asking, 30 seconds having passed.
     Lines Taken();
     void MakeOp(const std::string& name, const std::string& strPerms = FullPerms);
+    void Immune(const std::string& name) { options.Immunes.Add(name, name); }
     /// A chatsend with its marks filled in.
     std::string Send(int number, const std::string& p = "", const std::string& d = "",
                      const std::string& s = "");
-    std::int16_t SlotAt(int position = 1) { return control.Chat.Item(position)->ChatIndex; }
     Chats& Room(int position = 1) { return *control.Chat.Item(position); }
-    /// Number 10 of the counters.
-    double TotalCommands() { return counters.Kept(10); }
 
   private:
     void Feed(int position, const std::string& snac, const std::string& body);
-    void Receive(std::size_t connection);
-    void Note(std::size_t connection, const std::string& frame);
+    void Arrived(Peer& peer) override;
 
     void ChatMessage(std::int16_t index, Text user, Text text) override {
         engine.ChatMessage(index, user, text);
@@ -72,10 +60,6 @@ class RoomScene : public ::testing::Test, public TillerEvents, public MainWindow
     void LeftChat(Text name, std::int16_t, std::int16_t, std::int16_t, Text type) override {
         transcript.push_back("left " + name + " " + type);
     }
-    bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
-    void Rated(int, Text) override {}
-    void Unrated(int, Text, std::int16_t) override {}
 
     void ConsoleMessage(std::int16_t, Text user, Text text) override { told.push_back(user + ": " + text); }
     void AddConsoleUser(std::int16_t, Text user) override { told.push_back("+" + user); }
@@ -84,10 +68,6 @@ class RoomScene : public ::testing::Test, public TillerEvents, public MainWindow
     void LockAdded(LockKind, Text name) override { told.push_back("lock " + name); }
     void LockRemoved(LockKind, Text name) override { told.push_back("unlock " + name); }
     void SetUserInfoTimer(bool enabled) override { told.push_back(enabled ? "timer on" : "timer off"); }
-
-    std::unique_ptr<SocketServer> server;
-    std::vector<std::unique_ptr<Socket>> connections;
-    std::vector<std::string> buffers;
 };
 
 } // namespace halyard

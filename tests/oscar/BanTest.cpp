@@ -14,21 +14,14 @@ class BanWire : public Wire {
     }
     /// Answers the last request with this body; the lines said and the requests made since.
     void Reply(int id, const std::string& hexBody = "0000") {
-        room->Send("000E000100000000" + Hex(WordToStr(id)) + hexBody);
-        Settle();
+        Answer(*room, "000E000100000000" + Hex(WordToStr(id)) + hexBody);
     }
     /// What was sent: "ban id name", "unban id name", or the text of a line.
     Lines Sent() {
         Settle();
         Lines lines;
-        for (const auto& frame : room->Take()) {
-            auto bytes = HexToStr(frame.substr(2));
-            auto key = SnacKey(bytes);
-            auto id = std::to_string(StrToWord(Mid(bytes, 9, 2)).value_or(0));
-            if (key == "000E0024") lines.push_back("ban " + id + " " + Mid(bytes, 15));
-            if (key == "000E0025") lines.push_back("unban " + id + " " + Mid(bytes, 15));
-            if (key == "000E0005") lines.push_back(bytes.substr(bytes.find("\xAB")));
-        }
+        for (const auto& frame : room->Take())
+            if (auto asked = AskedOf(frame); !asked.empty()) lines.push_back(asked);
         return lines;
     }
     Peer* room = nullptr;
@@ -37,27 +30,19 @@ class BanWire : public Wire {
 } // namespace
 
 TEST_F(BanWire, EveryKindOfReplyDoesWhatItsKindSays) {
-    struct Case {
-        const char* type;
-        const char* said;
-        bool ejects;
-    };
     control.sngBanPause = 0.001F;
     int id = 1;
-    for (const auto& [type, said, ejects] : std::vector<Case>{
-             {"ban", "\xAB Banned: bob, Bans: 1 \xBB", true},
-             {"gban", "\xAB Gbanned: bob, Bans: 1 \xBB", true},
-             {"ab", "\xAB Auto Banned: bob, matches: why, Bans: 1 \xBB", true},
-             {"aw", "\xAB Word Banned: bob, matches: why, Bans: 1 \xBB", true},
-             {"autogban", "", true},
-             {"char", "\xAB Char Banned: bob, Bans: 1 \xBB", true},
-             {"icq", "\xAB ICQ Banned: bob, Bans: 1 \xBB", true},
-             {"nonsense", "", false},
-         }) {
+    using Case = std::tuple<const char*, std::string, bool>;
+    for (const auto& [type, said, ejects] :
+         {Case{"ban", "Banned: bob, Bans: 1", true}, Case{"gban", "Gbanned: bob, Bans: 1", true},
+          Case{"ab", "Auto Banned: bob, matches: why, Bans: 1", true},
+          Case{"aw", "Word Banned: bob, matches: why, Bans: 1", true}, Case{"autogban", "", true},
+          Case{"char", "Char Banned: bob, Bans: 1", true}, Case{"icq", "ICQ Banned: bob, Bans: 1", true},
+          Case{"nonsense", "", false}}) {
         control.BanUser("bob", type, 1, "why");
         EXPECT_EQ(Sent(), (Lines{"ban " + std::to_string(id) + " bob"})) << type;
         Reply(id);
-        EXPECT_EQ(Sent(), said[0] != '\0' ? Lines{said} : Lines{}) << type;
+        EXPECT_EQ(Sent(), said.empty() ? Lines{} : Lines{"\xAB " + said + " \xBB"}) << type;
         EXPECT_EQ(control.RequestIDs.Count(), 0U);
         EXPECT_EQ(control.GetEjectList("DEN", 1).Count(), ejects ? 1U : 0U) << type;
         world.RunFor(20000);
@@ -83,23 +68,18 @@ TEST_F(BanWire, AKickIsABanAndAnUnbanAndLeavesNoTrace) {
 }
 
 TEST_F(BanWire, RefusalsAreTold) {
-    control.BanUser("bob", "ban", 1);
-    Reply(1, "0008"
-             "0004"
-             "00000048");
-    EXPECT_EQ(Sent(), (Lines{"ban 1 bob", "\xAB Error: Ownership not acquired \xBB"}));
-    world.RunFor(12000);
-    control.UnbanUser("ann", "unban", 1);
-    Reply(2, "0008"
-             "0004"
-             "00000049");
-    EXPECT_EQ(Sent(), (Lines{"unban 2 ann", "\xAB Error: Cannot ban room owner \xBB"}));
-    world.RunFor(12000);
-    control.BanUser("cy", "ban", 1);
-    Reply(3, "0008"
-             "0004"
-             "00000050");
-    EXPECT_EQ(Sent(), (Lines{"ban 3 cy"}));
+    const std::tuple<const char*, const char*, Lines> cases[] = {
+        {"ban", "48", {"\xAB Error: Ownership not acquired \xBB"}},
+        {"unban", "49", {"\xAB Error: Cannot ban room owner \xBB"}},
+        {"ban", "50", {}}};
+    int id = 0;
+    for (const auto& [type, word, told] : cases) {
+        type == std::string("ban") ? control.BanUser("bob", type, 1) : control.UnbanUser("bob", type, 1);
+        EXPECT_EQ(Sent(), Lines{type + (" " + std::to_string(++id)) + " bob"});
+        Reply(id, std::string("00080004000000") + word);
+        EXPECT_EQ(Sent(), told);
+        world.RunFor(12000);
+    }
     EXPECT_EQ(control.RequestIDs.Count(), 0U);
     EXPECT_EQ(control.EjectLists.Count(), 0U);
 }
@@ -117,9 +97,7 @@ TEST_F(BanWire, IdsAreSpentByQueuedBansTooAndWrapBehind65535) {
     control.CloseChat(0);
     control.CloseChat(1);
     Settle();
-    EXPECT_EQ(room->Take(), (Lines{"2 000E0023000000000023"
-                                   "00230004" +
-                                   Hex("Chat")}));
+    EXPECT_EQ(room->Take(), (Lines{"2 000E002300000000002300230004" + Hex("Chat")}));
 }
 
 TEST_F(BanWire, ATimeBanOfOneMinuteLiftsItselfAfter62Seconds) {
@@ -159,40 +137,25 @@ TEST_F(BanWire, AListOutlivesItsRoomAndStaysOfItsExchange) {
 TEST_F(BanWire, PeopleOnBos) {
     auto& bos = *peers[1];
     bos.Send(
-        "00040007000000000000"
-        "0000000000000000"
-        "0001" +
-        Hex(MakeTLV("", 1, "Ann") +
-            HexToStr("0000"
-                     "0001"
-                     "000100020010") +
+        "0004000700000000000000000000000000000001" +
+        Hex(MakeTLV("", 1, "Ann") + HexToStr("00000001000100020010") +
             MakeTLV("0002", 2,
                     MakeTLV("0501", 2, "\x01") + MakeTLV("0101", 2, HexToStr("00000000") + "<B>hi</B>"))));
-    bos.Send("00040007000000000000"
-             "0000000000000000"
-             "0002"
-             "03416E6E"); // another channel
+    bos.Send("000400070000000000000000000000000000000203416E6E"); // another channel
     bos.Send("00020006000000000000" +
              Hex(MakeTLV("", 1, "Ann") + WordToStr(105) + WordToStr(3) + MakeTLV("0001", 2, WordToStr(16)) +
                  MakeTLV("000F", 2, LongToStr(150)) + MakeTLV("0003", 2, LongToStr(1000)) +
                  MakeTLV("0001", 2, "text/plain") + MakeTLV("0002", 2, "me")));
-    bos.Send("00040001000000000000"
-             "0004");
-    bos.Send("00040001000000000000"
-             "0005");
-    Settle();
+    bos.Send("000400010000000000000004");
+    Answer(bos, "000400010000000000000005");
     EXPECT_EQ(events.Take(),
               (Lines{"InstantMessage|Ann|hi|1", "IncomingUserInfo|Ann|10|2|1000|16|text/plain|me",
                      "Error|User not available|4|0|0004"}));
     control.GettingUserInfo = true;
     control.strUserInfo = "Zed";
-    bos.Send("00020001000000000000"
-             "0005");
-    Settle();
+    Answer(bos, "000200010000000000000005");
     EXPECT_TRUE(control.GettingUserInfo);
-    bos.Send("00020001000000000000"
-             "0004");
-    Settle();
+    Answer(bos, "000200010000000000000004");
     EXPECT_FALSE(control.GettingUserInfo);
     EXPECT_EQ(Sent(), (Lines{"\xAB User Info: Zed --- Buddy info not available \xBB"}));
 
@@ -201,21 +164,11 @@ TEST_F(BanWire, PeopleOnBos) {
     control.GetUserInfo("Ann");
     control.SetPrivacy(1, 4);
     Settle();
-    EXPECT_EQ(bos.Take(), (Lines{"2 0004000600000000000400000000000000010001"
-                                 "03416E6E"
-                                 "00020011"
-                                 "05010003010102"
-                                 "01010006"
-                                 "00000000796F",
-                                 "2 00020015000000000015"
-                                 "00000000"
-                                 "03416E6E",
-                                 "2 0013000900000000000900000000"
-                                 "0000"
-                                 "0004"
-                                 "000D"
-                                 "00CA000101"
-                                 "00CB000400000004"}));
+    EXPECT_EQ(
+        bos.Take(),
+        (Lines{"2 000400060000000000040000000000000001000103416E6E00020011050100030101020101000600000000796F",
+               "2 000200150000000000150000000003416E6E",
+               "2 001300090000000000090000000000000004000D00CA00010100CB000400000004"}));
 }
 
 } // namespace halyard

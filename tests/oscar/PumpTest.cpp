@@ -6,9 +6,7 @@ namespace halyard {
 
 namespace {
 std::string Line(const std::string& text) {
-    return Frame("000E0006000000000000"
-                 "0000000000000000"
-                 "0003" +
+    return Frame("000E000600000000000000000000000000000003" +
                  Hex(MakeTLV("0003", 2, MakeTLV("", 1, "Ann") + HexToStr("00000000")) +
                      MakeTLV("0005", 2, MakeTLV("0001", 2, text))));
 }
@@ -69,22 +67,20 @@ TEST_F(Wire, NoRandomFrameDoesHarm) {
     SignOn();
     OpenRoom();
     SimRandom chance(99);
-    const std::vector<std::string> heads{"00010005", "00130006", "000E0002", "000E0003", "000E0004",
-                                         "000E0006", "000E0001", "000E0030", "0001000A", "00040007",
-                                         "00020006", "000D0009", "000D0001", "00010001", "00010012",
-                                         "00170003", "00170007", "00040005"};
+    auto heads =
+        Split("00010005 00130006 000E0002 000E0003 000E0004 000E0006 000E0001 000E0030 0001000A 00040007 "
+              "00020006 000D0009 000D0001 00010001 00010012 00170003 00170007 00040005",
+              " ");
     for (int n = 0; n < 4000; ++n) {
         std::string body;
         for (auto left = chance.Between(0, 40); left > 0; --left)
-            body += ByteToStr(chance.Between(0, 3) > 0 ? chance.Between(0, 4) : chance.Between(0, 255));
-        auto head =
-            heads[static_cast<std::size_t>(chance.Between(0, static_cast<std::int64_t>(heads.size()) - 1))];
-        auto frame = Frame(head + (n % 3 == 0 ? "8000" : "0000") + "00000000" + Hex(body));
+            body += ByteToStr(chance.Between(0, chance.Between(0, 3) > 0 ? 4 : 255));
+        auto head = heads[chance.Next() % heads.size()] + (n % 3 == 0 ? "8000" : "0000");
+        auto frame = Frame(head + "00000000" + Hex(body));
         control.ParsePacket(static_cast<int>(chance.Between(0, 3)), frame);
         if (n % 50 == 0) world.RunFor(100);
     }
     EXPECT_LE(control.Sockets().UpperBound(), 50);
-    EXPECT_LE(control.Chat.Count(), 50U);
 }
 
 } // namespace halyard

@@ -12,39 +12,29 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
     auto& navigation = Redirect("000D");
     EXPECT_EQ(navigation.Take(),
               (Lines{"2 0001000800000000000800010002000300040005", "2 000D0002000000000002"}));
-    navigation.Send("000D0009000000000000");
-    Settle();
+    Answer(navigation, "000D0009000000000000");
     const auto create =
-        "2 000D00080000000000080004"
-        "06" +
-        Hex("create") +
-        "0000"
-        "010003" +
+        "2 000D0008000000000008000406" + Hex("create") + "0000010003" +
         Hex(MakeTLV("00D6", 2, "us-ascii") + MakeTLV("00D3", 2, "Den") + MakeTLV("00D7", 2, "en"));
-    EXPECT_EQ(navigation.Take(), (Lines{"2 0001000200000000000100010004001008E5000D0001001008E5"
-                                        "00010004001008E5000E0001001008E5",
-                                        create}));
+    EXPECT_EQ(navigation.Take(),
+              (Lines{"2 0001000200000000000100010004001008E5000D0001001008E500010004001008E5000E0001001008E5",
+                     create}));
     EXPECT_EQ(control.Sockets().Tag(1), "[Chat_Navigation]connected");
-    navigation.Send(
+    Answer(
+        navigation,
         "000D0009000000000000" +
-        Hex(MakeTLV("0004", 2, HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0000020000"))));
-    Settle();
-    EXPECT_EQ(bos.Take(), (Lines{"2 00010004000000000001000E"
-                                 "0001000C"
-                                 "0004"
-                                 "07" +
-                                 Hex("4-0-Den") + "0000"}));
+            Hex(MakeTLV("0004", 2, HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0000020000"))));
+    EXPECT_EQ(bos.Take(), (Lines{"2 00010004000000000001000E0001000C000407" + Hex("4-0-Den") + "0000"}));
     auto& room = Redirect("000E");
     EXPECT_EQ(room.Take(), (Lines{"2 0001000800000000000800010002000300040005",
                                   "2 0001000200000000000100010004001008E5000E0001001008E5"}));
     ASSERT_EQ(control.Chat.Count(), 1U);
     EXPECT_TRUE(control.Room(2)->JoinTimerEnabled()) << "the window starts before the information";
     events.Take();
-    room.Send("000E0002000000000000" +
-              Hex(HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0003010005") +
-                  MakeTLV("006A", 2, "Den") + MakeTLV("00D1", 2, WordToStr(2000)) +
-                  MakeTLV("00D2", 2, WordToStr(306))));
-    Settle();
+    Answer(room, "000E0002000000000000" +
+                     Hex(HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0003010005") +
+                         MakeTLV("006A", 2, "Den") + MakeTLV("00D1", 2, WordToStr(2000)) +
+                         MakeTLV("00D2", 2, WordToStr(306))));
     EXPECT_EQ(events.Take(), (Lines{"JoinedChat|Den|4|3|2|50|2000|127.0.0.1|2"}));
     control.JoinChat("Other", 5, 0);
     Settle();
@@ -56,12 +46,9 @@ TEST_F(Wire, LinesKeepTheirHtmlAndTheLastEncodingHolds) {
     SignOn();
     auto& room = OpenRoom();
     auto say = [&](const std::string& inner) {
-        room.Send("000E0006000000000000"
-                  "0000000000000000"
-                  "0003" +
-                  Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
-                      MakeTLV("0005", 2, inner)));
-        Settle();
+        Answer(room, "000E000600000000000000000000000000000003" +
+                         Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
+                             MakeTLV("0005", 2, inner)));
         return events.Take();
     };
     EXPECT_EQ(say(MakeTLV("0001", 2, "<B>hi")), (Lines{"ChatMessage|1|A nn|<B>hi"}));
@@ -76,24 +63,18 @@ TEST_F(Wire, PeopleComeAndGoAndTheOwnerCountsOnlyAtFirst) {
     SignOn();
     auto& room = OpenRoom();
     auto person = [](const std::string& name) {
-        return Hex(MakeTLV("", 1, name) +
-                   HexToStr("0000"
-                            "0001") +
-                   MakeTLV("0001", 2, "xx"));
+        return Hex(MakeTLV("", 1, name) + HexToStr("00000001") + MakeTLV("0001", 2, "xx"));
     };
     room.Send("000E0030000000000000" + Hex("Bot"));
     room.Send("000E0003000000000000" + person("Some User") + person("someuser") + person("Bo"));
-    room.Send("000E0004000000000000" + person("B o"));
-    Settle();
+    Answer(room, "000E0004000000000000" + person("B o"));
     EXPECT_EQ(events.Take(),
               (Lines{"UpdatedStats|#ofownedchats", "UserJoinedChat|1|Some User", "UserJoinedChat|1|someuser",
                      "UserJoinedChat|1|Bo", "UserLeftChat|1|B o"}));
     EXPECT_EQ(control.Room(1)->PeopleHere.Count(), 1U);
     world.RunFor(2500);
     room.Send("000E0030000000000000" + Hex("Eve"));
-    room.Send("000E0003000000000000"
-              "05416E"
-              "FF"); // lies about its lengths
+    room.Send("000E000300000000000005416EFF"); // lies about its lengths
     Settle();
     EXPECT_FALSE(control.Room(1)->IsOwner());
     EXPECT_EQ(control.Room(1)->GetOwner(), "Eve");
@@ -113,11 +94,7 @@ TEST_F(Wire, LinesOverTheRoomsCapsAreReplaced) {
     Settle();
     auto said = room.Take();
     ASSERT_EQ(said.size(), 3U);
-    EXPECT_EQ(said[0].substr(0, 54), "2 000E0005000000000005000000000000"
-                                     "0000"
-                                     "0003"
-                                     "00010000"
-                                     "0006");
+    EXPECT_EQ(said[0].substr(0, 54), "2 000E000500000000000500000000000000000003000100000006");
     EXPECT_EQ(text(said[0]), "<F>" + std::string(232, 'x'));
     EXPECT_EQ(text(said[1]),
               "<F>" + Replace(control.ChatSends.Item(120), "%d",
@@ -146,8 +123,7 @@ TEST_F(Wire, ALostRoomAndALeftRoom) {
     auto& bos = SignOn();
     auto& first = OpenRoom("One");
     OpenRoom("Two");
-    first.Send("", 4);
-    Settle();
+    Answer(first, "", 4);
     EXPECT_EQ(events.Take(), (Lines{"LeftChat|One|4|0|1|error"}));
     EXPECT_EQ(control.GetChatIndex(2), 1) << "the position moves up, the slot stays";
     peers[3]->socket->Close();
@@ -181,30 +157,20 @@ TEST_F(Wire, TimersOfRoomsThatAResetDropsAreFreeAgain) {
 TEST_F(Wire, JoinErrorsByTheirWords) {
     auto& bos = SignOn();
     auto error = [&](const std::string& flags, const std::string& prefix, const std::string& word) {
-        bos.Send("00010001" + flags + "00000000" + prefix + "0018" + Hex(MakeTLV("0008", 2, HexToStr(word))));
-        Settle();
+        Answer(bos,
+               "00010001" + flags + "00000000" + prefix + "0018" + Hex(MakeTLV("0008", 2, HexToStr(word))));
         return events.Take();
     };
-    EXPECT_EQ(error("0000", "", "004A"), (Lines{"Error|Join chat failed, ejected.|74|0|0018"}));
-    EXPECT_EQ(error("0000", "", "0018"), (Lines{"Error|Join chat failed, full.|24|0|0018"}));
-    EXPECT_EQ(error("0000", "", "0007"), (Lines{"Error|Unknown Error.|7|0|0018"}));
-    EXPECT_EQ(error("8000",
-                    "0006"
-                    "AABBCCDDEEFF"
-                    "11",
-                    "0030"),
-              (Lines{"Error|Join chat failed, rated.|48|0|0018"}));
-    bos.Send("00010001000000000000"
-             "0004"
-             "000100020008");
-    Settle();
+    for (const auto& [word, text] : {std::pair{"004A", "Join chat failed, ejected.|74"},
+                                     {"0018", "Join chat failed, full.|24"},
+                                     {"0007", "Unknown Error.|7"}})
+        EXPECT_EQ(error("0000", "", word), Lines{"Error|" + std::string(text) + "|0|0018"});
+    EXPECT_EQ(error("8000", "0006AABBCCDDEEFF11", "0030"), Lines{"Error|Join chat failed, rated.|48|0|0018"});
+    Answer(bos, "000100010000000000000004000100020008");
     EXPECT_EQ(events.Take(), Lines{});
     control.JoinChat("Den", 4, 0);
     auto& navigation = Redirect("000D");
-    navigation.Send("000D0001000000000000"
-                    "0005" +
-                    Hex(MakeTLV("0008", 2, HexToStr("0033"))));
-    Settle();
+    Answer(navigation, "000D00010000000000000005" + Hex(MakeTLV("0008", 2, HexToStr("0033"))));
     EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, invalid chat name.|51|0|0005"}));
 }
 

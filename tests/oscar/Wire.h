@@ -3,6 +3,7 @@
 // The control on a simulated network whose other end is scripted frame by frame: what was sent is read as
 // text "channel hex", what is answered is written the same way.
 
+#include "base/Text.h"
 #include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
 #include "platform/sim/SimPlatform.h"
@@ -86,6 +87,22 @@ inline std::string Frame(const std::string& hexBody, int channel = 2) {
 }
 inline std::string Hex(const std::string& bytes) { return StrToHex(bytes); }
 
+/// What a frame as Take writes it says in a room: "ban id name", "unban id name", or a line's text.
+inline std::string AskedOf(const std::string& frame) {
+    auto bytes = HexToStr(frame.substr(2));
+    auto key = SnacKey(bytes);
+    auto who = std::to_string(StrToWord(Mid(bytes, 9, 2)).value_or(0)) + " " + Mid(bytes, 15);
+    if (key == "000E0024") return "ban " + who;
+    if (key == "000E0025") return "unban " + who;
+    if (key != "000E0005") return "";
+    Collection<std::string> parts, message;
+    auto body = Mid(bytes, 21); // behind the cookie and the channel
+    ParseTLVs(body, parts);
+    body = parts.Item(6);
+    ParseTLVs(body, message);
+    return message.Item(6);
+}
+
 /// The service's end of one connection.
 struct Peer {
     std::unique_ptr<Socket> socket;
@@ -104,21 +121,22 @@ struct Peer {
     }
 };
 
-class Wire : public ::testing::Test {
+class Wire : public ::testing::Test, public EventLog {
   protected:
     SimWorld world{7};
     SimPlatform bot{world}, service{world};
     OscarSettings settings;
-    EventLog events;
-    TillerSock control{bot, settings, events, events};
+    EventLog& events = *this;
+    TillerSock control{bot, settings, *this, *this};
     std::unique_ptr<SocketServer> server = service.NewServer();
     std::vector<std::shared_ptr<Peer>> peers; // in the order in which they came
 
     Wire() {
         server->onConnection = [this](std::unique_ptr<Socket> socket) {
             auto peer = std::make_shared<Peer>(Peer{std::move(socket), {}});
-            peer->socket->onData = [raw = peer.get()](std::size_t) {
+            peer->socket->onData = [this, raw = peer.get()](std::size_t) {
                 raw->received += raw->socket->ReadAll();
+                Arrived(*raw);
             };
             peers.push_back(peer);
         };
@@ -127,10 +145,13 @@ class Wire : public ::testing::Test {
         control.CreateTimer("tban");
     }
 
+    /// Sees what has come before a test takes it.
+    virtual void Arrived(Peer&) {}
     void Settle() { world.RunFor(50); }
     Peer& Last() { return *peers.back(); }
-    void Answer(const std::string& hexBody, int channel = 2) {
-        Last().Send(hexBody, channel);
+    void Answer(const std::string& hexBody, int channel = 2) { Answer(Last(), hexBody, channel); }
+    void Answer(Peer& from, const std::string& hexBody, int channel = 2) {
+        from.Send(hexBody, channel);
         Settle();
     }
     /// Signs on by the roasted dialogue, up to LoggedIn on the second connection.
@@ -163,11 +184,10 @@ class Wire : public ::testing::Test {
     Peer& OpenRoom(const std::string& name = "Den", int maxLength = 2000) {
         control.JoinChat(name, 4, 0);
         auto& room = Redirect("000E");
-        room.Send("000E0002000000000000" +
-                  Hex(WordToStr(4) + MakeTLV("", 1, "4-0-" + name) + WordToStr(0) + HexToStr("020003") +
-                      MakeTLV("006A", 2, name) + MakeTLV("00D1", 2, WordToStr(maxLength)) +
-                      MakeTLV("00D2", 2, WordToStr(50))));
-        Settle();
+        Answer(room, "000E0002000000000000" +
+                         Hex(WordToStr(4) + MakeTLV("", 1, "4-0-" + name) + WordToStr(0) +
+                             HexToStr("020003") + MakeTLV("006A", 2, name) +
+                             MakeTLV("00D1", 2, WordToStr(maxLength)) + MakeTLV("00D2", 2, WordToStr(50))));
         room.Take();
         peers[1]->Take();
         events.Take();

@@ -31,7 +31,7 @@ TEST_F(ListBoxes, TheSelectionFollowsItsLineAndGoesWithIt) {
     list.Select(2);
     EXPECT_TRUE(list.RemoveItem(3));
     EXPECT_EQ(list.ListIndex(), 2);
-    EXPECT_TRUE(list.RemoveItem(0));
+    EXPECT_TRUE(list.RemoveItem(1)); // the line before it
     EXPECT_EQ(list.ListIndex(), 1);
     EXPECT_EQ(list.Text(), "cid");
     EXPECT_TRUE(list.RemoveItem(1));
@@ -39,7 +39,7 @@ TEST_F(ListBoxes, TheSelectionFollowsItsLineAndGoesWithIt) {
     EXPECT_FALSE(list.RemoveItem(1));
     EXPECT_FALSE(list.RemoveItem(-1));
     EXPECT_EQ(list.ListCount(), 1);
-    EXPECT_EQ(list.List(0), "bob");
+    EXPECT_EQ(list.List(0), "ann");
     EXPECT_EQ(clicks, 1) << "only Select clicks";
 }
 

@@ -33,12 +33,10 @@ TEST(Sockets, BytesThenTheEndArriveInOrderAfterTheLatency) {
 TEST(Sockets, ReportsNothingBelowTheLowWaterMarkUntilTheEnd) {
     Pair pair;
     pair.near.socket->SetLowWaterMark(6);
-    pair.far.socket->Send("1234");
-    pair.world.RunFor(5);
-    pair.far.socket->Send("567");
-    pair.world.RunFor(5);
-    pair.far.socket->Send("890");
-    pair.world.RunFor(5);
+    for (const char* piece : {"1234", "567", "890"}) {
+        pair.far.socket->Send(piece);
+        pair.world.RunFor(5);
+    }
     EXPECT_EQ(pair.near.log, (Log{"7 data 7"}));
     pair.near.socket->SetLowWaterMark(3); // three bytes wait that were not reported
     EXPECT_EQ(pair.near.log.size(), 1u) << "no handler runs within a call";

@@ -4,47 +4,31 @@ namespace halyard {
 namespace {
 
 TEST(BadFrames, EndTheirConnectionOnly) {
-    auto snac = [](int family, int subtype, const std::string& body) {
-        auto bytes = SnacBytes(family, subtype, 1, body);
+    auto snac = [](int family, int subtype, const char* hex) {
+        auto bytes = SnacBytes(family, subtype, 1, HexToStr(hex));
         return "*" + ByteToStr(2) + WordToStr(0) + WordToStr(static_cast<long long>(bytes.size())) + bytes;
     };
-    struct Case {
-        const char* what;
-        std::string bytes;
-    };
-    const Case cases[] = {
-        {"marker", "x"},
-        {"channel 0", HexToStr("2A0000000000")},
-        {"channel 6", HexToStr("2A0600000000")},
-        {"8193 bytes", HexToStr("2A0200002001")},
-        {"empty data frame", HexToStr("2A0200000000")},
-        {"half a head", HexToStr("2A0200000004") + HexToStr("000E0005")},
-        {"prefix that lies", HexToStr("2A020000000C") + HexToStr("000E00058000000000010009")},
-        {"line whose TLV lies", snac(0x0E, 5,
-                                     HexToStr("00000000000000010003"
-                                              "00050010") +
-                                         "x")},
-        {"line without text", snac(0x0E, 5,
-                                   HexToStr("00000000000000010003"
-                                            "00050000"))},
-        {"ban of nobody", snac(0x0E, 0x24, "")},
-        {"service request cut short", snac(1, 4, HexToStr("00"))},
-        {"cookie that lies", snac(1, 4,
-                                  HexToStr("000E"
-                                           "00010003"
-                                           "0004FF"))},
-    };
-    for (const auto& c : cases) {
+    using Case = std::pair<const char*, std::string>;
+    for (const auto& [what, bytes] :
+         {Case{"marker", "x"}, Case{"channel 0", HexToStr("2A0000000000")},
+          Case{"channel 6", HexToStr("2A0600000000")}, Case{"8193 bytes", HexToStr("2A0200002001")},
+          Case{"empty data frame", HexToStr("2A0200000000")},
+          Case{"half a head", HexToStr("2A0200000004000E0005")},
+          Case{"prefix that lies", HexToStr("2A020000000C000E00058000000000010009")},
+          Case{"line whose TLV lies", snac(0x0E, 5, "0000000000000001000300050010FF")},
+          Case{"line without text", snac(0x0E, 5, "0000000000000001000300050000")},
+          Case{"ban of nobody", snac(0x0E, 0x24, "")}, Case{"service request cut short", snac(1, 4, "00")},
+          Case{"cookie that lies", snac(1, 4, "000E000100030004FF")}}) {
         Stage stage;
         Guest bot(stage, "Bot"), alice(stage, "alice");
         bot.Join("r");
         alice.Join("r");
-        alice.chat->Bytes(c.bytes);
-        EXPECT_TRUE(alice.chat->closed) << c.what;
-        EXPECT_FALSE(alice.bos->closed) << c.what;
-        EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"}) << c.what;
+        alice.chat->Bytes(bytes);
+        EXPECT_TRUE(alice.chat->closed) << what;
+        EXPECT_FALSE(alice.bos->closed) << what;
+        EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"}) << what;
         bot.Say("still here");
-        EXPECT_EQ(bot.chat->Count("000E0006"), 1) << c.what;
+        EXPECT_EQ(bot.chat->Count("000E0006"), 1) << what;
     }
 }
 

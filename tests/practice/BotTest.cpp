@@ -103,16 +103,11 @@ TEST(Bot, UserInfoErrorsRatesAndMigration) {
     EXPECT_TRUE(stage.network.IsInRoom("myroom", "thebot"));
     EXPECT_FALSE(stage.Happened("ConnectionLost") || stage.Happened("LeftChat"));
 
-    struct Case {
-        int word;
-        const char* text;
-    };
-    for (const auto& c : {Case{0x4A, "Error|Join chat failed, ejected.|74|0|000D"},
-                          Case{0x18, "Error|Join chat failed, full.|24|0|000D"},
-                          Case{0x30, "Error|Join chat failed, rated.|48|0|000D"}}) {
-        levers.RefuseNextJoin(c.word);
+    for (const auto& [word, reason] :
+         {std::pair{0x4A, "ejected.|74"}, {0x18, "full.|24"}, {0x30, "rated.|48"}}) {
+        levers.RefuseNextJoin(word);
         stage.control.JoinChat("another", 4, 0);
-        EXPECT_TRUE(stage.Until(c.text));
+        EXPECT_TRUE(stage.Until(std::string("Error|Join chat failed, ") + reason + "|0|000D"));
     }
     levers.RefuseNextCreation(0x12);
     stage.control.JoinChat("another", 4, 0);

@@ -75,9 +75,8 @@ class RawClient {
         return keys;
     }
     int Count(const std::string& key) const {
-        int count = 0;
-        for (const auto& word : Split(Keys(), " ")) count += word == key;
-        return count;
+        auto keys = Split(Keys(), " ");
+        return static_cast<int>(std::count(keys.begin(), keys.end(), key));
     }
 
     std::vector<std::pair<int, std::string>> frames;

@@ -7,14 +7,9 @@ TEST(Room, BlockAndEntryByteForByte) {
     Stage stage;
     Guest bot(stage, "Bot");
     auto block = bot.Create("My Room");
-    auto wanted = HexToStr("0004") + ShortString("4-0-My Room") +
-                  HexToStr("0000"
-                           "02"
-                           "0005") +
-                  Tlv(0x006A, "My Room") +
-                  HexToStr("00D1000207D0"
-                           "00D200020032") +
-                  Tlv(0x00D3, "My Room") + HexToStr("00DA000200E8");
+    auto wanted = HexToStr("0004") + ShortString("4-0-My Room") + HexToStr("0000020005") +
+                  Tlv(0x006A, "My Room") + HexToStr("00D1000207D000D200020032") + Tlv(0x00D3, "My Room") +
+                  HexToStr("00DA000200E8");
     EXPECT_EQ(StrToHex(block), StrToHex(wanted));
 
     bot.chat = bot.Open(0x000E, Guest::Wish("My Room"), false);
@@ -30,10 +25,7 @@ TEST(Room, BlockAndEntryByteForByte) {
     EXPECT_EQ(stage.network.Owner("My Room"), "Bot");
     EXPECT_EQ(alice.chat->Count("000E0030"), 0);
     auto everyone = alice.chat->Last(0x0E, 3).body;
-    EXPECT_EQ(StrToHex(everyone.substr(0, 14)), "03426F74"
-                                                "0000"
-                                                "0003"
-                                                "000100020010");
+    EXPECT_EQ(StrToHex(everyone.substr(0, 14)), "03426F7400000003000100020010");
     EXPECT_NE(everyone.find(ShortString("Alice")), std::string::npos);
     EXPECT_EQ(bot.chat->Last(0x0E, 3).body.substr(0, 6), ShortString("Alice"));
     alice.chat->Hang(); // closing is leaving
@@ -71,14 +63,10 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
         EXPECT_EQ(reply.id, 0xBEEFu);
         return StrToHex(reply.body);
     };
-    EXPECT_EQ(ban(eve, 0x24, "bob"), "000D"
-                                     "000800020048");
-    EXPECT_EQ(ban(eve, 0x25, "bob"), "000D"
-                                     "000800020048");
-    EXPECT_EQ(ban(eve, 0x23, ""), "000D"
-                                  "000800020048");
-    EXPECT_EQ(ban(bot, 0x24, "b o t"), "000D"
-                                       "000800020049");
+    EXPECT_EQ(ban(eve, 0x24, "bob"), "000D000800020048");
+    EXPECT_EQ(ban(eve, 0x25, "bob"), "000D000800020048");
+    EXPECT_EQ(ban(eve, 0x23, ""), "000D000800020048");
+    EXPECT_EQ(ban(bot, 0x24, "b o t"), "000D000800020049");
     // As the bot reads it: one TLV of which bytes 3 and 4 are the reason.
     Collection<std::string> flat;
     auto body = HexToStr("000D000800020048");
@@ -95,10 +83,8 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
         auto error = who.bos->Last(1, 1);
         return error.id == 0x55 ? StrToHex(error.body) : "";
     };
-    EXPECT_EQ(again(bob), "000D"
-                          "00080002004A");
-    EXPECT_EQ(again(eve), "000D"
-                          "00080002002E");
+    EXPECT_EQ(again(bob), "000D00080002004A");
+    EXPECT_EQ(again(eve), "000D00080002002E");
     EXPECT_EQ(ban(bot, 0x25, "bob the rower"), "0000");
     bob.Join("r");
     EXPECT_TRUE(stage.network.IsInRoom("r", "bobtherower"));
@@ -130,8 +116,7 @@ TEST(Room, FullRefusedAndInvalid) {
     EXPECT_EQ(StrToHex(navigation->Last(0x0D, 9).body.substr(0, 5)), "000200010A");
     navigation->Ask(0x0D, 8, WordToStr(4) + ShortString("create") + HexToStr("0000010001") + Tlv(0xD3, " "),
                     3);
-    EXPECT_EQ(StrToHex(navigation->Last(0x0D, 1).body), "000D"
-                                                        "000800020033");
+    EXPECT_EQ(StrToHex(navigation->Last(0x0D, 1).body), "000D000800020033");
 }
 
 TEST(Room, EmptyRoomsGiveWayOthersDoNot) {

@@ -21,23 +21,21 @@ TEST(SignOn, HashedInEveryForm) {
 }
 
 TEST(SignOn, RoastedByBotAndByOthers) {
-    struct Case {
-        int passwordType;
-        std::string password, error;
-    };
-    for (const auto& c : {Case{0x0025, "\xF3\x26", ""}, Case{0x0002, "\xF3", ""}, Case{0x0025, "", "0005"},
-                          Case{0x0002, "", "0005"}}) {
+    using Case = std::tuple<int, std::string, std::string>;
+    for (const auto& [passwordType, password, error] :
+         {Case{0x0025, "\xF3\x26", ""}, Case{0x0002, "\xF3", ""}, Case{0x0025, "", "0005"},
+          Case{0x0002, "", "0005"}}) {
         Stage stage;
         RawClient client(stage);
         ASSERT_EQ(client.frames.size(), 1u);
         EXPECT_EQ(client.frames[0], std::make_pair(1, HexToStr("00000001")));
-        client.Frame(1, HexToStr("00000001") + Tlv(0x0001, "bob") + Tlv(c.passwordType, c.password) +
+        client.Frame(1, HexToStr("00000001") + Tlv(0x0001, "bob") + Tlv(passwordType, password) +
                             Tlv(0x0003, "client"));
         ASSERT_EQ(client.frames.size(), 2u);
         EXPECT_EQ(client.frames[1].first, 4);
         Snac answer{.body = client.frames[1].second};
-        EXPECT_EQ(StrToHex(RawClient::Tlvs(answer, 0x0008)), c.error);
-        EXPECT_EQ(RawClient::Tlvs(answer, 0x0011), c.error.empty() ? "bob@localhost" : "");
+        EXPECT_EQ(StrToHex(RawClient::Tlvs(answer, 0x0008)), error);
+        EXPECT_EQ(RawClient::Tlvs(answer, 0x0011), error.empty() ? "bob@localhost" : "");
         EXPECT_TRUE(client.closed);
     }
 }
@@ -54,10 +52,7 @@ TEST(SignOn, ClientMaySpeakFirst) {
                  SnacBytes(0x0017, 0x0006, 3, Tlv(0x0001, "bob")));
     stage.world.RunFor(20);
     EXPECT_EQ(StrToHex(got.substr(0, 10)), "2A010000000400000001");
-    EXPECT_EQ(StrToHex(got.substr(10, 18)), "2A0200010016"
-                                            "001700070000"
-                                            "00000003"
-                                            "000A");
+    EXPECT_EQ(StrToHex(got.substr(10, 18)), "2A020001001600170007000000000003000A");
 }
 
 TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
@@ -74,19 +69,17 @@ TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
 TEST(BringUp, AnswersEchoTheRequest) {
     Stage stage;
     Guest guest(stage, "Bot");
-    struct Case {
-        int family, ask, answer;
-        std::string hex; // of the body, "" for whatever it is
-    };
-    for (const auto& c :
-         {Case{1, 0x17, 0x18, "00130003000100040002ABCD"}, Case{1, 0x0E, 0x0F, ""}, Case{0x13, 2, 3, ""},
+    using Case = std::tuple<int, int, int, std::string>;
+    for (const auto& [family, ask, key, hex] :
+         {// the hex of the body, "" for whatever it is
+          Case{1, 0x17, 0x18, "00130003000100040002ABCD"}, Case{1, 0x0E, 0x0F, ""}, Case{0x13, 2, 3, ""},
           Case{0x13, 4, 6, "00000000000000"}, Case{0x13, 5, 6, "00000000000000"}, Case{2, 2, 3, ""},
           Case{3, 2, 3, ""}, Case{4, 4, 5, "0002000000031F4003E703E700000000"}, Case{9, 2, 3, ""}}) {
-        guest.bos->Ask(c.family, c.ask, c.ask == 0x17 ? HexToStr(c.hex) : "", 0x80000001);
-        auto answer = guest.bos->Last(c.family, c.answer);
-        EXPECT_EQ(answer.id, 0x80000001) << c.family << " " << c.ask;
+        guest.bos->Ask(family, ask, ask == 0x17 ? HexToStr(hex) : "", 0x80000001);
+        auto answer = guest.bos->Last(family, key);
+        EXPECT_EQ(answer.id, 0x80000001) << family << " " << ask;
         EXPECT_FALSE(answer.body.empty());
-        EXPECT_TRUE(c.hex.empty() || StrToHex(answer.body) == c.hex) << StrToHex(answer.body);
+        EXPECT_TRUE(hex.empty() || StrToHex(answer.body) == hex) << StrToHex(answer.body);
     }
     guest.bos->Ask(0x13, 0x08, HexToStr("0000000000000008FFFF0000")); // a list whose length lies
     EXPECT_TRUE(guest.bos->closed);
@@ -110,20 +103,13 @@ TEST(BringUp, RateClassesInBothForms) {
 TEST(BringUp, ClientsExtrasDoNoHarm) {
     Stage stage;
     Guest guest(stage, "Bot");
-    struct Case {
-        int family, subtype;
-        const char* hex;
-    };
-    for (const auto& c : {Case{0x13, 7, ""},
-                          Case{0x13, 8,
-                               "00000000001200040005"
-                               "00CA000101"
-                               "0000"
-                               "0000000000050000"},
-                          Case{0x13, 9, "00000000001200040000"}, Case{2, 4, "000500000002000568656C6C6F"},
-                          Case{1, 0x1E, "00060004"}, Case{1, 0x11, "00000000"}, Case{4, 0x10, "00"},
-                          Case{0x18, 6, "00"}, Case{4, 2, "0001"}, Case{1, 8, "0001"}})
-        guest.bos->Ask(c.family, c.subtype, HexToStr(c.hex));
+    using Case = std::tuple<int, int, const char*>;
+    for (const auto& [family, subtype, hex] :
+         {Case{0x13, 7, ""}, Case{0x13, 8, "0000000000120004000500CA00010100000000000000050000"},
+          Case{0x13, 9, "00000000001200040000"}, Case{2, 4, "000500000002000568656C6C6F"},
+          Case{1, 0x1E, "00060004"}, Case{1, 0x11, "00000000"}, Case{4, 0x10, "00"}, Case{0x18, 6, "00"},
+          Case{4, 2, "0001"}, Case{1, 8, "0001"}})
+        guest.bos->Ask(family, subtype, HexToStr(hex));
     EXPECT_FALSE(guest.bos->closed);
     EXPECT_EQ(guest.bos->Count("0013000E"), 2);
     for (int family : {0x0010, 0x0018}) {

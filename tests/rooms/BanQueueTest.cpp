@@ -17,27 +17,25 @@ class BanQueue : public RoomScenario {
 
 TEST_F(BanQueue, BansGoOutAPauseApart) {
     auto& room = Open(2);
-    RunTo(5.999);
-    EXPECT_EQ(Transcript(),
-              (Lines{"2 store 8 ban:3:8:bob:", "2 ban 3 8 bob", "4 store 9 ab:3:9:cid:c*", "4 ban 3 9 cid"}));
+    Heard(5.999, "2 store 8 ban:3:8:bob:; 2 ban 3 8 bob; 4 store 9 ab:3:9:cid:c*; 4 ban 3 9 cid");
     EXPECT_TRUE(room.tmrBan->Enabled());
     RunTo(6);
     EXPECT_FALSE(room.tmrBan->Enabled());
 }
 
 TEST_F(BanQueue, PausesInTheirTurn) {
-    const std::vector<std::tuple<float, int, std::string, std::string>> cases = {
-        {.0001F, 1, "0.001", "0.002"}, {.0025F, 2, "0.002", "0.004"}, {59.5F, 59500, "59.5", "119"},
-        {60.F, 1000, "61", "122"},     {90.F, 1000, "91", "182"},     {999.F, 1000, "1000", "2000"},
-    };
-    for (const auto& [pause, interval, first, second] : cases) {
+    using Case = std::tuple<float, int, const char*, const char*>;
+    for (auto [pause, interval, first, second] :
+         {Case{.0001F, 1, "0.001", "0.002"}, Case{.0025F, 2, "0.002", "0.004"},
+          Case{59.5F, 59500, "59.5", "119"}, Case{60.F, 1000, "61", "122"}, Case{90.F, 1000, "91", "182"},
+          Case{999.F, 1000, "1000", "2000"}}) {
         auto& room = Open(pause);
         EXPECT_EQ(room.tmrBan->Interval(), interval);
         host.transcript.clear();
         host.zero = world.Now();
         RunTo(Second() + 3100);
-        EXPECT_EQ(Transcript()[1], first + " ban 3 8 bob");
-        EXPECT_EQ(Transcript()[3], second + " ban 3 9 cid");
+        EXPECT_EQ(Transcript()[1], std::string(first) + " ban 3 8 bob");
+        EXPECT_EQ(Transcript()[3], std::string(second) + " ban 3 9 cid");
         EXPECT_FALSE(room.tmrBan->Enabled());
         CloseRoom(1);
     }

@@ -20,14 +20,9 @@ TEST_F(RateState, BanningComesBackAfterTheLimit) {
     room.RateNotice(3, 1); // one notice only
     EXPECT_TRUE(room.IsRated(1));
     EXPECT_FALSE(room.tmrBan->Enabled());
-    RunTo(300);
-    EXPECT_EQ(Transcript(),
-              (Lines{"0 rated 0 The Lobby",
-                     "0 « Rated! --- Rate Class ID: 1, Features disabled: Banning, Unbanning, Chat "
-                     "Closing -- Time disabled: 1 minutes »",
-                     "60 « 1 minutes has passed, features re-enabled: Banning, Unbanning, Chat "
-                     "Closing »",
-                     "60 unrated 0 thelobby 3"}));
+    Heard(300, "0 rated 0 The Lobby; 0 « Rated! --- Rate Class ID: 1, Features disabled: Banning, Unbanning, "
+               "Chat Closing -- Time disabled: 1 minutes »; 60 « 1 minutes has passed, features re-enabled: "
+               "Banning, Unbanning, Chat Closing »; 60 unrated 0 thelobby 3");
     EXPECT_FALSE(room.IsRated(1));
     EXPECT_FALSE(room.tmrUnrate->Enabled());
     EXPECT_EQ(room.BanQueue.Count(), 0U);
@@ -37,14 +32,11 @@ TEST_F(RateState, NoticesOfBanning) {
     const std::string head =
         "0 « Rated! --- Rate Class ID: 1, Features disabled: Banning, Unbanning, Chat Closing "
         "-- Time disabled: ";
-    const std::vector<std::tuple<int, bool, std::string>> notices = {
-        {2, true, "30 minutes »"},
-        {2, false, "[Auto Unrate Off] »"},
-        {3, true, "%t30 minutes »"},
-        {3, false, "%t[Auto Unrate Off] »"},
-    };
+    using Case = std::tuple<int, bool, const char*>;
     room.SetUnratePause(30);
-    for (const auto& [code, automatic, tail] : notices) {
+    for (auto [code, automatic, tail] :
+         {Case{2, true, "30 minutes »"}, Case{2, false, "[Auto Unrate Off] »"},
+          Case{3, true, "%t30 minutes »"}, Case{3, false, "%t[Auto Unrate Off] »"}}) {
         room.SetAutoUnrate(automatic);
         room.RateNotice(code, 1);
         EXPECT_EQ(Transcript().back(), head + tail);
@@ -86,11 +78,8 @@ TEST_F(RateState, WhileTalkingIsStoppedEverySendIsLost) {
     EXPECT_EQ(room.MsgQueue.Count(), 0U);
     RunTo(40);
     Send(room, "oped", "Op: %p", "bob");
-    EXPECT_EQ(Transcript(),
-              (Lines{"0 Op: ann", "2 rated 1 The Lobby",
-                     "2 « Rated! --- Rate Class ID: 5, Features disabled: Chat Messages -- Time "
-                     "disabled: 30 seconds »",
-                     "32 unrated 1 thelobby 3", "40 Op: bob"}));
+    Heard(Second(), "0 Op: ann; 2 rated 1 The Lobby; 2 « Rated! --- Rate Class ID: 5, Features disabled: "
+                    "Chat Messages -- Time disabled: 30 seconds »; 32 unrated 1 thelobby 3; 40 Op: bob");
     EXPECT_FALSE(room.tmrUnrate->Enabled());
 }
 
@@ -110,7 +99,7 @@ TEST_F(RateState, BothClassesShareTheTick) {
 TEST_F(RateState, OtherClassesAndCodes) {
     room.RateNotice(2, 3);
     room.RateNotice(3, 3);
-    EXPECT_EQ(Transcript(), (Lines{"0 « Rated! ---  »"}));
+    Heard(Second(), "0 « Rated! ---  »");
     EXPECT_TRUE(room.IsRated(3));
     EXPECT_FALSE(room.tmrUnrate->Enabled());
     for (int code : {-1, 0, 1, 2, 3, 4, 5, 6})

@@ -25,7 +25,7 @@ TEST_F(RoomLists, EjectListsKeepNamesOnceAndLiftThemAll) {
     list.RemoveEject("B o b");
     list.RemoveEject("absent");
     list.UnbanAll(host);
-    EXPECT_EQ(Transcript(), (Lines{"0 lift 7 unban someuser", "0 lift 7 unban cid"}));
+    Heard(Second(), "0 lift 7 unban someuser; 0 lift 7 unban cid");
     EXPECT_EQ(list.GetEjects().Count(), 2U); // they go when the service answers
     EXPECT_TRUE(list.IsOf("myROOM", 5));
     EXPECT_FALSE(list.IsOf("myroom", 4));
@@ -64,10 +64,10 @@ TEST(TimeBan, BrokenRecordsEndAtOnce) {
 TEST(TimeBan, IsOfOnePersonInOneRoom) {
     const auto record = NewTimeBan("Some User", "My Room", 4, 1, 7, "5");
     EXPECT_TRUE(IsTimeBanOf(record, "someuser", "MYROOM", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser2", "myroom", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom2", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 5, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 4, 0));
+    EXPECT_FALSE(IsTimeBanOf(record, "someuser2", "myroom", 4, 1) ||
+                 IsTimeBanOf(record, "someuser", "myroom2", 4, 1));
+    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 5, 1) ||
+                 IsTimeBanOf(record, "someuser", "myroom", 4, 0));
     EXPECT_FALSE(IsTimeBanOf("", "", "", 0, 0));
 }
 

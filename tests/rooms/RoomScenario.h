@@ -37,27 +37,26 @@ class RecordingHost : public RoomHost {
     void Note(const std::string& text) {
         transcript.push_back(NumberText(static_cast<double>(world.Now() - zero) / 1000) + " " + text);
     }
-    void Say(std::int16_t, const std::string& strLine) override {
-        Note(ToUtf8(strLine));
+    void Say(std::int16_t, const std::string& line) override {
+        Note(ToUtf8(line));
         if (onSay) onSay();
     }
-    void SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,
-                        const std::string& strUser) override {
-        Note("ban " + std::to_string(intChatIndex) + " " + strRequestID + " " + strUser);
+    void SendBanRequest(std::int16_t room, const std::string& id, const std::string& user) override {
+        Note("ban " + std::to_string(room) + " " + id + " " + user);
     }
-    void StoreRequest(const std::string& strRequestID, const std::string& strRecord) override {
-        Note("store " + strRequestID + " " + strRecord);
+    void StoreRequest(const std::string& id, const std::string& record) override {
+        Note("store " + id + " " + record);
     }
-    void LiftBan(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex) override {
-        Note("lift " + std::to_string(intChatIndex) + " " + strType + " " + strUser);
+    void LiftBan(const std::string& user, const std::string& type, std::int16_t room) override {
+        Note("lift " + std::to_string(room) + " " + type + " " + user);
     }
     const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return lists; }
     std::string ChatSendText(int number) const override { return texts.Item(number); }
-    void RoomRated(int intType, const std::string& strChatName) override {
-        Note("rated " + std::to_string(intType) + " " + strChatName);
+    void RoomRated(int type, const std::string& name) override {
+        Note("rated " + std::to_string(type) + " " + name);
     }
-    void RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) override {
-        Note("unrated " + std::to_string(intType) + " " + strChatName + " " + std::to_string(intChatIndex));
+    void RoomUnrated(int type, const std::string& name, std::int16_t room) override {
+        Note("unrated " + std::to_string(type) + " " + name + " " + std::to_string(room));
     }
 
   private:
@@ -94,6 +93,11 @@ class RoomScenario : public ::testing::Test {
     const Lines& Transcript() const { return host.transcript; }
     double Second() const { return static_cast<double>(world.Now()) / 1000; }
     void RunTo(double second) { world.RunFor(std::llround(second * 1000) - world.Now()); }
+    /// By that second this, and nothing else, was said.
+    void Heard(double second, const std::string& lines) {
+        RunTo(second);
+        EXPECT_EQ(Transcript(), Split(lines, "; "));
+    }
 };
 
 } // namespace halyard

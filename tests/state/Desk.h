@@ -3,18 +3,11 @@
 // The option model on a simulated machine, with a control that isn't signed on and lists without their
 // replies.
 
-#include "base/Text.h"
-#include "oscar/TillerSock.h"
-#include "platform/sim/SimPlatform.h"
 #include "state/Counters.h"
 #include "state/ListWorkers.h"
 #include "state/Options.h"
 #include "state/SettingsReader.h"
-
-#include <gtest/gtest.h>
-#include <memory>
-#include <string>
-#include <vector>
+#include "tests/oscar/Wire.h"
 
 namespace halyard {
 
@@ -25,18 +18,12 @@ class PlainLists : public ListWorkers {
 
     void AddOp(const std::string& name, std::int16_t room, const std::string& strPerms) override {
         EXPECT_EQ(room, 0);
-        if (!Put(options.Ops, options.Controls.lstOps, name)) return;
+        if (!Put(options.Ops, box.lstOps, name)) return;
         options.Perms.Add(strPerms.empty() ? options.UniPerms : strPerms, NormalizeName(name));
     }
-    void AddImm(const std::string& name, std::int16_t) override {
-        Put(options.Immunes, options.Controls.lstImms, name);
-    }
-    void AddAB(const std::string& name, std::int16_t) override {
-        Put(options.Autobans, options.Controls.lstABs, name);
-    }
-    void AddAW(const std::string& name, std::int16_t) override {
-        Put(options.Autowords, options.Controls.lstAWs, name);
-    }
+    void AddImm(const std::string& name, std::int16_t) override { Put(options.Immunes, box.lstImms, name); }
+    void AddAB(const std::string& name, std::int16_t) override { Put(options.Autobans, box.lstABs, name); }
+    void AddAW(const std::string& name, std::int16_t) override { Put(options.Autowords, box.lstAWs, name); }
     void AddLockOp(const std::string& name, std::int16_t) override { Put(options.LockOps, noList, name); }
     void AddLockImm(const std::string& name, std::int16_t) override { Put(options.LockImms, noList, name); }
     void AddLockBan(const std::string& name, std::int16_t) override { Put(options.LockBans, noList, name); }
@@ -49,20 +36,20 @@ class PlainLists : public ListWorkers {
     void RemoveLockBan(const std::string&, std::int16_t) override {}
 
   private:
-    bool Put(IndexedList& list, ListBox& box, const std::string& name) {
+    static bool Put(auto& list, ListBox& shown, const std::string& name) {
         auto normal = NormalizeName(name);
-        return list.Add(normal) && (box.AddItem(normal), true);
-    }
-    bool Put(Collection<std::string>& list, ListBox& box, const std::string& name) {
-        auto normal = NormalizeName(name);
-        return list.Add(normal, normal) && (box.AddItem(normal), true);
+        if constexpr (std::is_same_v<decltype(list), IndexedList&>)
+            return list.Add(normal) && (shown.AddItem(normal), true);
+        else
+            return list.Add(normal, normal) && (shown.AddItem(normal), true);
     }
 
     Options& options;
+    OptionControls& box = options.Controls;
     ListBox noList{"none"};
 };
 
-class Desk : public ::testing::Test, public TillerEvents, public MainWindowLink {
+class Desk : public ::testing::Test, public EventLog {
   protected:
     using Box = ScriptedDialogs::Box;
 
@@ -70,11 +57,6 @@ class Desk : public ::testing::Test, public TillerEvents, public MainWindowLink 
         options.StartUp();
         control.DefaultChatSends();
     }
-
-    bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
-    void Rated(int, const std::string&) override {}
-    void Unrated(int, const std::string&, std::int16_t) override {}
 
     /// A room at the end of Chat, as a join would leave it.
     Chats& OpenRoom(const std::string& name, std::int16_t exchange, std::int16_t slot) {

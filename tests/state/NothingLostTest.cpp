@@ -46,33 +46,25 @@ TEST_F(NothingLost, EveryFailureLeavesTheOldFileOrTheNew) {
         const auto after = platform.disk.Contents(file.path);
         ASSERT_NE(before, after);
 
-        auto attempt = [&](auto arrange, int nth) {
-            platform.disk.Put(file.path, before);
-            auto start = platform.disk.Operations();
-            arrange();
-            bool saved = file.save();
-            auto reached = platform.disk.Operations() - start >= static_cast<std::uint64_t>(nth);
-            if (!reached) {
-                EXPECT_TRUE(saved);
+        // Lets one operation of the save go wrong after the other, until the save is over before it.
+        auto& disk = platform.disk;
+        auto sweep = [&](auto arrange, auto mend) {
+            std::uint64_t reached = 1;
+            for (std::uint64_t nth = 1; reached >= nth; ++nth) {
+                disk.Put(file.path, before);
+                auto start = disk.Operations();
+                arrange(static_cast<int>(nth));
+                bool saved = file.save();
+                reached = disk.Operations() - start;
+                mend();
+                auto now = disk.Contents(file.path);
+                EXPECT_TRUE(now == after || (reached >= nth && now == before)) << file.path << nth;
+                EXPECT_TRUE(reached >= nth || saved);
             }
-            return reached;
         };
-        auto check = [&](int nth) {
-            auto now = platform.disk.Contents(file.path);
-            EXPECT_TRUE(now == before || now == after) << file.path << ", operation " << nth;
-            EXPECT_TRUE(platform.disk.Paths().contains(file.path));
-        };
-        for (int nth = 1; attempt([&] { platform.disk.FailNth(nth); }, nth); ++nth) {
-            platform.disk.FailNth(0);
-            check(nth);
-        }
-        platform.disk.FailNth(0);
+        sweep([&](int nth) { disk.FailNth(nth); }, [&] { disk.FailNth(0); });
         for (auto cut : {SimFiles::Cut::SyncedOnly, SimFiles::Cut::NamesFirst})
-            for (int nth = 1; attempt([&] { platform.disk.StopAtNth(nth); }, nth); ++nth) {
-                platform.disk.Crash(cut);
-                check(nth);
-            }
-        platform.disk.Crash();
+            sweep([&](int nth) { disk.StopAtNth(nth); }, [&] { disk.Crash(cut); });
     }
     EXPECT_EQ(Boxes(), std::vector<Box>());
 }

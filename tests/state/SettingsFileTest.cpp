@@ -1,4 +1,5 @@
 #include "state/AutoSave.h"
+#include "state/OptionTable.h"
 #include "state/SettingsWriter.h"
 #include "state/TextFile.h"
 #include "tests/state/Desk.h"
@@ -19,8 +20,37 @@ class SettingsFile : public Desk {
         platform.disk.Put(Path, "a\nb\nVersion: 2.0 (Beta 1.0)\n" + lines);
         ReadSettings(target, Path);
     }
+    /// An option as the model has it: a flag as its variable, its box and "-" when that is disabled, others
+    /// as they are written, those of several lines apart by "|".
+    std::string Shown(const std::string& key) {
+        for (const auto& option : OptionTable())
+            if (const auto* flag = std::get_if<FlagOption>(&option); flag && flag->key == key) {
+                auto* box = flag->box ? flag->box(controls) : nullptr;
+                auto shown = std::to_string(flag->variable(options));
+                return box ? shown + std::to_string(box->Value()) + (box->Enabled() ? "" : "-") : shown;
+            }
+        std::string all;
+        for (const auto& line : Split(SettingsText(options), "\r\n"))
+            if (line.starts_with(key + ":")) all += (all.empty() ? "" : "|") + Mid(line, key.size() + 2);
+        return all;
+    }
+    /// "key value, key value", each as Shown.
+    void Is(const std::string& wanted) {
+        for (const auto& each : Split(Trim(wanted), ", ")) {
+            auto words = Split(each + " ", " ", 2);
+            EXPECT_EQ(Shown(words[0]), Trim(words[1])) << wanted;
+        }
+    }
+    /// Loads each step of "line;line -> key value, key value".
+    void Takes(const std::string& script) {
+        for (const auto& step : Split(script, "\n")) {
+            SCOPED_TRACE(step);
+            auto sides = Split(step, " -> ");
+            Load(Replace(Trim(sides[0]), ";", "\n") + "\n");
+            Is(sides[1]);
+        }
+    }
     void FillModel();
-    static std::string DefaultCcomLines();
 };
 
 void SettingsFile::FillModel() {
@@ -64,39 +94,26 @@ void SettingsFile::FillModel() {
     control.ChatSends.Add("");
 }
 
-std::string SettingsFile::DefaultCcomLines() {
-    std::string lines;
-    CcomTable ccoms;
-    ccoms.CcomNames[CcomBan] = "out:now";
-    for (int index = 0; index < CcomCount; ++index)
-        lines += "ccom:" + std::to_string(index) + ":" + ccoms.GetCcom(index) + "\r\n";
-    return lines;
-}
-
-const char* const FilledBody =
-    "sn:Bot: "
-    "One\r\nserver:auth.home.arpa\r\nport:5190\r\nmd5:1\r\nfullcaps:1\r\nsecureim:0\r\nre-connect:0\r\n"
-    "alerts:1\r\nchat:room:with:colons\r\nex:\r\nautoowner:0\r\nrejoinkick:0\r\nrejoinerror:0\r\n"
-    "op:1111111111111111111111111111:bob\r\nop:0000110011111100000000000011:zo\xEB:x\r\nimm:kim\r\nautoimm:"
-    "1\r\n"
-    "ab:bad*\r\naw:sp:am\r\nablevel:2\r\nwordban:1\r\nwordbanhtml:1\r\nwordbanall:0\r\nautogban:0\r\nicqban:"
-    "0\r\n"
-    "charban:1\r\ncharbannum:12\r\npartial0:1\r\npartial1:1\r\npartial2:0\r\npartial3:1\r\npartial4:"
-    "1\r\nchain0:0\r\n"
-    "chain1:0\r\nchain2:0\r\nchain3:0\r\nchain4:1\r\nchatsendon:1\r\nautounrate:1\r\nabunrate:"
-    "0\r\nunratepause:100\r\n"
-    "autosave:1\r\nautosavefile:AutoSaveFile.hys\r\nautosavebans:1\r\nautosavebanfile:bans.txt\r\nuser:"
-    "\x80uro\r\n"
-    "banpause:0.7\r\nbackgroundcolor:000000\r\nfontcolor:FF0000\r\nfonttype:Arial\r\nbold:<B>\r\nitalics:\r\n"
-    "underline:\r\nstrike:\r\n";
-const char* const FilledTail = "trigger::!\r\ncomment:0\r\nuniperms:0000110011111100000000000011\r\nimcoms:"
-                               "1\r\nlockops:bob\r\nlockimms:kim\r\n"
-                               "lockbans:*w\r\nchatsend:0:\xAB %p: \xBB\r\nchatsend:1:\r\n";
+const std::string FilledBody =
+    "sn:Bot: One|server:auth.home.arpa|port:5190|md5:1|fullcaps:1|secureim:0|re-connect:0|alerts:1|"
+    "chat:room:with:colons|ex:|autoowner:0|rejoinkick:0|rejoinerror:0|op:1111111111111111111111111111:bob|"
+    "op:0000110011111100000000000011:zo\xEB:x|imm:kim|autoimm:1|ab:bad*|aw:sp:am|ablevel:2|wordban:1|"
+    "wordbanhtml:1|wordbanall:0|autogban:0|icqban:0|charban:1|charbannum:12|partial0:1|partial1:1|partial2:0|"
+    "partial3:1|partial4:1|chain0:0|chain1:0|chain2:0|chain3:0|chain4:1|chatsendon:1|autounrate:1|abunrate:0|"
+    "unratepause:100|autosave:1|autosavefile:AutoSaveFile.hys|autosavebans:1|autosavebanfile:bans.txt|"
+    "user:\x80uro|banpause:0.7|backgroundcolor:000000|fontcolor:FF0000|fonttype:Arial|bold:<B>|italics:|"
+    "underline:|strike:|";
+const std::string FilledTail =
+    "trigger::!|comment:0|uniperms:0000110011111100000000000011|imcoms:1|lockops:bob|lockimms:kim|"
+    "lockbans:*w|chatsend:0:\xAB %p: \xBB|chatsend:1:|";
 
 TEST_F(SettingsFile, IsWrittenByteForByte) {
     FillModel();
+    std::string ccoms;
+    for (int index = 0; index < CcomCount; ++index)
+        ccoms += "ccom:" + std::to_string(index) + ":" + options.Ccoms.GetCcom(index) + "|";
     ASSERT_TRUE(WriteSettings(platform, options, "/program/", "mine.hys"));
-    EXPECT_EQ(platform.disk.Contents(Path), Head + std::string(FilledBody) + DefaultCcomLines() + FilledTail);
+    EXPECT_EQ(platform.disk.Contents(Path), Head + Replace(FilledBody + ccoms + FilledTail, "|", "\r\n"));
     EXPECT_EQ(platform.disk.Paths(), std::set<std::string>{Path});
 }
 
@@ -123,96 +140,49 @@ TEST_F(SettingsFile, ComesBackButForWhatIsMeantToDiffer) {
 }
 
 TEST_F(SettingsFile, TakesEachLineByItsOwnRule) {
-    struct Case {
-        const char* lines;
-        std::function<std::string()> result;
-        const char* expected;
-    };
-    auto flag = [](bool on) { return std::string(on ? "1" : "0"); };
-    auto& o = options;
-    auto& c = controls;
-    const std::vector<Case> cases{
-        {"md5:7\n", [&] { return flag(settings.LoginMD5) + flag(c.chkMD5Login.Value()); }, "11"},
-        {"md5:0\n", [&] { return flag(settings.LoginMD5) + flag(c.chkMD5Login.Value()); }, "00"},
-        {"re-connect:-1\n", [&] { return flag(o.ReconnectOn) + flag(c.chkAutoLogin.Value()); }, "10"},
-        {"re-connect:yes\n", [&] { return flag(o.ReconnectOn); }, "0"},
-        {"autoowner:2\nrejoinkick:1\nrejoinerror\n",
-         [&] { return flag(o.AutoOwner) + flag(o.RejoinKicked) + flag(o.RejoinError); }, "010"},
-        {"autogban:3\nicqban:-1\nwordbanall: 1 \n",
-         [&] {
-             return flag(o.AutobanGhosts) + flag(c.chkBanGhosters.Value()) + flag(o.BanAllICQs) +
-                    flag(o.WordBanAll);
-         },
-         "1001"},
-        {"op:short:Bob\nop::Eve\nop:1111111111111111111111111111:x\nop:1111111111111111111111111111\nop\n",
-         [&] { return std::to_string(o.Ops.Count()) + o.Perms.Item("bob") + o.Perms.Item("eve"); },
-         "200001100111111000000000000110000110011111100000000000011"},
-        {"imm:x\nimm:xy\nimm\nIMM:zz\nlockimms:q\n",
-         [&] { return std::to_string(o.Immunes.Count()) + o.Immunes.Item(1); }, "1xy"},
-        {"ablevel:1\n", [&] { return std::to_string(o.AutobanLevel) + std::to_string(c.optAB.Index()); },
-         "11"},
-        {"ablevel:7\n", [&] { return std::to_string(o.AutobanLevel) + std::to_string(c.optAB.Index()); },
-         "70"},
-        {"wordban:0\nwordbanhtml:1\n", [&] { return flag(o.WordBanHTML) + flag(c.chkIncludeHTML.Enabled()); },
-         "00"},
-        {"wordban:1\nwordbanhtml:0\n", [&] { return flag(o.WordBanHTML) + flag(c.chkIncludeHTML.Enabled()); },
-         "01"},
-        {"wordbanhtml:1\nwordban:1\n", [&] { return flag(o.WordBanHTML) + flag(c.chkIncludeHTML.Value()); },
-         "10"},
-        {"charbannum:9\ncharban:1\n", [&] { return std::to_string(o.CharBanNum); }, "16"},
-        {"charban:1\ncharbannum:101\n", [&] { return std::to_string(o.CharBanNum); }, "16"},
-        {"charban:1\ncharbannum:100\n", [&] { return std::to_string(o.CharBanNum) + c.txtCharBan.Text(); },
-         "100100"},
-        {"partial3:0\nchain1:1\n",
-         [&] {
-             return flag(o.PartialOn[3]) + flag(c.chkPartial[3].Value()) + flag(o.ChainOn[1]) +
-                    flag(c.chkChain[1].Value());
-         },
-         "0110"},
-        {"chatsendon:0\nabunrate:1\nautounrate:0\n",
-         [&] {
-             return flag(control.ChatSendOn) + flag(o.ABOnUnrate) + flag(o.AutoUnrate) +
-                    flag(c.chkAutoUnrate.Value());
-         },
-         "0100"},
-        {"autosavebans:1\nautosavebanfile:b.txt\nautosave:1\n",
-         [&] { return flag(o.AutoSaveBansOn) + o.EjectListFile; }, "0EjectLists.txt"},
-        {"autosave:1\nautosavebans:1\nautosavebanfile:b.txt\n",
-         [&] { return flag(o.AutoSaveBansOn) + o.EjectListFile + flag(c.txtEjectListFileName.Enabled()); },
-         "1b.txt1"},
-        {"autosavefile:\n", [&] { return o.AutoSaveFile; }, "AutoSaveFile.hys"},
-        {"autosavefile:12345678901234567890123456789012345678901\n", [&] { return o.AutoSaveFile; },
-         "AutoSaveFile.hys"},
-        {"user:\nuser:Al\n", [&] { return o.strCurrentUser + c.txtCurrentUser.Text(); }, "AlAl"},
-        {"banpause:.0009\n", [&] { return c.txtBP.Text(); }, "1"},
-        {"banpause:999.5\n", [&] { return c.txtBP.Text(); }, "1"},
-        {"banpause:.001\n", [&] { return c.txtBP.Text() + NumberText(control.sngBanPause); }, ".0010.001"},
-        {"bold:<B>\nitalics:<i>\nunderline:<u> \nstrike:<s>\n",
-         [&] {
-             return flag(c.chkBold.Value()) + flag(c.chkItalics.Value()) + flag(c.chkUnderline.Value()) +
-                    flag(c.chkStrikethrough.Value());
-         },
-         "0101"},
-        {"ccom:28:late\nccom:-1:x\nccom:9:\nccom:8:elevenchars\nccom:0:a:b\n",
-         [&] { return o.Ccoms.GetCcom(0) + o.Ccoms.GetCcom(8) + o.Ccoms.GetCcom(9); }, "a:bkickban"},
-        {"trigger:four\ntrigger:\n", [&] { return o.Ccoms.strTrigger; }, ""},
-        {"trigger:!!!\ncomment:0\nimcoms:2\n",
-         [&] { return o.Ccoms.strTrigger + flag(o.Ccoms.blnCcomComments) + flag(o.IMComsOn); }, "!!!01"},
-        {"uniperms:123\n", [&] { return o.UniPerms; }, DefaultPerms},
-        {"chatsend:124:over\nchatsend:123:last\nchatsend:0:\nchatsend:1\nchatsend:x:y\n",
-         [&] {
-             return std::to_string(control.ChatSends.Count()) + control.ChatSends.Item(1) +
-                    control.ChatSends.Item(124);
-         },
-         "124last"},
-        {"menu:0\nmenu:11\n", [&] { return std::to_string(menusOpened); }, "0"},
-        {"menu:1\n", [&] { return std::to_string(menusOpened); }, "1"},
-        {"null:data\n\n:::\n:\nsn\n\xFF\n", [&] { return c.txtSN.Text(); }, ""},
-    };
-    for (const auto& at : cases) {
-        Load(at.lines);
-        EXPECT_EQ(at.result(), at.expected) << at.lines;
-    }
+    Takes(R"(md5:7 -> md5 11
+md5:0 -> md5 00
+re-connect:-1 -> re-connect 10
+re-connect:yes -> re-connect 00
+autoowner:2;rejoinkick:1;rejoinerror -> autoowner 00, rejoinkick 11, rejoinerror 00
+autogban:3;icqban:-1;wordbanall: 1 ; -> autogban 10, icqban 00, wordbanall 11
+op:short:Bob;op:1111111111111111111111111111:x -> op 0000110011111100000000000011:bob
+op::Eve;op:1111111111111111111111111111;op -> op 0000110011111100000000000011:eve
+imm:x;imm:xy;imm;IMM:zz;lockimms:q -> imm xy
+ablevel:1 -> ablevel 1
+ablevel:7 -> ablevel 7
+wordban:0;wordbanhtml:1 -> wordbanhtml 00-
+wordban:1;wordbanhtml:0 -> wordbanhtml 00
+wordbanhtml:1;wordban:1 -> wordbanhtml 10
+charbannum:9;charban:1 -> charbannum 16
+charban:1;charbannum:101 -> charbannum 16
+partial3:0;chain1:1 -> partial3 01, chain1 10
+chatsendon:0;abunrate:1;autounrate:0 -> chatsendon 00, abunrate 11, autounrate 00
+autosavebans:1;autosavebanfile:b.txt;autosave:1 -> autosavebans 00, autosavebanfile EjectLists.txt
+autosave:1;autosavebans:1;autosavebanfile:b.txt -> autosavebans 11, autosavebanfile b.txt
+autosavefile: -> autosavefile AutoSaveFile.hys
+autosavefile:12345678901234567890123456789012345678901 -> autosavefile AutoSaveFile.hys
+user:;user:Al -> user Al
+banpause:.0009 -> banpause 1
+banpause:999.5 -> banpause 1
+ccom:28:late;ccom:-1:x;ccom:9:;ccom:8:elevenchars;ccom:0:a:b -> ccom:0 a:b, ccom:8 kick, ccom:9 ban
+trigger:four;trigger: -> trigger
+trigger:!!!;comment:0;imcoms:2 -> trigger !!!, comment 0, imcoms 1
+uniperms:123 -> uniperms 0000110011111100000000000011
+chatsend:124:over;chatsend:123:last;chatsend:x:y -> chatsend:123 last, chatsend:124
+chatsend:0:;chatsend:1 -> chatsend:0
+menu:0;menu:11;null:data;;:::;:;sn;\xFF -> sn)");
+    EXPECT_EQ(menusOpened, 0);
+    Load("menu:1\nablevel:7\ncharban:1\ncharbannum:100\nbanpause:.001\nuser:Al\nautosave:1\nautosavebans:1\n"
+         "autosavebanfile:b.txt\nbold:<B>\nitalics:<i>\nunderline:<u> \nstrike:<s>\n");
+    EXPECT_EQ(menusOpened, 1);
+    EXPECT_EQ(controls.optAB.Index(), 0) << "no such level to show";
+    EXPECT_EQ(controls.txtCharBan.Text() + controls.txtBP.Text() + controls.txtCurrentUser.Text(),
+              "100.001Al");
+    EXPECT_TRUE(controls.txtEjectListFileName.Enabled());
+    EXPECT_FALSE(controls.chkBold.Value() || controls.chkUnderline.Value());
+    EXPECT_TRUE(controls.chkItalics.Value() && controls.chkStrikethrough.Value());
+    Is("charbannum 100, banpause 0.001");
     Load("chatsend:5:" + std::string(201, 'x') + "\nchatsend:6:" + std::string(200, 'y') + "\n");
     EXPECT_NE(control.ChatSends.Item(6)[0], 'x');
     EXPECT_EQ(control.ChatSends.Item(7), std::string(200, 'y'));
@@ -291,20 +261,14 @@ TEST_F(SettingsFile, ForeignSettingsAreImported) {
               ".lockop:bob.\n.lockimm:kim.\n.lockunban:eve.\n.trigger:?.\n.chatsend:0:x.\n.op.\n");
     options.Ccoms.CcomNames[0] = "changed";
     ImportForeignSettings(target, Path);
-    EXPECT_EQ(controls.txtChat.Text() + controls.txtEx.Text(), "Their:Room5");
-    EXPECT_EQ(options.Ops.Count(), 1u);
-    EXPECT_EQ(options.Perms.Item("bob"), DefaultPerms);
-    EXPECT_EQ(options.Immunes.Item(1) + options.Autobans.Item(1) + options.Autowords.Item(1), "kimbad*spam");
-    EXPECT_EQ(options.LockOps.Item(1) + options.LockImms.Item(1) + options.LockBans.Item(1), "bobkimeve");
-    EXPECT_TRUE(options.AutoImm && options.WordBanOn && options.AutobanGhosts && !control.ChatSendOn);
-    EXPECT_EQ(options.AutobanLevel, 1);
-    EXPECT_EQ(options.PartialOn, (std::array<bool, 5>{true, true, true, false, false}));
-    EXPECT_EQ(controls.txtBP.Text() + options.strCurrentUser, "3.5Al");
+    Is("chat Their:Room, ex 5, op 0000110011111100000000000011:bob, imm kim, ab bad*, aw spam, lockops bob, "
+       "lockimms kim, lockbans eve, autoimm 11, wordban 11, autogban 11, chatsendon 00, ablevel 1, "
+       "partial0 11, partial1 11, partial2 11, partial3 01, partial4 01, banpause 3.5, user Al, trigger !, "
+       "ccom:0 op");
     EXPECT_EQ(controls.txtBGColor.Text() + controls.txtFontColor.Text() + controls.txtFontType.Text(),
               "112233445566Times");
     EXPECT_EQ(settings.FontColor, "00BFFF");
     EXPECT_EQ(controls.chkBold.Value() + 2 * controls.chkStrikethrough.Value(), 1);
-    EXPECT_EQ(options.Ccoms.strTrigger + options.Ccoms.GetCcom(0), "!op");
     EXPECT_EQ(control.ChatSends.Count(), 124u);
     EXPECT_FALSE(options.SettingsLoading);
 
