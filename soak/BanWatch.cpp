@@ -15,11 +15,14 @@ bool BanWatch::Replied(int id, std::uint64_t stream) {
     auto found = requests.find(id);
     if (found == requests.end() || found->second.stream != stream) return false;
     excused[found->second.room].erase(found->second.user);
+    answered.push_back(found->second);
     requests.erase(found);
     return true;
 }
 
 void BanWatch::Ended(std::uint64_t stream) {
+    for (const auto& each : answered)
+        if (each.stream == stream) Excuse(each.room, each.user);
     std::erase_if(requests, [&](const auto& each) {
         if (each.second.stream != stream) return false;
         Excuse(each.second.room, each.second.user);

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace halyard {
 
@@ -23,8 +24,11 @@ class BanWatch {
     void Sent(int id, Request request);
     /// True when a request of that id was waiting for this reply on this stream.
     bool Replied(int id, std::uint64_t stream);
-    /// Replies that are on their way on this stream will not come.
+    /// Replies that are on their way on this stream will not come. One that came in this very event may stand behind
+    /// the word that made the bot leave the room, and is then acted on by nobody.
     void Ended(std::uint64_t stream);
+    /// The event is over: the replies that came in it have been acted on.
+    void EventOver() { answered.clear(); }
     /// Gives up requests that a rate limit of the service has swallowed.
     void GiveUpBefore(std::int64_t moment);
 
@@ -36,6 +40,7 @@ class BanWatch {
 
   private:
     std::map<int, Request> requests; ///< by request id
+    std::vector<Request> answered;   ///< in this event
     std::map<std::string, std::set<std::string>> excused;
 };
 

@@ -114,6 +114,7 @@ void Invariants::Check() {
     CheckQueues();
     CheckReplies();
     if (!doubtful.empty()) CheckLists();
+    bans.EventOver();
     if (world.Now() < nextGiveUp) return;
     nextGiveUp = world.Now() + longestAnswer;
     bans.GiveUpBefore(world.Now() - longestAnswer);
