@@ -90,17 +90,12 @@ void ReadForeignLines(SettingsReading& reading, std::string_view text) {
 
 void ImportForeignSettings(const SettingsTarget& target, const std::string& folderOrPath,
                            const std::string& fileName) {
-    auto& files = target.platform.FileSystem();
-    auto path = PathOf(files, folderOrPath, fileName);
-    if (!files.Exists(path))
-        return target.platform.Boxes().Error("Error", "Halyard settings file not found!");
-
+    const auto text = BeginReading(target, folderOrPath, fileName);
+    if (!text) return;
     auto& options = target.options;
-    options.SettingsLoading = true;
-    options.NewSettings();
     std::array<std::string, ChatSendCount> unused; // foreign files have no chatsends
     SettingsReading reading{options, target.lists, unused};
-    ReadForeignLines(reading, files.Read(path, TextFileLimit).value_or(std::string()));
+    ReadForeignLines(reading, *text);
     options.SettingsLoading = false;
 }
 

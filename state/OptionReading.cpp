@@ -1,8 +1,11 @@
 #include "state/OptionReading.h"
 
 #include "base/Text.h"
+#include "platform/Platform.h"
 #include "state/ListWorkers.h"
 #include "state/Options.h"
+#include "state/SettingsReader.h"
+#include "state/TextFile.h"
 
 namespace halyard {
 
@@ -66,6 +69,19 @@ void OptionReader::operator()(const TextOption& text) const {
 }
 
 } // namespace
+
+std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& folderOrPath,
+                                        const std::string& fileName) {
+    auto& files = target.platform.FileSystem();
+    const auto path = PathOf(files, folderOrPath, fileName);
+    if (!files.Exists(path)) {
+        target.platform.Boxes().Error("Error", "Halyard settings file not found!");
+        return std::nullopt;
+    }
+    target.options.SettingsLoading = true;
+    target.options.NewSettings();
+    return files.Read(path, TextFileLimit).value_or(std::string());
+}
 
 OptionsByKey IndexOptions() {
     OptionsByKey byKey;

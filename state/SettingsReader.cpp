@@ -50,17 +50,11 @@ void ReadLines(const SettingsTarget& target, SettingsReading& reading, LineReade
 
 void ReadSettings(const SettingsTarget& target, const std::string& folderOrPath,
                   const std::string& fileName) {
-    auto& files = target.platform.FileSystem();
-    auto path = PathOf(files, folderOrPath, fileName);
-    if (!files.Exists(path))
-        return target.platform.Boxes().Error("Error", "Halyard settings file not found!");
-
+    const auto text = BeginReading(target, folderOrPath, fileName);
+    if (!text) return;
     auto& options = target.options;
-    options.SettingsLoading = true;
-    options.NewSettings();
     auto slots = TakeChatSends(options.Control().ChatSends);
-    const auto text = files.Read(path, TextFileLimit).value_or(std::string());
-    LineReader lines(text);
+    LineReader lines(*text);
     if (!HasVersion(lines)) {
         // The settings stay at their defaults, ChatSends stays empty and SettingsLoading true, on purpose.
         target.platform.Boxes().Error("Error", "Error: Settings file not compatible with program version.");
