@@ -54,19 +54,23 @@ void frmConsole::ShowPeopleCount() {
 void frmConsole::AddConsoleUser(const std::string& strUser) {
     lstPeopleHere.AddItem(strUser);
     ShowPeopleCount();
-    txtChatMsg.Append("Online Host: " + strUser + " has entered the room.\r\n");
+    Log("Online Host: " + strUser + " has entered the room.");
 }
 
 void frmConsole::RemoveConsoleUser(const std::string& strUser) {
     lstPeopleHere.RemoveItem(FindLine(lstPeopleHere, strUser));
     ShowPeopleCount();
-    txtChatMsg.Append("Online Host: " + strUser + " has left the room.\r\n");
+    Log("Online Host: " + strUser + " has left the room.");
 }
 
 void frmConsole::IncomingMessage(const std::string& strUser, const std::string& strMessage) {
     if (!IgnoredUsers.Item(NormalizeName(strUser)).empty()) return;
+    Log(strUser + ": " + strMessage);
+}
+
+void frmConsole::Log(const std::string& line) {
     if (txtChatMsg.Text().size() >= LogLimit) txtChatMsg.SetText(""); // all of it, not the oldest lines
-    txtChatMsg.Append(strUser + ": " + strMessage + "\r\n");
+    txtChatMsg.Append(line + "\r\n");
 }
 
 void frmConsole::Ban() {

@@ -56,6 +56,7 @@ class frmConsole {
     }
 
   private:
+    void Log(const std::string& line);
     void BindPeople();
     void Ban();
     void Ignore();
