@@ -129,9 +129,13 @@ bool SoakRun::Hour() {
     } else {
         SaveAndLoad();
     }
-    if (!window.Control().LoggedOn() && !window.reconnection.Reconnecting) SignOnAgain();
     town.SetRejoining(false);
-    if (!RunFor(WayBack(town.Rooms().size()))) return false;
+    // Twice: a sign-on that was delayed by the faults may end the one after it, also without a word.
+    for (int look = 0; look < 2; ++look) {
+        const bool silent = !window.Control().LoggedOn() && !window.reconnection.Reconnecting;
+        if (silent) SignOnAgain();
+        if ((silent || look == 0) && !RunFor(WayBack(town.Rooms().size()))) return false;
+    }
     JoinAgain();
     invariants.RequireBack(town.Rooms());
     violatedAt = world.Now();
