@@ -58,13 +58,14 @@ bool Holds(const Collection<std::string>& queue, const std::string& wanted) {
     return false;
 }
 
-/// True when the room was entered a second time before this connection to it was found dead.
+/// True when the room was entered a second time before this connection to it was found dead. A connection on which the
+/// room's information never came has entered nothing, and may stay like that for ever.
 bool EnteredTwice(const TillerSock& control, const std::string& name, std::int16_t exchange,
                   std::int16_t instance, std::int16_t intChatIndex) {
     const auto wanted = NormalizeName(name);
     for (const auto& room : control.Chat)
-        if (room->ChatIndex != intChatIndex && room->Exchange == exchange && room->Instance == instance &&
-            NormalizeName(room->ChatName) == wanted)
+        if (room->ChatIndex != intChatIndex && !room->Cookie.empty() && room->Exchange == exchange &&
+            room->Instance == instance && NormalizeName(room->ChatName) == wanted)
             return true;
     return false;
 }
