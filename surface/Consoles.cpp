@@ -64,9 +64,17 @@ void Consoles::RoomJoined(const std::string& strChatName, std::int16_t intChatIn
 
 void Consoles::RoomLeft(const std::string& strChatName, std::int16_t intChatIndex) {
     const auto console = Named(strChatName);
-    if (!console || console->ChatIndex != intChatIndex) return;
-    console->IncomingMessage("OnlineHost", "** You have left the room. **");
-    console->txtSend.SetEnabled(false);
+    if (console && console->ChatIndex == intChatIndex) TellLeft(*console);
+}
+
+void Consoles::DropLostRooms() {
+    for (const auto& console : ChatConsoles)
+        if (console->txtSend.Enabled() && Of(console->ChatIndex) != console) TellLeft(*console);
+}
+
+void Consoles::TellLeft(frmConsole& console) {
+    console.IncomingMessage("OnlineHost", "** You have left the room. **");
+    console.txtSend.SetEnabled(false);
 }
 
 } // namespace halyard

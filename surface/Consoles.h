@@ -33,8 +33,12 @@ class Consoles {
     /// The room was joined: its console, if one has stayed open, works again.
     void RoomJoined(const std::string& strChatName, std::int16_t intChatIndex);
     void RoomLeft(const std::string& strChatName, std::int16_t intChatIndex);
+    /// Rooms that end with the main connection end without an event: says it in the consoles of those.
+    void DropLostRooms();
 
   private:
+    static void TellLeft(frmConsole& console);
+
     const SurfaceContext& context;
 };
 

@@ -22,7 +22,10 @@ void frmMain::LoginStatus(Text strCurrentAction) { reconnection.LoginStatus(strC
 
 void frmMain::LoginError(Text strDescription, std::int16_t) { reconnection.LoginError(strDescription); }
 
-void frmMain::LoggedOff() { reconnection.LoggedOff(); }
+void frmMain::LoggedOff() {
+    reconnection.LoggedOff();
+    consoles.DropLostRooms();
+}
 
 void frmMain::Error(Text strDescription, std::int16_t intErrorCode, std::int16_t, Text strFamilyDenied) {
     reconnection.Error(strDescription, intErrorCode, strFamilyDenied);

@@ -27,7 +27,10 @@ frmMain::frmMain(Platform& platform, WindowHost* windows)
         control.GettingUserInfo = false;
         tmrTimeout->SetEnabled(false);
     };
-    connection.onRoomsDropped = [this] { chats.DropLostRooms(); };
+    connection.onRoomsDropped = [this] {
+        chats.DropLostRooms();
+        consoles.DropLostRooms();
+    };
     connection.onSigningOff = [this] { chats.ClearRooms(); };
     options.onCloseEditors = [this] {
         locksWindow.Form_Unload();
