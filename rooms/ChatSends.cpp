@@ -155,11 +155,21 @@ constexpr std::array<std::string_view, ChatSendCount> defaultTexts = {{
     "« %p is already on time ban »",
 }};
 
+/// The same in Windows-1252, brought there once.
+const std::array<std::string, ChatSendCount>& DefaultLines() {
+    static const auto lines = [] {
+        std::array<std::string, ChatSendCount> converted;
+        for (std::size_t i = 0; i < converted.size(); ++i) converted[i] = FromUtf8(defaultTexts[i]);
+        return converted;
+    }();
+    return lines;
+}
+
 } // namespace
 
 void DefaultChatSendTexts(Collection<std::string>& chatSends) {
     chatSends.Clear();
-    for (const auto text : defaultTexts) chatSends.Add(FromUtf8(text));
+    for (const auto& line : DefaultLines()) chatSends.Add(line);
 }
 
 } // namespace halyard
