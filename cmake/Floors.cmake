@@ -15,7 +15,9 @@ if(HALYARD_SANITIZE)
 endif()
 
 if(HALYARD_FUZZ)
-  target_compile_options(halyard_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_options(halyard_flags INTERFACE
+                         -fsanitize=fuzzer-no-link
+                         -fsanitize-coverage-ignorelist=${CMAKE_SOURCE_DIR}/fuzz/uncounted.txt)
 endif()
 
 # halyard_floor(<folder> [NEEDS <folder>...] [LINKS <library>...])

@@ -5,8 +5,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace halyard;
-    fuzz::FuzzDesk desk;
-    desk.SignOnAndJoin();
+    auto& desk = fuzz::KeptDesk(data, size);
+    desk.BeInLobby();
     desk.FillLists();
     static const char* const speakers[] = {"Boss", "Mate", "Friend", "Some Guest", "OnlineHost", "100200"};
     for (fuzz::Input input(data, size); !input.Empty();) {
@@ -15,10 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (who == '!')
             desk.window.Engine().InternalCommand(text);
         else if (who >= '0' && who <= '9')
-            desk.world.RunFor(1000 * (who - '0') + 500);
+            desk.Wait(1000 * (who - '0') + 500);
         else
             desk.window.Engine().ChatMessage(1, speakers[who % 6], text);
     }
-    desk.world.RunFor(30000);
+    desk.Wait(12000);
     return 0;
 }

@@ -5,7 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace halyard;
-    fuzz::FuzzDesk desk;
+    auto& desk = fuzz::KeptDesk(data, size);
     desk.SignOnAndJoin();
     auto& ejects = desk.window.ejects;
     const EjectPanel panel{ejects.lstEjected, ejects.lblBanCount, ejects.lstEjectListChats,

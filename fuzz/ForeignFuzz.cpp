@@ -6,7 +6,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace halyard;
-    auto& desk = fuzz::KeptDesk();
+    auto& desk = fuzz::KeptDesk(data, size);
     SettingsTarget target{desk.platform, desk.window.options, desk.window.Engine().Lists(), [] {}};
     desk.platform.disk.Put("/program/any.txt", std::string_view(reinterpret_cast<const char*>(data), size));
     ImportForeignSettings(target, "/program/any.txt");

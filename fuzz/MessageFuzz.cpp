@@ -5,14 +5,14 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace halyard;
-    fuzz::FuzzDesk desk;
-    desk.SignOnAndJoin();
+    auto& desk = fuzz::KeptDesk(data, size);
+    desk.BeInLobby();
     desk.FillLists();
     fuzz::Input input(data, size);
     if (input.Byte() % 2 == 0)
         desk.Feed(0, fuzz::Snac("00040007", input.Rest()));
     else
         while (!input.Empty()) desk.window.Engine().InstantMessage("Boss", std::string(input.Line()));
-    desk.world.RunFor(12000);
+    desk.Wait(5000);
     return 0;
 }

@@ -31,7 +31,7 @@ void Step(FuzzDesk& desk, Input& input) {
     else if (what == 59)
         desk.Feed(socket, Flap(input.Bytes(static_cast<std::size_t>(input.Word())), 4));
     else if (what == 60)
-        desk.world.RunFor(input.Word() % longestWait);
+        desk.Wait(input.Word() % longestWait);
     else if (what == 61)
         desk.Fail(socket);
     else if (what == 62)
@@ -53,11 +53,12 @@ void CheckState(const FuzzDesk& desk) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzDesk desk;
+    auto& desk = KeptDesk(data, size);
     desk.SignOnAndJoin();
+    Require(desk.control.LoggedOn() && desk.control.Room(1)); // whatever a service did before
     desk.FillLists();
     for (Input input(data, size); !input.Empty();) Step(desk, input);
-    desk.world.RunFor(1000);
+    desk.Wait(1000);
     CheckState(desk);
     return 0;
 }

@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace halyard;
-    auto& desk = fuzz::KeptDesk();
+    auto& desk = fuzz::KeptDesk(data, size);
     auto& file = desk.window.stats.File;
     desk.window.counters.ClearStats();
     fuzz::Require(file.Write());
