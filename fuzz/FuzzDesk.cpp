@@ -10,9 +10,13 @@ namespace halyard::fuzz {
 
 namespace {
 
-constexpr int inputsOfADesk = 64;
-constexpr int inputsOfALeakCheck = 16 * inputsOfADesk;
+constexpr int desksOfALeakCheck = 16;
 constexpr std::int64_t longestWait = 120000;
+
+int InputsOfADesk() {
+    const char* asked = std::getenv("HALYARD_FUZZ_INPUTS");
+    return asked ? std::max(std::atoi(asked), 1) : 64;
+}
 
 } // namespace
 
@@ -85,14 +89,15 @@ void FuzzDesk::FillLists() {
 FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size) {
     static std::unique_ptr<FuzzDesk> desk;
     static Record record;
+    static const int inputs = InputsOfADesk();
+    static int desks = 0;
     static int uses = 0;
-    if (uses % inputsOfADesk == 0) {
+    if (uses++ % inputs == 0) {
         desk.reset();
-        if (uses % inputsOfALeakCheck == 0) Require(__lsan_do_recoverable_leak_check() == 0);
+        if (desks++ % desksOfALeakCheck == 0) Require(__lsan_do_recoverable_leak_check() == 0);
         desk = std::make_unique<FuzzDesk>();
         record.Begin();
     }
-    ++uses;
     record.Add(std::string_view(reinterpret_cast<const char*>(data), size));
     desk->platform.dialogs.shown.clear();
     desk->waited = 0;

@@ -47,9 +47,10 @@ class FuzzDesk {
     bool filled = false;
 };
 
-/// The desk for this input. It serves 64 inputs one after the other, because making one takes longer than most
-/// inputs do, and so a finding may need those before it: all that a desk was given is written to the file that
-/// HALYARD_FUZZ_RECORD names, and a target plays the file that HALYARD_FUZZ_REPLAY names before it begins.
+/// The desk for this input. It serves 64 inputs, or HALYARD_FUZZ_INPUTS, one after the other, because making one
+/// takes longer than most inputs do. So a finding may need those before it: all that a desk was given is
+/// written to the file that HALYARD_FUZZ_RECORD names, and a target plays the file that HALYARD_FUZZ_REPLAY
+/// names before it begins.
 FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size);
 
 } // namespace halyard::fuzz
