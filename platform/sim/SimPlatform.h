@@ -7,6 +7,7 @@
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimFiles.h"
 #include "platform/sim/SimRandom.h"
+#include "platform/sim/SimTimer.h"
 #include "platform/sim/SimWorld.h"
 
 #include <cstdint>
@@ -24,6 +25,7 @@ class SimPlatform : public Platform {
     SimFiles disk;
     ScriptedDialogs dialogs;
     SimDesktop desktop;
+    SimTicks ticks;
 
     std::unique_ptr<Socket> NewSocket() override;
     std::unique_ptr<SocketServer> NewServer() override;

@@ -24,6 +24,7 @@ void SimTimer::Start() {
 
 void SimTimer::Tick() {
     Start();
+    if (++ticks.had == ticks.lost) return;
     if (auto handler = onTick) handler(); // a copy: the handler may destroy this timer
 }
 

@@ -6,11 +6,21 @@
 #include "platform/Timer.h"
 #include "platform/sim/SimClock.h"
 
+#include <cstdint>
+
 namespace halyard {
+
+/// The ticks that one machine's timers have had, and the number of the one that is lost, as on a machine that was
+/// busy elsewhere: its timer ticks again an interval later. 0: none.
+struct SimTicks {
+    std::uint64_t had = 0;
+    std::uint64_t lost = 0;
+};
 
 class SimTimer : public Timer {
   public:
-    explicit SimTimer(SimClock& clock) : clock(clock) {}
+    /// `ticks`, of the machine that it stands on, must outlive it.
+    SimTimer(SimClock& clock, SimTicks& ticks) : clock(clock), ticks(ticks) {}
     ~SimTimer() override { clock.Cancel(next); }
     SimTimer(const SimTimer&) = delete;
     SimTimer& operator=(const SimTimer&) = delete;
@@ -26,6 +36,7 @@ class SimTimer : public Timer {
     void Tick();
 
     SimClock& clock;
+    SimTicks& ticks;
     SimClock::Ticket next;
     int interval = 1;
 };

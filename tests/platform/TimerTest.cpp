@@ -10,8 +10,9 @@ namespace {
 
 struct Timers : testing::Test {
     SimWorld world;
+    SimTicks count;
     std::vector<std::int64_t> ticks;
-    std::unique_ptr<SimTimer> timer = std::make_unique<SimTimer>(world.clock);
+    std::unique_ptr<SimTimer> timer = std::make_unique<SimTimer>(world.clock, count);
 
     Timers() {
         timer->SetInterval(100);
@@ -44,6 +45,13 @@ TEST_F(Timers, TakesANewIntervalFromNowWhenOnAndLaterWhenOff) {
     EXPECT_EQ(ticks, (Moments{140, 270}));
 }
 
+TEST_F(Timers, ALostTickComesAnIntervalLater) {
+    count.lost = 2;
+    timer->SetEnabled(true);
+    world.RunFor(400);
+    EXPECT_EQ(ticks, (Moments{100, 300, 400}));
+}
+
 TEST_F(Timers, HandlersMayStopRestartChangeAndDestroyTheirTimer) {
     timer->onTick = [this] {
         ticks.push_back(world.Now());
@@ -65,7 +73,7 @@ TEST_F(Timers, HandlersMayStopRestartChangeAndDestroyTheirTimer) {
 }
 
 TEST_F(Timers, AYearOfTicksKeepsTime) {
-    SimTimer slow(world.clock);
+    SimTimer slow(world.clock, count);
     std::uint64_t slowTicks = 0, fastTicks = 0;
     slow.SetInterval(60000);
     slow.onTick = [&] { ++slowTicks; };

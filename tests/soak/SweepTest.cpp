@@ -1,6 +1,5 @@
 // One evening of the whole bot, run again and again with one more operation failing: the Nth send, the Nth
-// connect, the Nth file operation, until an evening meets no failure. Timers are not in the sweep: they are
-// the message loop's own and have no way to fail.
+// connect, the Nth file operation, the Nth tick of a timer, until an evening meets no failure.
 
 #include "tests/soak/Evening.h"
 
@@ -9,11 +8,12 @@
 namespace halyard {
 namespace {
 
-/// The four things that can fail, by number.
+/// The things that can fail, by number.
 struct Sweep {
     const char* name;
     void (*arrange)(Evening&, std::uint64_t nth);
     std::uint64_t (*count)(const Evening&);
+    int untrue = 1010; ///< ms at most, as the first attempt to come back comes after 1 s
 };
 
 template <SimNetwork::Operation operation>
@@ -34,6 +34,10 @@ const Sweep files{
     "file operation",
     [](Evening& evening, std::uint64_t nth) { evening.machine.disk.FailNth(static_cast<int>(nth)); },
     [](const Evening& evening) { return evening.machine.disk.Operations(); }};
+const Sweep ticks{
+    "tick",
+    [](Evening& evening, std::uint64_t nth) { evening.machine.ticks.lost = evening.machine.ticks.had + nth; },
+    [](const Evening& evening) { return evening.machine.ticks.had; }, 2010};
 
 /// What a sweep leaves to tell: where the operator had to step in and which error boxes came, how many
 /// evenings ended with the eject list and the service's bans apart, and how many evenings there were.
@@ -42,7 +46,7 @@ struct Told {
     int apart = 0, evenings = 0;
 };
 
-void CheckEnd(Evening& evening) {
+void CheckEnd(Evening& evening, int untrue) {
     EXPECT_EQ(evening.broken, "");
     EXPECT_TRUE(evening.Inside());
     EXPECT_EQ(evening.control.Chat.Count(), 1U);
@@ -51,8 +55,8 @@ void CheckEnd(Evening& evening) {
     EXPECT_EQ(evening.machine.desktop.trayTip, "Halyard 2.0 (Beta 1.0) [User: Harbour Bot]");
     EXPECT_FALSE(evening.window.reconnection.Reconnecting);
     EXPECT_EQ(evening.window.reconnection.RejoinQueue.Count(), 0U);
-    EXPECT_LE(evening.online.Longest(), 1010); // the first attempt to come back comes after 1 s
-    EXPECT_LE(evening.inside.Longest(), 1010);
+    EXPECT_LE(evening.online.Longest(), untrue);
+    EXPECT_LE(evening.inside.Longest(), untrue);
     const auto& disk = evening.machine.disk;
     const auto settings = disk.Contents(settingsFile), bans = disk.Contents(bansFile);
     EXPECT_TRUE(settings == oldSettings || settings == evening.savedSettings);
@@ -70,7 +74,7 @@ Told RunAll(const Sweep& sweep) {
         sweep.arrange(evening, nth);
         evening.Run();
         met = sweep.count(evening) - before >= nth;
-        CheckEnd(evening);
+        CheckEnd(evening, sweep.untrue);
         told.apart += evening.apart;
         told.steps.insert(evening.steppedIn.begin(), evening.steppedIn.end());
         for (const auto& line : evening.Boxes())
@@ -108,6 +112,16 @@ TEST(FaultSweep, EveryConnect) {
         EXPECT_EQ(told->errors, std::set<std::string>{});
         EXPECT_GE(told->evenings, 9);
     }
+}
+
+// Every tick comes again, an interval later. Only the op who commands 3 s after the join feels one: the two
+// seconds in which the bot doesn't listen last four.
+TEST(FaultSweep, EveryTick) {
+    const auto told = RunAll(ticks);
+    EXPECT_EQ(told.steps, std::set{"banning" + lostCommand});
+    EXPECT_EQ(told.errors, std::set<std::string>{});
+    EXPECT_EQ(told.apart, 0);
+    EXPECT_GT(told.evenings, 90);
 }
 
 // A save that fails is not told, on purpose; a file that cannot be read is.
