@@ -1,13 +1,8 @@
 // What a line, a joiner and a command cost a bot with long lists. The room has no connection: all that the
 // bot says and asks for is made and paced, and goes nowhere.
 
-#include "commands/CommandEngine.h"
-#include "commands/CommandHost.h"
+#include "bench/SilentBot.h"
 #include "oscar/ModOscarFunctions.h"
-#include "oscar/TillerSock.h"
-#include "platform/sim/SimPlatform.h"
-#include "state/Counters.h"
-#include "state/Options.h"
 
 #include <benchmark/benchmark.h>
 #include <string>
@@ -16,39 +11,10 @@ using namespace halyard;
 
 namespace {
 
-class SilentHost : public CommandHost {
-  public:
-    void ConsoleMessage(std::int16_t, const std::string&, const std::string&) override {}
-    void AddConsoleUser(std::int16_t, const std::string&) override {}
-    void RemoveConsoleUser(std::int16_t, const std::string&) override {}
-    void IncomingIM(const std::string&, const std::string&) override {}
-    void LockAdded(LockKind, const std::string&) override {}
-    void LockRemoved(LockKind, const std::string&) override {}
-    void SetUserInfoTimer(bool) override {}
-};
-
-class NoLink : public MainWindowLink {
-  public:
-    bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
-    void Rated(int, Text) override {}
-    void Unrated(int, Text, std::int16_t) override {}
-};
-
 /// One room at slot 1 with the op "judge" and as many others as wanted.
-struct Bot {
+struct Bot : SilentBot {
     static constexpr std::int16_t slot = 1;
 
-    SimWorld world;
-    SimPlatform platform{world};
-    OscarSettings settings;
-    TillerEvents events;
-    NoLink link;
-    SilentHost host;
-    TillerSock control{platform, settings, events, link};
-    Options options{platform, control, settings};
-    Counters counters{options, control};
-    CommandEngine engine{options, control, counters, host, platform.dialogs};
     std::shared_ptr<Chats> room;
 
     explicit Bot(int people = 20) {

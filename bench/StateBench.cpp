@@ -1,13 +1,8 @@
 // What keeping settings costs: saving and loading a file with long lists, on a disk in memory. Loading goes
 // the whole way, through the acts on lists with their replies, counts and lines in the list boxes.
 
-#include "commands/CommandEngine.h"
-#include "commands/CommandHost.h"
-#include "oscar/TillerSock.h"
-#include "platform/sim/SimPlatform.h"
-#include "state/Counters.h"
+#include "bench/SilentBot.h"
 #include "state/EjectListFile.h"
-#include "state/Options.h"
 #include "state/SettingsReader.h"
 #include "state/SettingsWriter.h"
 
@@ -22,23 +17,11 @@ namespace {
 constexpr const char* SettingsPath = "/program/bench.hys";
 constexpr const char* EjectsPath = "/program/bench.txt";
 
-struct Bot : TillerEvents, MainWindowLink, CommandHost {
+struct Bot : SilentBot {
     Bot() {
         options.StartUp();
         control.DefaultChatSends();
     }
-
-    bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
-    void Rated(int, const std::string&) override {}
-    void Unrated(int, const std::string&, std::int16_t) override {}
-    void ConsoleMessage(std::int16_t, const std::string&, const std::string&) override {}
-    void AddConsoleUser(std::int16_t, const std::string&) override {}
-    void RemoveConsoleUser(std::int16_t, const std::string&) override {}
-    void IncomingIM(const std::string&, const std::string&) override {}
-    void LockAdded(LockKind, const std::string&) override {}
-    void LockRemoved(LockKind, const std::string&) override {}
-    void SetUserInfoTimer(bool) override {}
 
     /// So many entries in each of the seven lists; some with a mask.
     void FillLists(std::int64_t entries) {
@@ -54,14 +37,6 @@ struct Bot : TillerEvents, MainWindowLink, CommandHost {
             lists.AddLockBan(name, 0);
         }
     }
-
-    SimWorld world;
-    SimPlatform platform{world};
-    OscarSettings settings;
-    TillerSock control{platform, settings, *this, *this};
-    Options options{platform, control, settings};
-    Counters counters{options, control};
-    CommandEngine engine{options, control, counters, *this, platform.dialogs};
 };
 
 void SaveSettings(benchmark::State& state) {
