@@ -16,6 +16,11 @@ namespace {
 constexpr int NotOwnerChatSend = 116;
 constexpr int OwnerImmuneChatSend = 117;
 
+/// The low half of the request id (frame positions 15 and 16), in decimal: the key of RequestIDs.
+std::string GetReplyID(const std::string& strPacket) {
+    return std::to_string(StrToWord(Mid(strPacket, 15, 2)).value_or(0));
+}
+
 /// What a confirmed request of a kind leads to.
 struct ReplyRule {
     const char* strType;
@@ -112,7 +117,7 @@ void TillerSock::RoomUnrated(int intType, const std::string& strChatName, std::i
 
 void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto intChatIndex = static_cast<std::int16_t>(Index);
-    auto id = std::to_string(StrToWord(Mid(strPacket, 15, 2)).value_or(0));
+    const auto id = GetReplyID(strPacket);
     auto pending = Split(RequestIDs.Item(id), ":", 5); // type, room, id, user, other
     pending.resize(pending.empty() ? 0 : 5);
     auto body = Mid(strPacket, 17);

@@ -89,19 +89,27 @@ void TillerSock::LoseRoom(std::int16_t intChatColIndex) {
 }
 
 void TillerSock::ResetAll() {
-    Sock.CloseAll();
+    CloseAllSocks();
+    ClearUser();
+    ClearService();
+    ClearChatRequest();
+    strEncoding.clear();
+    strLastErrorCode.clear();
+    ClearTLVData();
+}
+
+void TillerSock::CloseAllSocks() {
+    Sock.CloseAllSocks();
     while (Chat.Count() > 0) {
         timers.UnloadChatTimers(1); // no room is left to free its slots later
         Chat.Remove(1);
     }
     indices = {};
+}
+
+void TillerSock::ClearUser() {
     signOn = {};
     presence = {};
-    ClearService();
-    request = {};
-    strEncoding.clear();
-    strLastErrorCode.clear();
-    ClearTLVData();
 }
 
 void TillerSock::ClearService() {
@@ -111,6 +119,8 @@ void TillerSock::ClearService() {
     service.strServiceCookie.clear();
     service.strServiceFamily.clear();
 }
+
+void TillerSock::ClearChatRequest() { request = {}; }
 
 void TillerSock::LogOff() {
     StopLoginTimer();

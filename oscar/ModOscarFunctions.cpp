@@ -29,12 +29,6 @@ std::size_t TakeTLV(const std::string& input, std::size_t at, Collection<std::st
     return std::min(input.size(), at + 4 + static_cast<std::size_t>(*length));
 }
 
-void TakeTLVs(std::string& input, int count, Collection<std::string>& list) {
-    std::size_t at = 0;
-    for (int taken = 0; taken < count && at < input.size(); ++taken) at = TakeTLV(input, at, list);
-    input.erase(0, at);
-}
-
 } // namespace
 
 std::string ByteToStr(long long value) {
@@ -106,11 +100,15 @@ void ParseTLVs(std::string& input, Collection<std::string>& list) {
         list.Add("");
         return;
     }
-    TakeTLVs(input, 101, list);
+    std::size_t at = 0;
+    for (int taken = 0; taken < 101 && at < input.size(); ++taken) at = TakeTLV(input, at, list);
+    input.erase(0, at);
 }
 
 void ParseTLVCount(std::string& input, int count, Collection<std::string>& list) {
-    TakeTLVs(input, std::min(count, 100), list);
+    std::size_t at = 0;
+    for (int taken = 0; taken < std::min(count, 100); ++taken) at = TakeTLV(input, at, list);
+    input.erase(0, at);
 }
 
 std::string FamilyTag(std::string_view family) {

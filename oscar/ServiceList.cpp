@@ -23,7 +23,7 @@ std::int32_t WordAt(const std::string& list, std::size_t at) {
 }
 
 /// The item that begins at `at` (from 0), which moves behind it: name, group id, item id, type, block.
-SSIItem TakeSSIItem(const std::string& list, std::size_t& at) {
+SSIItem ParseSSIItem(const std::string& list, std::size_t& at) {
     at += 2 + static_cast<std::size_t>(WordAt(list, at)) + 2; // an empty name is its two zero bytes alone
     SSIItem item{WordAt(list, at), WordAt(list, at + 2), {}};
     auto length = static_cast<std::size_t>(WordAt(list, at + 4));
@@ -49,7 +49,7 @@ void TillerSock::HandleSSIList(const std::string& strPacket) {
     constexpr std::size_t ItemsStart = 19; // behind a version byte and the count
     constexpr std::size_t SmallestItem = 5;
     for (std::size_t at = ItemsStart; at + SmallestItem <= strPacket.size();) {
-        auto item = TakeSSIItem(strPacket, at);
+        auto item = ParseSSIItem(strPacket, at);
         if (item.type != PrivacyItem && item.type != PresenceItem) continue;
         AssignInt16(item.type == PrivacyItem ? presence.PrivacyItemID : presence.PresenceItemID, item.id);
         ClearTLVData();

@@ -38,7 +38,7 @@ void SocketTable::CloseSock(int Index) {
     if (Index == UpperBound() && Index > 0) Sock.pop_back();
 }
 
-void SocketTable::CloseAll() {
+void SocketTable::CloseAllSocks() {
     for (int Index = 0; Index <= UpperBound(); ++Index) Close(Index);
     Sock.resize(1);
 }

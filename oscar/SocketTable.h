@@ -39,7 +39,7 @@ class SocketTable {
     /// reuse.
     void CloseSock(int Index);
     /// Closes and unloads all but element 0, which is only closed.
-    void CloseAll();
+    void CloseAllSocks();
 
     /// Starts a fresh stream: nothing of an earlier connection on this index is kept but its sequence number.
     void Connect(int Index, const std::string& host, std::int32_t port);

@@ -136,7 +136,10 @@ class TillerSock : public RoomHost {
     void HandleSignOff(int Index);
     void LoseRoom(std::int16_t intChatColIndex);
     void ResetAll();
+    void CloseAllSocks();
+    void ClearUser();
     void ClearService();
+    void ClearChatRequest();
 
     // SignOn.cpp: family 0017 and the roasted dialogue.
     void HandleHello(int Index);

@@ -21,9 +21,8 @@ void WalkTLVs(Collection<std::string>& list, Use use) {
     }
 }
 
-/// Where a service is: what stands before the first ":" and the number behind it. The port is `port` as it
-/// was when no
-/// ":" or no number is there.
+/// Where a service is: what stands before the first ":" and the number behind it. Without a ":" or a number
+/// `port` stays as it was.
 inline void SplitAddress(const std::string& address, std::string& host, std::int32_t& port) {
     auto parts = Split(address, ":", 2);
     host = parts.empty() ? std::string() : parts[0];
