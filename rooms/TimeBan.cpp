@@ -10,8 +10,13 @@ namespace {
 
 enum Field { User, Room, Exchange, Instance, RoomIndex, Minutes, MinutesLeft, SecondsLeft, FieldCount };
 
+/// The user ends at the first ":", and the room, whose name may hold some, at the sixth from the end.
 std::vector<std::string> Fields(const std::string& strRecord) {
-    auto fields = Split(strRecord, ":", FieldCount);
+    auto fields = Split(strRecord, ":");
+    while (fields.size() > FieldCount) {
+        fields[Room] += ":" + fields[Room + 1];
+        fields.erase(fields.begin() + Room + 1);
+    }
     fields.resize(FieldCount);
     return fields;
 }
