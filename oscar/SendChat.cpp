@@ -64,6 +64,8 @@ void TillerSock::SendAllChats(std::int16_t /*intChatIndex*/, const std::string& 
 void TillerSock::PrepareSends(std::string strReplacement, const std::string& strChar, std::string strMessage,
                               const std::string& strOther, const std::string& strType,
                               const std::string& strMsgType, std::int16_t intChatIndex) {
+    // While a settings file is read, and after one of another version, there is no line to say.
+    if (strMessage.empty() && ChatSends.Count() == 0) return;
     auto say = [&](std::int16_t position) {
         auto room = Chat.Item(position); // held: the room may end while it speaks
         if (room)
