@@ -95,7 +95,9 @@ void ReadOption(SettingsReading& reading, const Option& option, const std::strin
     std::visit(OptionReader{reading, line, value}, option);
 }
 
-bool IsListName(const std::string& name) { return name.size() >= 2 && name.size() <= 100; }
+bool IsListName(const std::string& name) {
+    return name.size() >= 2 && name.size() <= 100 && !NormalizeName(name).empty();
+}
 
 std::optional<double> ToNumber(const std::string& value) {
     return IsNumeric(value) ? std::optional(Val(value)) : std::nullopt;
