@@ -77,6 +77,7 @@ void Options::ResetAutoSave() {
     Controls.txtAutoSaveFile.SetEnabled(false);
     Controls.txtEjectListFileName.SetEnabled(false);
     Controls.chkAutoSaveBans.SetValue(0);
+    AutoSaveBansOn = false; // a file can have set it without the box
     Controls.chkAutoSaveBans.SetEnabled(false);
 }
 

@@ -56,6 +56,7 @@ void Options::AutoSaveClicked() {
     Controls.chkAutoSaveBans.SetEnabled(on);
     if (on) return;
     Controls.chkAutoSaveBans.SetValue(0);
+    AutoSaveBansOn = false; // a file can have set it without the box
     Controls.txtEjectListFileName.SetEnabled(false);
 }
 

@@ -23,6 +23,9 @@ class Timer;
 struct OscarSettings;
 enum class Reset;
 
+/// As which a flag goes to the file.
+inline std::int16_t Bool2Int(bool blnBool) { return blnBool ? 1 : 0; }
+
 class Options {
   public:
     /// Binds the click and lost-focus handlers of all option controls. `control` and `settings` outlive the

@@ -16,7 +16,7 @@ struct OptionWriter {
 
     void operator()(const FlagOption& flag) const {
         bool on = flag.writesBox ? flag.box(options.Controls)->Value() == 1 : flag.variable(options);
-        lines.Add(Head(flag.key), on ? "1" : "0");
+        lines.Add(Head(flag.key), std::to_string(Bool2Int(on)));
     }
     void operator()(const TextOption& text) const { lines.Add(Head(text.key), text.get(options)); }
     void operator()(const ListOption& list) const { list.write(options, lines, Head(list.key)); }
