@@ -1,10 +1,10 @@
 #include "state/StatisticsFile.h"
 
+#include "base/Letters.h"
 #include "base/Text.h"
 #include "oscar/ModOscarFunctions.h"
 #include "platform/Platform.h"
 #include "state/Counters.h"
-#include "state/LetterText.h"
 #include "state/TextFile.h"
 
 #include <cmath>
@@ -20,10 +20,12 @@ constexpr std::string_view Note = "NOTE: Congrats on finding the hidden stats fi
                                   "purpose of me having to hide its location.";
 
 std::string FileNameHex() {
-    return LettersToHex({'S', 't', 'a', 't', 's', 'S', 't', 'o', 'r', 'e', '.', 'd', 'a', 't'});
+    return StrToHex(FromLetters({'S', 't', 'a', 't', 's', 'S', 't', 'o', 'r', 'e', '.', 'd', 'a', 't'}));
 }
 
-std::string SystemFolderHex() { return LettersToHex({':', '\\', 'W', 'i', 'n', 'd', 'o', 'w', 's', '\\'}); }
+std::string SystemFolderHex() {
+    return StrToHex(FromLetters({':', '\\', 'W', 'i', 'n', 'd', 'o', 'w', 's', '\\'}));
+}
 
 bool HasDriveLetter(const std::string& folder) { return folder.size() >= 2 && folder[1] == ':'; }
 

@@ -1,23 +1,23 @@
 #include "surface/Banners.h"
 
+#include "base/Letters.h"
 #include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "state/LetterText.h"
 #include "state/Options.h"
 #include "surface/SurfaceContext.h"
 
 namespace halyard {
 
 Banners::Banners() {
-    title = LettersToHex(
-        {'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', 'C', 'o', 'n', 't', 'r', 'o', 'l', ' ', 'D', 'e', 's', 'k'});
-    creator = LettersToHex({'M', 'a', 'd', 'e', ' ', 'b', 'y', ' ', 'T', 'i', 'l', 'l', 'e', 'r'});
-    edition = LettersToHex({'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', '2', '.', '0',
-                            ' ', '(', 'B', 'e', 't', 'a', ' ', '1', '.', '0', ')'});
-    availability = LettersToHex({'G', 'e', 't', ' ', 'i', 't', ' ', 'a', 't', ' ', 'h', 'a', 'l', 'y',
-                                 'a', 'r', 'd', '.', 'h', 'o', 'm', 'e', '.', 'a', 'r', 'p', 'a'});
-    advert =
-        LettersToHex({'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', 'u', 'n', 'd', 'e', 'r', ' ', 'w', 'a', 'y'});
+    title = StrToHex(FromLetters({'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', 'C', 'o',
+                                  'n', 't', 'r', 'o', 'l', ' ', 'D', 'e', 's', 'k'}));
+    creator = StrToHex(FromLetters({'M', 'a', 'd', 'e', ' ', 'b', 'y', ' ', 'T', 'i', 'l', 'l', 'e', 'r'}));
+    edition = StrToHex(FromLetters({'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', '2', '.', '0',
+                                    ' ', '(', 'B', 'e', 't', 'a', ' ', '1', '.', '0', ')'}));
+    availability = StrToHex(FromLetters({'G', 'e', 't', ' ', 'i', 't', ' ', 'a', 't', ' ', 'h', 'a', 'l', 'y',
+                                         'a', 'r', 'd', '.', 'h', 'o', 'm', 'e', '.', 'a', 'r', 'p', 'a'}));
+    advert = StrToHex(
+        FromLetters({'H', 'a', 'l', 'y', 'a', 'r', 'd', ' ', 'u', 'n', 'd', 'e', 'r', ' ', 'w', 'a', 'y'}));
     profilePrefix =
         StrToHex("<HTML><BODY BGCOLOR=\"000000\"><FONT COLOR=\"00bfff\">" + Title() + "<BR><BR>" + Creator() +
                  "<BR>" + Availability() + "<BR><BR>" + Edition() + "<HR>User: <font color=\"red\">");

