@@ -130,7 +130,7 @@ class TextBox : public Control {
 class ListBox : public Control {
   public:
     explicit ListBox(std::string name) : Control(std::move(name), {}) {}
-    std::function<void()> Click; ///< the selection has changed
+    std::function<void()> Click; ///< the selection has changed, or the selected line was clicked again
     std::function<void()> DblClick;
     std::function<void(int key)> KeyDown;
     std::function<void(int button)> MouseDown;

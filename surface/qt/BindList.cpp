@@ -42,8 +42,17 @@ class ListView : public QListView {
     }
 
     void mousePressEvent(QMouseEvent* event) override {
+        const int before = list.ListIndex();
         QListView::mousePressEvent(event);
         if (event->button() == Qt::RightButton) Told(list.MouseDown, RightButton);
+        // Another line tells of itself by becoming the selected one.
+        if (event->button() == Qt::LeftButton && before >= 0 && LineAt(*event) == before && list.Click)
+            list.Click();
+    }
+
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        QListView::mouseDoubleClickEvent(event);
+        if (event->button() == Qt::LeftButton && LineAt(*event) >= 0 && list.DblClick) list.DblClick();
     }
 
     /// The key that opens menus.
@@ -65,6 +74,8 @@ class ListView : public QListView {
     }
 
   private:
+    int LineAt(const QMouseEvent& event) const { return indexAt(event.position().toPoint()).row(); }
+
     void Told(const std::function<void(int)>& handler, int what) {
         if (handler) handler(what);
     }
@@ -91,9 +102,6 @@ QListView* BindList(ListBox& list, const std::string& name) {
     auto* widget = new ListView(list);
     NameAfter(*widget, name);
     Follow(list, *widget, Paint::Field, [widget] { widget->Sync(); });
-    QObject::connect(widget, &QListView::doubleClicked, widget, [&list] {
-        if (list.DblClick) list.DblClick();
-    });
     return widget;
 }
 
