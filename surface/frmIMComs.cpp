@@ -9,13 +9,16 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t LogLimit = 65535;
+constexpr const char* TurnOn = "Turn On IMComs";
+constexpr const char* TurnOff = "Turn Off IMComs";
 
 } // namespace
 
 frmIMComs::frmIMComs(const SurfaceContext& context) : context(context) {
     form.SetVisible(false);
     cmdIMComs.Click = [this] {
-        this->context.options.SetIMComs(!this->context.options.IMComsOn);
+        // What the caption says, which is older than settings loaded since.
+        this->context.options.SetIMComs(cmdIMComs.Caption() == TurnOn);
         ShowSwitch();
     };
     cmdClear.Click = [this] { txtIMs.SetText(""); };
@@ -36,9 +39,7 @@ void frmIMComs::Form_Unload() {
     context.windows.Unload(form);
 }
 
-void frmIMComs::ShowSwitch() {
-    cmdIMComs.SetCaption(context.options.IMComsOn ? "Turn Off IMComs" : "Turn On IMComs");
-}
+void frmIMComs::ShowSwitch() { cmdIMComs.SetCaption(context.options.IMComsOn ? TurnOff : TurnOn); }
 
 void frmIMComs::IncomingIM(const std::string& strUser, const std::string& strMessage) {
     if (!Loaded()) return;
