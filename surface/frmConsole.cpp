@@ -13,6 +13,8 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t LogLimit = 65535;
+/// Coming and going alone doesn't clear the log; this is for a room in which nobody ever talks.
+constexpr std::size_t QuietLimit = 16 * LogLimit;
 
 } // namespace
 
@@ -54,27 +56,27 @@ void frmConsole::ShowPeopleCount() {
 void frmConsole::AddConsoleUser(const std::string& strUser) {
     lstPeopleHere.AddItem(strUser);
     ShowPeopleCount();
-    Log("Online Host: " + strUser + " has entered the room.");
+    Log("Online Host: " + strUser + " has entered the room.", QuietLimit);
 }
 
 void frmConsole::RemoveConsoleUser(const std::string& strUser) {
     lstPeopleHere.RemoveItem(FindLine(lstPeopleHere, strUser));
     ShowPeopleCount();
-    Log("Online Host: " + strUser + " has left the room.");
+    Log("Online Host: " + strUser + " has left the room.", QuietLimit);
 }
 
 void frmConsole::IncomingMessage(const std::string& strUser, const std::string& strMessage) {
     if (!IgnoredUsers.Item(NormalizeName(strUser)).empty()) return;
-    Log(strUser + ": " + strMessage);
+    Log(strUser + ": " + strMessage, LogLimit);
 }
 
-void frmConsole::Log(const std::string& line) {
-    if (txtChatMsg.Text().size() >= LogLimit) txtChatMsg.SetText(""); // all of it, not the oldest lines
+void frmConsole::Log(const std::string& line, std::size_t limit) {
+    if (txtChatMsg.Text().size() >= limit) txtChatMsg.SetText(""); // all of it, not the oldest lines
     txtChatMsg.Append(line + "\r\n");
 }
 
 void frmConsole::Ban() {
-    if (lstPeopleHere.ListIndex() < 0) return;
+    if (lstPeopleHere.ListIndex() < 0 || !OfItsRoom()) return;
     context.control.BanUser(Replace(lstPeopleHere.Text(), " ", ""), "ban", ChatIndex);
 }
 
@@ -106,9 +108,11 @@ void frmConsole::SendKey(int key) {
 }
 
 void frmConsole::CloseClicked() {
-    if (context.platform.Boxes().YesNo("Close Chat?", "Do you really want to close this chat?"))
-        context.control.CloseChat(ChatIndex);
+    const bool sure = context.platform.Boxes().YesNo("Close Chat?", "Do you really want to close this chat?");
+    if (sure && OfItsRoom()) context.control.CloseChat(ChatIndex);
 }
+
+bool frmConsole::OfItsRoom() const { return owner.Of(ChatIndex).get() == this; }
 
 void frmConsole::Form_Unload() { owner.DestroyChatConsole(ChatName); }
 

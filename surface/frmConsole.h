@@ -56,7 +56,8 @@ class frmConsole {
     }
 
   private:
-    void Log(const std::string& line);
+    /// A log of `limit` characters or more is cleared first.
+    void Log(const std::string& line, std::size_t limit);
     void BindPeople();
     void Ban();
     void Ignore();
@@ -64,6 +65,8 @@ class frmConsole {
     void ChangeImmune(bool immune);
     void SendKey(int key);
     void CloseClicked();
+    /// Not once the room was left, even if another room has its socket slot by now.
+    bool OfItsRoom() const;
     void ShowPeopleCount();
 
     const SurfaceContext& context;
