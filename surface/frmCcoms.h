@@ -16,7 +16,7 @@ class frmCcoms {
     explicit frmCcoms(const SurfaceContext& context);
 
     Form form{"frmCcoms", "Ccoms"};
-    std::deque<TextBox> txtCcom = NumberedBoxes("txtCcom", CcomCount, 0);
+    std::deque<TextBox> txtCcom = NumberedBoxes("txtCcom", CcomCount, 10);
     /// Not in the order of the ccoms behind them: a box's number is the ccom's, as the table of ccoms has it.
     std::deque<Label> lblMisc = Numbered<Label>(
         "lblMisc", 0, {"Op",           "Unop",          "Immune",     "Unimmune",  "Autoban",    "Unautoban",

@@ -46,6 +46,7 @@ void frmLocks::BindLists() {
 void frmLocks::Show() {
     if (Loaded()) return context.windows.Focus(form);
     ShowPage(0);
+    for (auto* box : {&txtAddLockOp, &txtAddLockImm, &txtAddLockBan}) box->SetText("");
     Copy(context.options.LockOps, lstOpLocks);
     Copy(context.options.LockImms, lstImmLocks);
     Copy(context.options.LockBans, lstBanLocks);

@@ -4,7 +4,7 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyle>
+#include <QProxyStyle>
 
 namespace halyard {
 
@@ -35,12 +35,22 @@ QPixmap Flag() {
     return picture;
 }
 
+class LookStyle : public QProxyStyle {
+  public:
+    LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        if (hint == SH_LineEdit_PasswordCharacter) return '*';
+        return QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
 } // namespace
 
 void SetLook(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("halyard"));
     QApplication::setDesktopFileName(QStringLiteral("org.halyard.Halyard"));
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new LookStyle);
     QApplication::setPalette(QApplication::style()->standardPalette());
     application.setQuitOnLastWindowClosed(false); // it works on while hidden
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.halyard.Halyard"), QIcon(Flag())));

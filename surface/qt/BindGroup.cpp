@@ -9,11 +9,10 @@ namespace halyard {
 namespace {
 
 constexpr qreal Rounding = 5;
-constexpr int Indent = 8;       // of the title
-constexpr int GroundLight = 16; // of 255
-constexpr int EdgeLight = 80;
+constexpr int Indent = 8;     // of the title
+constexpr int EdgeLight = 80; // of 255
 
-/// A group that stands out on any ground: a light pane with its title above.
+/// A group that stands out on any ground: a light edge with its title above.
 class GroupView : public QGroupBox {
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -27,8 +26,6 @@ class GroupView : public QGroupBox {
         painter.setRenderHint(QPainter::Antialiasing);
         light.setAlpha(EdgeLight);
         painter.setPen(light);
-        light.setAlpha(GroundLight);
-        painter.setBrush(light);
         const auto frame = QRectF(part(QStyle::SC_GroupBoxFrame)).adjusted(0.5, 0.5, -0.5, -0.5);
         painter.drawRoundedRect(frame, Rounding, Rounding);
         painter.setPen(palette().color(QPalette::WindowText));

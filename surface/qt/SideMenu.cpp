@@ -5,6 +5,7 @@
 #include "surface/qt/Lay.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 
 namespace halyard {
 
@@ -26,6 +27,7 @@ SideMenu::SideMenu(MenuSlide& slide)
     }
     column->addStretch();
     column->addWidget(BindPressed(slide.lblSite, Press::Link), 0, Qt::AlignHCenter);
+    menu->installEventFilter(this);
     // Who opens or closes it by keyboard goes on from there.
     connect(bar, &QAbstractButton::clicked, first, [this] { first->setFocus(); });
     connect(last, &QAbstractButton::clicked, bar, [this] { bar->setFocus(); });
@@ -34,6 +36,8 @@ SideMenu::SideMenu(MenuSlide& slide)
 }
 
 int SideMenu::SlideTo(double part) {
+    slid = part;
+    if (window()->isMaximized() && !menu->isHidden()) part = 1;
     const int closed = bar->sizeHint().width();
     const int open = qMax(menu->sizeHint().width(), 2 * closed);
     const int before = width();
@@ -46,6 +50,12 @@ void SideMenu::Reach() {
         bar->click();
     else
         first->setFocus();
+}
+
+bool SideMenu::eventFilter(QObject*, QEvent* event) {
+    const bool switched = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+    if (switched && window()->isMaximized()) SlideTo(slid);
+    return false;
 }
 
 void SideMenu::resizeEvent(QResizeEvent*) {

@@ -13,18 +13,21 @@ class MenuSlide;
 class SideMenu : public QWidget {
   public:
     explicit SideMenu(MenuSlide& slide);
-    /// How far the menu is out, from 0 to 1. Returns by how many pixels the edge has become wider.
+    /// How far the menu is out, from 0 to 1; it doesn't slide in a maximised window, where an open one is all
+    /// out. Returns by how many pixels the edge has become wider.
     int SlideTo(double part);
     /// Presses the bar, or when the menu is open moves to it.
     void Reach();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QAbstractButton* bar;
     QWidget* menu;
     QWidget* first = nullptr; // of the menu's entries
+    double slid = 0;
 };
 
 } // namespace halyard
