@@ -27,15 +27,29 @@ QString Filter(const std::string& filter) {
     QStringList entries;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         auto pattern = parts[i + 1].replace(';', ' ');
+        if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*"); // names without a dot too
         auto label = parts[i].contains('(') ? parts[i].left(parts[i].indexOf('(')).trimmed() : parts[i];
         entries += QStringLiteral("%1 (%2)").arg(label, pattern);
     }
     return entries.join(QStringLiteral(";;"));
 }
 
+/// What stands behind the dot of the filter's first pattern, in small letters.
+QString Suffix(const std::string& filter) {
+    const auto pattern = Shown(filter).section('|', 1, 1);
+    const auto suffix = pattern.section('.', 1).toLower();
+    return suffix == QLatin1String("*") ? QString() : suffix;
+}
+
+/// A path with characters that text inside cannot hold would name another file.
 std::optional<std::string> Chosen(const QString& answer) {
     if (answer.isEmpty()) return std::nullopt;
-    return FromUtf8(answer.toStdString());
+    const auto path = answer.toStdString();
+    auto text = FromUtf8(path);
+    if (ToUtf8(text) == path) return text;
+    Ask("Error", "Halyard can't use the name of this file or folder: it has characters outside Windows-1252.",
+        QMessageBox::Warning, QMessageBox::Ok);
+    return std::nullopt;
 }
 
 } // namespace
@@ -60,8 +74,10 @@ std::optional<std::string> QtDialogs::Open(const std::string& title, const std::
 
 std::optional<std::string> QtDialogs::Save(const std::string& title, const std::string& filter,
                                            const std::string& folder) {
-    return Chosen(QFileDialog::getSaveFileName(QApplication::activeWindow(), Shown(title), Shown(folder),
-                                               Filter(filter)));
+    QFileDialog dialog(QApplication::activeWindow(), Shown(title), Shown(folder), Filter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(Suffix(filter));
+    return Chosen(dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString());
 }
 
 std::optional<std::string> QtDialogs::Font(const std::string& title, const std::string& current) {
