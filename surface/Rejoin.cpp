@@ -128,7 +128,8 @@ void Reconnection::LeftChat(const std::string& strChatName, std::int16_t intExch
 }
 
 void Reconnection::RejoinTick() {
-    if (Reconnecting && tmrReconnect->Enabled()) return; // a request now would disturb the sign-on; the queue waits for the log-in
+    if (Reconnecting && tmrReconnect->Enabled())
+        return; // a request now would disturb the sign-on; the queue waits for the log-in
     if (!Rejoining || !view.connection.SignedOn) RejoinQueue.Clear();
     if (RejoinQueue.Count() == 0) {
         Rejoining = false;
