@@ -9,7 +9,6 @@ using CommandEntry = RoomScene;
 
 TEST(ParseCommandTest, TheFirstCcomInIndexOrderWins) {
     CcomTable ccoms;
-    EXPECT_EQ(ParseCommand(ccoms, "opal"), (ParsedCommand{CcomOp, "al"}));
     for (const char* line : {"hel", ""}) EXPECT_EQ(ParseCommand(ccoms, line), ParsedCommand());
     ccoms.CcomNames[CcomBan] = "o";
     EXPECT_EQ(ParseCommand(ccoms, "opal"), (ParsedCommand{CcomOp, "al"})) << "index 0 comes before 9";
@@ -42,11 +41,8 @@ TEST_F(CommandEntry, TriggerEndsACommandAndComments) {
 
 TEST_F(CommandEntry, OnlyOpsCommandAndOnlyCommandsCount) {
     Play("Bob", "status ->");
-    Judge("hello everybody ->; /status ->");
-    EXPECT_EQ(counters.Kept(10), 0) << "commands given";
-    EXPECT_EQ(Answers("Judge", "help").size(), 1U);
-    Judge("ban -> 39");
-    EXPECT_EQ(counters.Kept(10), 2);
+    Judge("hello everybody ->; /status ->; ban -> 39");
+    EXPECT_EQ(counters.Kept(10), 1) << "commands given";
     options.WordBanAll = true;
     EXPECT_EQ(Answers("Bob", "status").front(), "ban bob") << "what is no command is still looked at";
 }

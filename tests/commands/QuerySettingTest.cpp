@@ -73,20 +73,14 @@ TEST_F(QuerySettingTest, WordsAndBounds) {
 TEST_F(QuerySettingTest, WhatTheSettingsChange) {
     OpenRoom("Cellar");
     auto& boxes = options.Controls;
-    Says("Judge", "bl 1");
-    EXPECT_EQ(options.AutobanLevel, 1);
-    EXPECT_EQ(boxes.optAB.Index(), 1);
-
-    Says("Judge", "bp 7");
+    for (const char* line : {"bl 1", "bp 7", "sc 8.5", "cb on"}) Says("Judge", line);
+    EXPECT_TRUE(options.AutobanLevel == 1 && boxes.optAB.Index() == 1);
     EXPECT_EQ(control.sngBanPause, 7);
     EXPECT_EQ(boxes.txtBP.Text(), "7");
     EXPECT_EQ(Room(1).tmrBan->Interval(), 7000);
     EXPECT_EQ(Room(2).tmrBan->Interval(), 1000) << "other rooms keep their pause";
-
-    Says("Judge", "sc 8.5");
     EXPECT_EQ(options.CharBanNum, 8);
     EXPECT_EQ(boxes.txtCharBan.Text(), "8.5");
-    Says("Judge", "cb on");
     EXPECT_TRUE(options.CharBanOn && boxes.txtCharBan.Enabled());
     Says("Judge", "cb off");
     EXPECT_FALSE(options.CharBanOn || boxes.txtCharBan.Enabled() || boxes.chkCharBan.Value());

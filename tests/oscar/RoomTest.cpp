@@ -82,41 +82,42 @@ TEST_F(Wire, PeopleComeAndGoAndTheOwnerCountsOnlyAtFirst) {
 
 TEST_F(Wire, LinesOverTheRoomsCapsAreReplaced) {
     SignOn();
-    auto text = [](const std::string& frame) {
-        auto at = frame.find("0001", frame.find("656E")); // behind the language
-        return HexToStr(frame.substr(at + 8));
-    };
-    settings.FontHeader = "<F>";
     auto& room = OpenRoom();
+    settings.FontHeader = "<F>";
+    auto said = [&] {
+        Settle();
+        return room.Take();
+    };
     control.SendChat(1, std::string(232, 'x'));
-    control.SendChat(1, std::string(233, 'x'));
-    control.SendChat(1, "<" + std::string(2000, 'y') + ">");
-    Settle();
-    auto said = room.Take();
-    ASSERT_EQ(said.size(), 3U);
-    EXPECT_EQ(said[0].substr(0, 54), "2 000E000500000000000500000000000000000003000100000006");
-    EXPECT_EQ(text(said[0]), "<F>" + std::string(232, 'x'));
-    EXPECT_EQ(text(said[1]),
-              "<F>" + Replace(control.ChatSends.Item(120), "%d",
-                              "Max Total Length: 2000, Max Visible Length: 232, Current Total Length: "
-                              "236, Current Total Visible Length: 233"));
-    EXPECT_NE(text(said[2]).find("Current Total Length: 2005, Current Total Visible Length: 0"),
-              std::string::npos);
-
+    auto first = said();
+    ASSERT_EQ(first.size(), 1U);
+    EXPECT_EQ(first[0].substr(0, 54), "2 000E000500000000000500000000000000000003000100000006");
+    EXPECT_EQ(AskedOf(first[0]), "<F>" + std::string(232, 'x'));
+    using Case = std::pair<std::string, const char*>;
+    for (const auto& [line, lengths] :
+         {Case{std::string(233, 'x'), "Current Total Length: 236, Current Total Visible Length: 233"},
+          Case{"<" + std::string(2000, 'y') + ">",
+               "Current Total Length: 2005, Current Total Visible Length: 0"}}) {
+        control.SendChat(1, line);
+        EXPECT_EQ(AskedOf(said().at(0)),
+                  "<F>" +
+                      Replace(control.ChatSends.Item(120), "%d",
+                              std::string("Max Total Length: 2000, Max Visible Length: 232, ") + lengths));
+    }
     control.Room(1)->MaxMessageLength = 1024;
     control.SendChat(1, std::string(1500, 'x'));
+    EXPECT_EQ(AskedOf(said().at(0)), "<F>" + std::string(1500, 'x')); // only rooms of 2000 and 512 have caps
+
     control.ChatSendOn = false;
     control.SendChat(1, "silent");
     control.SendAllChats(1, "silent");
     control.SendChat(1, "by hand", "manual");
-    control.SendChat(0, "nowhere", "manual");
-    control.SendChat(9, "nowhere", "manual");
+    for (std::int16_t nowhere : {0, 9}) control.SendChat(nowhere, "nowhere", "manual");
     control.SendChat(1, "named", "manual", "D EN", 4);
-    Settle();
-    said = room.Take();
-    ASSERT_EQ(said.size(), 3U);
-    EXPECT_EQ(text(said[1]), "<F>by hand");
-    EXPECT_EQ(said[2], "2 ");
+    const auto byHand = said();
+    ASSERT_EQ(byHand.size(), 2U);
+    EXPECT_EQ(AskedOf(byHand[0]), "<F>by hand");
+    EXPECT_EQ(byHand[1], "2 ");
 }
 
 TEST_F(Wire, ALostRoomAndALeftRoom) {
@@ -143,34 +144,17 @@ TEST_F(Wire, ALostRoomAndALeftRoom) {
     EXPECT_EQ(bos.socket->State(), SocketState::Connected);
 }
 
-TEST_F(Wire, TimersOfRoomsThatAResetDropsAreFreeAgain) {
-    for (int round = 0; round < 5; ++round) {
-        SignOn();
-        OpenRoom("One");
-        OpenRoom("Two");
-        control.LogOff();
-        peers.clear();
-    }
-    EXPECT_LE(control.Timers().Count(), 17);
-}
-
 TEST_F(Wire, JoinErrorsByTheirWords) {
     auto& bos = SignOn();
-    auto error = [&](const std::string& flags, const std::string& prefix, const std::string& word) {
-        Answer(bos,
-               "00010001" + flags + "00000000" + prefix + "0018" + Hex(MakeTLV("0008", 2, HexToStr(word))));
-        return events.Take();
-    };
-    for (const auto& [word, text] : {std::pair{"004A", "Join chat failed, ejected.|74"},
-                                     {"0018", "Join chat failed, full.|24"},
-                                     {"0007", "Unknown Error.|7"}})
-        EXPECT_EQ(error("0000", "", word), Lines{"Error|" + std::string(text) + "|0|0018"});
-    EXPECT_EQ(error("8000", "0006AABBCCDDEEFF11", "0030"), Lines{"Error|Join chat failed, rated.|48|0|0018"});
-    Answer(bos, "000100010000000000000004000100020008");
+    Answer(bos, "000100010000000000000018000800020007");
+    EXPECT_EQ(events.Take(), Lines{"Error|Unknown Error.|7|0|0018"});
+    Answer(bos, "000100018000000000000006AABBCCDDEEFF110018000800020030");
+    EXPECT_EQ(events.Take(), Lines{"Error|Join chat failed, rated.|48|0|0018"});
+    Answer(bos, "000100010000000000000004000100020008"); // too little for a word
     EXPECT_EQ(events.Take(), Lines{});
     control.JoinChat("Den", 4, 0);
     auto& navigation = Redirect("000D");
-    Answer(navigation, "000D00010000000000000005" + Hex(MakeTLV("0008", 2, HexToStr("0033"))));
+    Answer(navigation, "000D00010000000000000005000800020033");
     EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, invalid chat name.|51|0|0005"}));
 }
 

@@ -1,3 +1,6 @@
+// How a file is replaced, and the disk on which that is tried. tests/state/NothingLostTest.cpp lets every step
+// of it fail, for each of the files that there are.
+
 #include "platform/sim/SimFiles.h"
 
 #include <gtest/gtest.h>
@@ -8,59 +11,21 @@ namespace {
 const std::string path = "/program/list.txt";
 const std::string before = "the old bytes";
 const std::string after = "the new bytes, which are longer";
-const std::set<std::string> onlyPath = {path};
-
-TEST(ReplaceFile, WhicheverStepFailsTheOldOrTheNewFileStands) {
-    int failures = 0;
-    for (int nth = 1;; ++nth) {
-        SimFiles disk;
-        disk.Put(path, before);
-        disk.FailNth(nth);
-        auto done = ReplaceFile(disk, path, after);
-        EXPECT_EQ(disk.Paths(), onlyPath) << "step " << nth;
-        auto syncFailed = disk.Contents(path) == after && !done;
-        EXPECT_EQ(disk.Contents(path), done || syncFailed ? after : before) << "step " << nth;
-        EXPECT_EQ(syncFailed, nth == 6);
-        disk.FailNth(0);
-        EXPECT_TRUE(ReplaceFile(disk, path, "again")) << "step " << nth;
-        EXPECT_EQ(disk.Contents(path), "again");
-        if (done) break;
-        ++failures;
-    }
-    EXPECT_EQ(failures, 6) << "create, write, sync, close, rename, sync of the folder";
-}
-
-TEST(ReplaceFile, WhereverThePowerGoesTheOldOrTheNewFileStands) {
-    for (auto cut : {SimFiles::Cut::SyncedOnly, SimFiles::Cut::NamesFirst})
-        for (int nth = 1; nth <= 7; ++nth) {
-            SimFiles disk;
-            disk.Put(path, before);
-            disk.StopAtNth(nth);
-            auto done = ReplaceFile(disk, path, after);
-            disk.Crash(cut);
-            auto found = disk.Contents(path);
-            EXPECT_TRUE(found == before || found == after) << "step " << nth << ": " << found;
-            EXPECT_TRUE(!done || found == after) << "what was reported as saved is lost";
-            EXPECT_TRUE(ReplaceFile(disk, path, "again"));
-            EXPECT_EQ(disk.Paths(), onlyPath) << "a neighbour that the crash left is used up";
-        }
-}
 
 TEST(ReplaceFile, MakesAFileThatWasNotThereAndNeedsItsFolder) {
     SimFiles disk;
     EXPECT_FALSE(ReplaceFile(disk, "/elsewhere/list.txt", after));
     EXPECT_TRUE(disk.MakeFolder("/elsewhere/deep"));
-    EXPECT_TRUE(ReplaceFile(disk, "/elsewhere/list.txt", after));
-    EXPECT_TRUE(ReplaceFile(disk, "/root.txt", after));
-    EXPECT_TRUE(ReplaceFile(disk, "plain.txt", after));
+    const std::set<std::string> paths{"/elsewhere/list.txt", "/root.txt", "plain.txt"};
+    for (const auto& each : paths) EXPECT_TRUE(ReplaceFile(disk, each, after));
     disk.Crash();
-    EXPECT_EQ(disk.Paths(), (std::set<std::string>{"/elsewhere/list.txt", "/root.txt", "plain.txt"}));
+    EXPECT_EQ(disk.Paths(), paths);
     EXPECT_EQ(disk.Read("plain.txt", after.size()), after);
     EXPECT_EQ(disk.Read("plain.txt", after.size() - 1), std::nullopt);
     EXPECT_FALSE(disk.Exists("/elsewhere")) << "a folder is no file";
 }
 
-/// The disk itself must tell careless writers from careful ones, or the sweeps above prove nothing.
+/// The disk itself must tell careless writers from careful ones, or the sweeps prove nothing.
 TEST(SimDisk, LosesWhatACarelessWriterDidNotSync) {
     for (bool synced : {false, true}) {
         SimFiles disk;
@@ -68,19 +33,17 @@ TEST(SimDisk, LosesWhatACarelessWriterDidNotSync) {
         auto file = disk.Create(path + ".new");
         file->Write(after);
         if (synced) file->Sync();
-        file->Close();
         disk.Rename(path + ".new", path);
         disk.Crash(SimFiles::Cut::NamesFirst);
         EXPECT_EQ(disk.Contents(path) == after, synced);
+        EXPECT_FALSE(file->Write("more")) << "its writer went with the power";
     }
     SimFiles disk;
     disk.Put(path, before);
-    auto file = disk.Create(path);
-    file->Write(after);
+    disk.Create(path)->Write(after);
     EXPECT_EQ(disk.Contents(path), after);
     disk.Crash();
     EXPECT_EQ(disk.Contents(path), before);
-    EXPECT_FALSE(file->Write("more")) << "its writer went with the power";
 }
 
 } // namespace

@@ -21,20 +21,14 @@ struct Timers : testing::Test {
     using Moments = std::vector<std::int64_t>;
 };
 
-TEST_F(Timers, RestartsAFullIntervalOnlyWhenItWasOff) {
+TEST_F(Timers, RestartOnlyWhenTheyWereOffAndTakeANewIntervalFromNow) {
     timer->SetEnabled(true);
     world.RunFor(60);
     timer->SetEnabled(true); // already on: no restart
     world.RunFor(60);
     timer->SetEnabled(false);
     timer->SetEnabled(true); // the restart idiom
-    world.RunFor(200);
-    EXPECT_EQ(ticks, (Moments{100, 220, 320}));
-}
-
-TEST_F(Timers, TakesANewIntervalFromNowWhenOnAndLaterWhenOff) {
-    timer->SetEnabled(true);
-    world.RunFor(90);
+    world.RunFor(190);
     timer->SetInterval(50);
     world.RunFor(50);
     timer->SetEnabled(false);
@@ -42,7 +36,7 @@ TEST_F(Timers, TakesANewIntervalFromNowWhenOnAndLaterWhenOff) {
     world.RunFor(100);
     timer->SetEnabled(true);
     world.RunFor(30);
-    EXPECT_EQ(ticks, (Moments{140, 270}));
+    EXPECT_EQ(ticks, (Moments{100, 220, 360, 490}));
 }
 
 TEST_F(Timers, ALostTickComesAnIntervalLater) {
@@ -57,33 +51,21 @@ TEST_F(Timers, HandlersMayStopRestartChangeAndDestroyTheirTimer) {
         ticks.push_back(world.Now());
         if (ticks.size() == 1) timer->SetEnabled(false), timer->SetEnabled(true);
         if (ticks.size() == 2) timer->SetInterval(10);
-        if (ticks.size() == 3) {
-            timer->SetEnabled(false);
-            world.clock.In(500, [this] { timer->SetEnabled(true); });
-        }
-        if (ticks.size() == 4) {
-            auto* list = &ticks;
-            timer.reset();
-            list->push_back(-1);
-        }
+        if (ticks.size() == 3) timer->SetEnabled(false);
+        if (ticks.size() == 4) timer.reset(), ticks.push_back(-1);
     };
+    timer->SetEnabled(true);
+    world.RunFor(710);
     timer->SetEnabled(true);
     world.RunFor(10000);
     EXPECT_EQ(ticks, (Moments{100, 200, 210, 720, -1}));
 }
 
 TEST_F(Timers, AYearOfTicksKeepsTime) {
-    SimTimer slow(world.clock, count);
-    std::uint64_t slowTicks = 0, fastTicks = 0;
-    slow.SetInterval(60000);
-    slow.onTick = [&] { ++slowTicks; };
-    slow.SetEnabled(true);
-    timer->SetInterval(15000);
-    timer->onTick = [&] { ++fastTicks; };
+    timer->SetInterval(60000);
     timer->SetEnabled(true);
     world.RunFor(365LL * 24 * 3600 * 1000);
-    EXPECT_EQ(slowTicks, 365u * 24 * 60);
-    EXPECT_EQ(fastTicks, 365u * 24 * 240);
+    EXPECT_EQ(ticks.size(), 365u * 24 * 60);
 }
 
 } // namespace

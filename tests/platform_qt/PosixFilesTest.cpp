@@ -38,13 +38,10 @@ TEST_F(PosixFilesTest, ReadsNothingButPlainFilesWithinTheLimit) {
     Put("empty", "");
     ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);
     ASSERT_EQ(symlink("/dev/zero", Path("link").c_str()), 0);
-    struct {
-        std::string path;
-        std::size_t limit;
-        std::optional<std::string> content;
-    } cases[] = {{Path("ten"), 10, "0123456789"}, {Path("ten"), 9, {}},   {Path("empty"), 0, ""},
-                 {Path("fifo"), 10, {}},          {Path("link"), 10, {}}, {Path(""), 10, {}},
-                 {Path("absent"), 10, {}},        {"/dev/zero", 10, {}},  {"", 10, {}}};
+    const std::tuple<std::string, std::size_t, std::optional<std::string>> cases[] = {
+        {Path("ten"), 10, "0123456789"}, {Path("ten"), 9, {}},   {Path("empty"), 0, ""},
+        {Path("fifo"), 10, {}},          {Path("link"), 10, {}}, {Path(""), 10, {}},
+        {Path("absent"), 10, {}},        {"/dev/zero", 10, {}},  {"", 10, {}}};
     for (const auto& [path, limit, content] : cases) {
         EXPECT_EQ(files.Read(path, limit), content) << path;
         EXPECT_EQ(files.Exists(path), content || path == Path("ten")) << path;

@@ -51,33 +51,17 @@ class QtSocket : public testing::Test {
     bool remoteEnded = false;
 };
 
-TEST_F(QtSocket, CarriesBytesBothWays) {
-    Connect();
-    EXPECT_EQ(client->RemoteAddress(), "127.0.0.1");
-    EXPECT_EQ(remote->RemoteAddress(), "127.0.0.1");
-    std::string everyByte;
-    for (int i = 0; i < 256; ++i) everyByte += static_cast<char>(i);
-    std::string large(3'000'000, 'x');
-    client->Send(everyByte + large);
-    remote->Send(everyByte);
-    EXPECT_TRUE(RunUntil([&] { return remoteHeard.size() == 256 + large.size() && heard.size() == 256; }));
-    EXPECT_EQ(remoteHeard, everyByte + large);
-    EXPECT_EQ(heard, everyByte);
-}
-
 TEST_F(QtSocket, HoldsBytesBackBelowTheLowWaterMark) {
     Connect();
     client->SetLowWaterMark(6);
     for (const char* piece : {"a", "b", "c", "d", "e"}) SendPiece(piece);
     EXPECT_TRUE(reports.empty());
     SendPiece("f");
-    ASSERT_TRUE(RunUntil([&] { return !reports.empty(); }));
-    EXPECT_EQ(heard, "abcdef");
+    ASSERT_TRUE(RunUntil([&] { return heard == "abcdef"; }));
     client->SetLowWaterMark(3);
     SendPiece("gh");
     client->SetLowWaterMark(1);
     ASSERT_TRUE(RunUntil([&] { return heard == "abcdefgh"; }));
-    EXPECT_EQ(errors, 0);
 }
 
 TEST_F(QtSocket, ReportsLeftBytesAgainOnlyAfterNewOnes) {
@@ -110,35 +94,26 @@ TEST_F(QtSocket, ReportsAllBytesBeforeTheRemoteEnd) {
     EXPECT_EQ(errors, 1);
 }
 
-TEST_F(QtSocket, SendsWhatIsQueuedBeforeItCloses) {
+TEST_F(QtSocket, SendsWhatIsQueuedBeforeItClosesAndThenIsSilent) {
     Connect();
-    std::string large(2'000'000, 'q');
-    client->Send(large);
+    EXPECT_EQ(client->RemoteAddress(), "127.0.0.1");
+    std::string bytes(2'000'000, 'q');
+    for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+    remote->Send("too late");
+    client->Send(bytes);
     client->Close();
     EXPECT_EQ(client->State(), SocketState::Closed);
     ASSERT_TRUE(RunUntil([&] { return remoteEnded; }));
-    EXPECT_EQ(remoteHeard.size(), large.size());
-    EXPECT_EQ(errors, 0);
-}
-
-TEST_F(QtSocket, IsSilentAfterClose) {
-    Connect();
-    remote->Send("too late");
-    remote.reset();
-    client->Close();
-    RunPending();
+    EXPECT_EQ(remoteHeard, bytes);
     EXPECT_EQ(heard, "");
     EXPECT_EQ(errors, 0);
 }
 
 TEST_F(QtSocket, FailsThroughTheHandlerAndNeverInsideTheCall) {
-    auto freePort = server->Port();
+    const auto freePort = server->Port();
     server.reset();
-    struct {
-        const char* host;
-        std::int32_t port;
-    } cases[] = {
-        {"127.0.0.1", freePort}, {"127.0.0.1", 0}, {"127.0.0.1", -1}, {"127.0.0.1", 65536}, {"", 80}};
+    const std::pair<const char*, std::int32_t> cases[] = {
+        {"127.0.0.1", freePort}, {"127.0.0.1", 0}, {"127.0.0.1", 65536}, {"", 80}};
     for (const auto& [host, port] : cases) {
         errors = 0;
         client->Connect(host, port);

@@ -4,6 +4,9 @@ namespace halyard {
 namespace {
 
 TEST(BadFrames, EndTheirConnectionOnly) {
+    struct Scene : InRoom {
+        void TestBody() override {}
+    };
     auto snac = [](int family, int subtype, const char* hex) {
         auto bytes = SnacBytes(family, subtype, 1, HexToStr(hex));
         return "*" + ByteToStr(2) + WordToStr(0) + WordToStr(static_cast<long long>(bytes.size())) + bytes;
@@ -19,24 +22,17 @@ TEST(BadFrames, EndTheirConnectionOnly) {
           Case{"line without text", snac(0x0E, 5, "0000000000000001000300050000")},
           Case{"ban of nobody", snac(0x0E, 0x24, "")}, Case{"service request cut short", snac(1, 4, "00")},
           Case{"cookie that lies", snac(1, 4, "000E000100030004FF")}}) {
-        Stage stage;
-        Guest bot(stage, "Bot"), alice(stage, "alice");
-        bot.Join("r");
-        alice.Join("r");
-        alice.chat->Bytes(bytes);
-        EXPECT_TRUE(alice.chat->closed) << what;
-        EXPECT_FALSE(alice.bos->closed) << what;
-        EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"}) << what;
-        bot.Say("still here");
-        EXPECT_EQ(bot.chat->Count("000E0006"), 1) << what;
+        Scene scene;
+        scene.alice.chat->Bytes(bytes);
+        EXPECT_TRUE(scene.alice.chat->closed) << what;
+        EXPECT_FALSE(scene.alice.bos->closed) << what;
+        EXPECT_EQ(scene.network.People("r"), std::vector<std::string>{"Bot"}) << what;
+        scene.bot.Say("still here");
+        EXPECT_EQ(scene.bot.chat->Count("000E0006"), 1) << what;
     }
 }
 
-TEST(BadFrames, KeepAlivesAndSlowBytesAreFine) {
-    Stage stage;
-    Guest bot(stage, "Bot");
-    bot.Join("r");
-    bot.chat->Frame(5, "");
+TEST_F(InRoom, KeepAlivesAndSlowBytesAreFine) {
     bot.chat->Frame(5, "xxxx");
     bot.chat->Frame(3, "");
     auto bytes = SnacBytes(0x0E, 5, 1, Guest::Line("slow"));
@@ -56,17 +52,13 @@ TEST(BadFrames, SilentStrangersAreShownOut) {
     EXPECT_EQ(stage.network.Connections(), 0u);
 }
 
-TEST(BadFrames, ADeadPeerHoldsNobodyUp) {
-    Stage stage;
-    Guest bot(stage, "Bot"), alice(stage, "alice");
-    bot.Join("r");
-    alice.Join("r");
-    stage.world.network.HalfOpen(alice.chat->Raw());
+TEST_F(InRoom, ADeadPeerHoldsNobodyUp) {
+    world.network.HalfOpen(alice.chat->Raw());
     for (int line = 1; line <= 8; ++line) {
         bot.Say("anyone there?", 8000);
         EXPECT_EQ(bot.chat->Count("000E0006"), line);
     }
-    EXPECT_EQ(stage.network.People("r"), std::vector<std::string>{"Bot"});
+    EXPECT_EQ(network.People("r"), std::vector<std::string>{"Bot"});
 }
 
 TEST(BadFrames, NoiseOfAnyKindBringsNothingDown) {
@@ -76,17 +68,15 @@ TEST(BadFrames, NoiseOfAnyKindBringsNothingDown) {
     stage.world.network.faults.cutBytes = true;
     Guest bot(stage, "Bot");
     bot.Join("r");
-    const int families[] = {0x01, 0x02, 0x04, 0x0D, 0x0E, 0x13, 0x17};
+    auto pick = [&](int below) { return static_cast<int>(stage.platform.random.Fraction() * below); };
     for (int round = 0; round < 300; ++round) {
-        auto pick = [&](int below) { return static_cast<int>(stage.platform.random.Fraction() * below); };
         Guest noisy(stage, "noisy");
         noisy.Join("r");
         std::string body;
         for (int i = pick(60); i > 0; --i) body += ByteToStr(pick(pick(2) ? 256 : 6));
-        auto family = families[pick(7)];
-        RawClient* target[] = {noisy.bos.get(), noisy.chat.get()};
+        const int family = HexToStr("0102040D0E1317")[static_cast<std::size_t>(pick(7))];
         for (int subtype = 1; subtype < 0x26; ++subtype)
-            target[pick(2)]->Frame(2, SnacBytes(family, subtype, 1, body), 1);
+            (pick(2) ? noisy.bos : noisy.chat)->Frame(2, SnacBytes(family, subtype, 1, body), 1);
         RawClient(stage).Frame(1 + pick(5), body);
     }
     stage.world.RunFor(20000);

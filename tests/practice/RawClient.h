@@ -167,4 +167,11 @@ struct Guest {
     std::unique_ptr<RawClient> bos, chat;
 };
 
+/// The bot in its own room "r", and alice, who came after it.
+struct InRoom : Stage, ::testing::Test {
+    InRoom() { bot.Join("r"), alice.Join("r"); }
+
+    Guest bot{*this, "Bot"}, alice{*this, "alice"};
+};
+
 } // namespace halyard

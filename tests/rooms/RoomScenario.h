@@ -89,7 +89,6 @@ class RoomScenario : public ::testing::Test {
         std::string message = text;
         room.PrepareChatSend(name, "%p", message, other, key, msgType);
     }
-    std::string ChatSend(int number) const { return host.texts.Item(number); }
     const Lines& Transcript() const { return host.transcript; }
     double Second() const { return static_cast<double>(world.Now()) / 1000; }
     void RunTo(double second) { world.RunFor(std::llround(second * 1000) - world.Now()); }

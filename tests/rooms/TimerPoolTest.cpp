@@ -16,10 +16,15 @@ class Pool : public RoomScenario {
 
 constexpr auto eightTags = " ban msg msg1 msg2 msg3 firstjoin ping unrate";
 
-TEST_F(Pool, SlotsAreReusedAndOnlyTheTopOneGoes) {
+TEST_F(Pool, SlotsFindTheirRoomAreReusedAndOnlyTheTopOneGoes) {
     OpenRoom("A", 11);
     OpenRoom("B", 12);
     EXPECT_EQ(Tags(), std::string("tban") + eightTags + eightTags);
+    for (int slot = 1; slot <= 16; ++slot) {
+        const auto& tag = pool.Slot(slot)->Tag;
+        EXPECT_EQ(pool.GetTimer(slot, tag), tag == "firstjoin" ? 0 : 1 + (slot > 8)) << tag;
+        EXPECT_EQ(pool.GetTimer(slot - 1, tag), 0) << tag;
+    }
     CloseRoom(1);
     EXPECT_EQ(Tags(), std::string("tban        ") + eightTags);
     EXPECT_EQ(rooms.Item(1)->BanTimerIndex, 9);
@@ -30,20 +35,6 @@ TEST_F(Pool, SlotsAreReusedAndOnlyTheTopOneGoes) {
     EXPECT_EQ(rooms.Item(1)->BanTimerIndex, 1);
     EXPECT_EQ(rooms.Item(1)->UnrateIndex, 8);
     EXPECT_EQ(pool.Count(), 16);
-}
-
-TEST_F(Pool, EachTagFindsItsRoom) {
-    OpenRoom("A", 11);
-    OpenRoom("B", 12);
-    for (const char* tag : {"msg", "msg1", "msg2", "msg3", "ban", "ping", "unrate"}) {
-        int slot = 9;
-        while (pool.Slot(slot)->Tag != tag) ++slot;
-        EXPECT_EQ(pool.GetTimer(slot, tag), 2) << tag;
-        EXPECT_EQ(pool.GetTimer(slot - 8, tag), 1) << tag;
-        EXPECT_EQ(pool.GetTimer(slot - 1, tag), 0) << tag;
-    }
-    EXPECT_EQ(pool.GetTimer(0, "tban"), 0);
-    EXPECT_EQ(pool.GetTimer(99, "msg"), 0);
 }
 
 TEST_F(Pool, PingsComeUntilTheRoomGoes) {
@@ -94,21 +85,6 @@ TEST_F(Pool, ATopSlotThatGoesInItsOwnTickIsSafe) {
     host.onSay = [this] { CloseRoom(1); };
     RunTo(100);
     EXPECT_EQ(pool.Count(), 8);
-}
-
-TEST_F(Pool, OwnersAreTakenOnlyWithinTwoSeconds) {
-    auto& early = OpenRoom("A", 11);
-    auto& late = OpenRoom("B", 12);
-    EXPECT_EQ(late.GetOwner(), "");
-    RunTo(1.9);
-    early.GotOwner("Bot");
-    EXPECT_TRUE(early.JoinTimerEnabled());
-    RunTo(3);
-    late.GotOwner("Bot");
-    EXPECT_FALSE(late.JoinTimerEnabled());
-    EXPECT_TRUE(early.IsOwner());
-    EXPECT_FALSE(late.IsOwner());
-    EXPECT_EQ(late.GetOwner(), "Bot");
 }
 
 } // namespace

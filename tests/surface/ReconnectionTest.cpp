@@ -36,6 +36,11 @@ TEST_F(Comeback, ThreeRoomsComeBackEightSecondsApart) {
     EXPECT_FALSE(window.reconnection.tmrChatRejoin->Enabled());
     EXPECT_EQ(window.counters.lblStat[17].Caption(), "3");
     EXPECT_EQ(window.counters.lblStat[19].Caption(), "1");
+
+    world.network.DropAll();
+    Wait(40);
+    EXPECT_EQ(window.chats.lstChats.ListCount(), 3);
+    for (const auto* room : {"lobby", "deck", "hold"}) EXPECT_TRUE(network.IsInRoom(room, "harbourbot"));
 }
 
 TEST_F(Comeback, TriesEveryFifteenSecondsUntilStopped) {
@@ -72,32 +77,6 @@ TEST_F(Comeback, ASignOnThatFailsCanBeTriedAgainAtOnce) {
     SignOn();
 }
 
-TEST_F(Comeback, AfterStoppingDuringFailuresTheOperatorSignsOnByHand) {
-    Allow(true, false, false);
-    SignOn();
-    people.Drop("harbourbot");
-    for (int attempt = 0; attempt < 3; ++attempt) people.RefuseNextSignOn(24), Wait(15);
-    window.reconnection.StopReconnections();
-    people.RefuseNextSignOn(0);
-    Wait(30);
-    SignOn();
-    EXPECT_EQ(Boxes(), Lines{});
-}
-
-TEST_F(Comeback, EveryConnectionLostAtOnce) {
-    Allow(true, true, true);
-    SignOn();
-    for (const auto* room : {"lobby", "deck", "hold"}) Join(room);
-    world.network.DropAll();
-    Wait(40);
-    for (const auto* room : {"lobby", "deck", "hold"})
-        EXPECT_TRUE(network.IsInRoom(room, "harbourbot")) << room;
-    auto listed = Listed(window.chats.lstChats);
-    std::sort(listed.begin(), listed.end());
-    EXPECT_EQ(listed, (Lines{"deck", "hold", "lobby"}));
-    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
-}
-
 TEST(Weather, AHarbourOfStormsEndsInCalm) {
     for (std::uint64_t seed = 1; seed <= 120; ++seed) {
         Desk desk(seed);
@@ -128,31 +107,25 @@ TEST(Weather, AHarbourOfStormsEndsInCalm) {
     }
 }
 
-struct LossCase {
-    const char* name;
-    bool kicked, error, byHand;
-    Lines entered;
-};
-
 TEST_F(Comeback, ALostRoomIsRejoinedAtOnceWhenAllowed) {
     SignOn();
-    const LossCase cases[] = {{"nothing allowed", false, false, false, {}},
-                              {"left by hand", true, true, true, {}},
-                              {"kicks", true, false, false, {"0 Harbour Bot enters"}},
-                              {"errors", false, true, false, {"0 Harbour Bot enters"}}};
-    for (const auto& c : cases) {
-        Allow(true, c.kicked, c.error);
+    using Case = std::tuple<const char*, bool, bool, bool, int>;
+    for (const auto& [name, kicked, error, byHand, entered] :
+         {Case{"nothing allowed", false, false, false, 0}, Case{"left by hand", true, true, true, 0},
+          Case{"kicks", true, false, false, 1}, Case{"errors", false, true, false, 1}}) {
+        SCOPED_TRACE(name);
+        Allow(true, kicked, error);
         Join("lobby");
         Start();
-        if (c.byHand)
+        if (byHand)
             window.chats.cmdLeaveChat.Press();
         else
             people.SignOffFromRoom("lobby", "harbourbot");
         Wait(30);
-        EXPECT_EQ(Happened("enters"), c.entered) << c.name;
-        EXPECT_EQ(AlertOpen(), !c.entered.empty()) << c.name;
-        EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U) << c.name;
-        EXPECT_EQ(window.chats.lstChats.ListCount(), static_cast<int>(c.entered.size())) << c.name;
+        EXPECT_EQ(Happened("enters"), Lines(static_cast<std::size_t>(entered), "0 Harbour Bot enters"));
+        EXPECT_EQ(AlertOpen(), entered == 1);
+        EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
+        EXPECT_EQ(window.chats.lstChats.ListCount(), entered);
         window.chats.cmdLeaveChat.Press();
         window.reconnection.StopReconnections();
         Wait(2);
@@ -178,37 +151,26 @@ TEST_F(Comeback, AFullRoomDoesNotBlockTheOthers) {
     EXPECT_TRUE(network.IsInRoom("lobby", "harbourbot"));
 }
 
-struct FailedJoin {
-    int code;
-    bool kicked, error;
-    const char* action;
-    const char* firstInQueue;
-    bool timer;
-    int interval;
-};
-
 TEST_F(Comeback, JoinFailuresByCode) {
-    const FailedJoin cases[] = {
-        {24, false, true, "Join chat failed: Room Full", "deck:4:0", true, 8000},
-        {24, true, false, "Join chat failed: Room Full", "lobby:4:0", false, 8000},
-        {46, true, true, "Join chat failed: Already in chat", "lobby:4:0", false, 8000},
-        {48, false, true, "Join chat failed: Rated", "deck:4:0", true, 60000},
-        {50, true, true, "Join chat failed: Objectional Chat Name", "lobby:4:0", false, 8000},
-        {74, true, false, "Join chat failed: Ejected", "deck:4:0", true, 8000},
-        {74, false, true, "Join chat failed: Ejected", "lobby:4:0", false, 8000},
-    };
-    for (const auto& c : cases) {
-        Allow(false, c.kicked, c.error);
-        auto& queue = window.reconnection.RejoinQueue;
+    auto& retry = *window.reconnection.tmrChatRejoin;
+    auto& queue = window.reconnection.RejoinQueue;
+    using Case = std::tuple<std::int16_t, bool, bool, const char*, bool, int>;
+    for (const auto& [code, kicked, error, action, triesAnother, interval] :
+         {Case{24, false, true, "Room Full", true, 8000}, Case{24, true, false, "Room Full", false, 8000},
+          Case{46, true, true, "Already in chat", false, 8000}, Case{48, false, true, "Rated", true, 60000},
+          Case{50, true, true, "Objectional Chat Name", false, 8000},
+          Case{74, true, false, "Ejected", true, 8000}, Case{74, false, true, "Ejected", false, 8000}}) {
+        SCOPED_TRACE(std::to_string(code) + (kicked ? " kicked" : ""));
+        Allow(false, kicked, error);
         window.reconnection.StopReconnections();
-        window.reconnection.tmrChatRejoin->SetInterval(8000);
+        retry.SetInterval(8000);
         queue.Add("lobby:4:0");
         queue.Add("deck:4:0");
-        window.reconnection.Error("told so", static_cast<std::int16_t>(c.code), "000D");
-        EXPECT_EQ(LastAction(), c.action);
-        EXPECT_EQ(queue.Item(1), c.firstInQueue) << c.code << c.kicked;
-        EXPECT_EQ(window.reconnection.tmrChatRejoin->Enabled(), c.timer) << c.code << c.kicked;
-        EXPECT_EQ(window.reconnection.tmrChatRejoin->Interval(), c.interval) << c.code;
+        window.reconnection.Error("told so", code, "000D");
+        EXPECT_EQ(LastAction(), std::string("Join chat failed: ") + action);
+        EXPECT_EQ(queue.Item(1), triesAnother ? "deck:4:0" : "lobby:4:0");
+        EXPECT_EQ(retry.Enabled(), triesAnother);
+        EXPECT_EQ(retry.Interval(), interval);
         EXPECT_EQ(window.chats.lblChatStatus.Caption(), "told so");
     }
     window.reconnection.Error("no room", 1, "000E");

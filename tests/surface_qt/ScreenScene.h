@@ -25,8 +25,22 @@
 namespace halyard {
 
 class ScreenScene : public ::testing::Test {
+  public:
+    /// The window of this name that is on the screen, or null.
+    static QWidget* Window(const char* name) {
+        for (auto* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QLatin1String(name) && window->isVisible()) return window;
+        return nullptr;
+    }
+
   protected:
-    ScreenScene();
+    ScreenScene() {
+        EXPECT_TRUE(network.Start());
+        windows.Draw(bot);
+        bot.Form_Load();
+        windows.Show(bot.form);
+        Settle();
+    }
     ~ScreenScene() override { windows.Close(); }
 
     SimWorld world;
@@ -37,8 +51,6 @@ class ScreenScene : public ::testing::Test {
     frmMain bot{machine, &windows};
     PracticeLevers& people = network.Levers();
 
-    /// The window of this name that is on the screen, or null.
-    static QWidget* Window(const char* name);
     /// A widget of a window; the test ends when there is none.
     template <typename T>
     static T& Find(const char* name, const char* window = "frmMain") {
@@ -48,20 +60,63 @@ class ScreenScene : public ::testing::Test {
         if (!found) std::abort();
         return *found;
     }
-    static void Press(const char* button, const char* window = "frmMain");
+    static void Press(const char* button, const char* window = "frmMain") {
+        auto& found = Find<QAbstractButton>(button, window);
+        EXPECT_TRUE(found.isVisible()) << button;
+        // A check box is pressed on its mark: it may be wider than what can be pressed.
+        const auto place = found.isCheckable() ? QPoint(8, found.height() / 2) : found.rect().center();
+        QTest::mouseClick(&found, Qt::LeftButton, {}, place);
+        Settle();
+    }
     /// Types over what stands in the box.
-    static void Type(const char* box, const char* text, const char* window = "frmMain");
-    static void Enter(const char* box, const char* window = "frmMain");
+    static void Type(const char* box, const char* text, const char* window = "frmMain") {
+        auto& line = Find<QLineEdit>(box, window);
+        line.setFocus();
+        line.selectAll();
+        QTest::keyClick(&line, Qt::Key_Delete);
+        QTest::keyClicks(&line, text);
+    }
+    static void Enter(const char* box, const char* window = "frmMain") {
+        QTest::keyClick(&Find<QLineEdit>(box, window), Qt::Key_Return);
+        Settle();
+    }
     static void ClickLine(const char* list, int row, Qt::MouseButton button = Qt::LeftButton,
-                          const char* window = "frmMain");
-    static void Choose(const char* entry, const char* window = "frmMain");
-    static QString Line(const char* list, int row, const char* window = "frmMain");
-    static void Settle();
-
-    void SignOn();
-    void Join(const char* room);
-    void MakeOp(const char* name);
-    void OpenConsole();
+                          const char* window = "frmMain") {
+        auto& view = Find<QListView>(list, window);
+        Settle(); // lines that came are laid out late
+        const auto place = view.visualRect(view.model()->index(row, 0)).center();
+        QTest::mouseClick(view.viewport(), button, {}, place);
+        Settle();
+    }
+    static void Choose(const char* entry) {
+        Find<QAction>(entry).trigger();
+        Settle();
+    }
+    static QString Line(const char* list, int row) {
+        return Find<QListView>(list).model()->index(row, 0).data().toString();
+    }
+    static void Settle() {
+        for (int turn = 0; turn < 3; ++turn) QApplication::processEvents();
+    }
+    void Join(const char* room) {
+        Choose("mnuChatsPanel");
+        Type("txtChat", room);
+        Press("cmdJoinChat");
+        Wait(5);
+    }
+    void SignOn() {
+        Type("txtSN", "Harbour Bot");
+        Type("txtPW", "secret");
+        Press("cmdSignOn");
+        Wait(5);
+    }
+    void OpenConsole() {
+        Choose("mnuChatsPanel");
+        ClickLine("lstChats", 0, Qt::RightButton);
+        ASSERT_TRUE(Window("mnuChats"));
+        Window("mnuChats")->close();
+        Choose("mnuOpenConsole");
+    }
     void Wait(int seconds) { world.RunFor(seconds * 1000), Settle(); }
 };
 

@@ -17,16 +17,12 @@ struct NameCheck {
     template <typename T>
     void operator()(T& control) {
         ++count;
-        auto* top = std::is_same_v<T, Form> ? QApplication::topLevelWidgets().value(0) : nullptr;
-        for (auto* place : QApplication::topLevelWidgets()) {
-            if (place->objectName() != QLatin1String(window) || !place->isVisible()) continue;
-            top = std::is_same_v<T, Form> ? place : place->findChild<QWidget*>(Shown(control.Name));
-        }
-        ASSERT_TRUE(top) << control.Name << " in " << window;
-        EXPECT_FALSE(top->accessibleName().isEmpty()) << control.Name << " in " << window;
-        if (!control.ToolTip.empty()) {
-            EXPECT_EQ(top->toolTip(), Shown(control.ToolTip));
-        }
+        auto* place = ScreenScene::Window(window);
+        ASSERT_TRUE(place) << window;
+        auto* widget = std::is_same_v<T, Form> ? place : place->findChild<QWidget*>(Shown(control.Name));
+        ASSERT_TRUE(widget) << control.Name << " in " << window;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << control.Name << " in " << window;
+        EXPECT_TRUE(control.ToolTip.empty() || widget->toolTip() == Shown(control.ToolTip)) << control.Name;
     }
 };
 
@@ -97,21 +93,20 @@ TEST_F(Windows, GrowForTheMenuAndTheLimitedRooms) {
 }
 
 TEST_F(Windows, HideInTheTrayWhereThereIsOne) {
+    auto* window = Window("frmMain");
     for (bool tray : {true, false}) {
         machine.desktop.tray = tray;
-        auto* window = Window("frmMain");
         window->showMinimized();
         Settle();
         EXPECT_EQ(window->isVisible(), !tray);
-        if (!tray) continue;
-        bot.Form_MouseMove(0, 0, 515, 0);
-        EXPECT_TRUE(Window("frmMain") && !window->isMinimized());
+        bot.Form_MouseMove(0, 0, tray ? 515 : 517, 0);
+        EXPECT_EQ(window->isMinimized(), !tray);
     }
-    windows.Show(bot.form);
-    bot.Form_MouseMove(0, 0, 517, 0);
     EXPECT_TRUE(Window("mnuSystemTray"));
     Window("mnuSystemTray")->close();
-    Window("frmMain")->close();
+    windows.Show(bot.form);
+    EXPECT_FALSE(window->isMinimized());
+    window->close();
     EXPECT_EQ(machine.desktop.quits, 1);
     EXPECT_EQ(machine.desktop.trayTip, "");
 }
@@ -123,10 +118,9 @@ TEST(Bound, ListsFollowTenThousandLines) {
     for (int line = 0; line < 10'000; ++line) list.AddItem("line " + std::to_string(line));
     std::unique_ptr<QListView> view(BindList(list, "Lines"));
     view->show();
-    const auto row = [&](int at) { return view->model()->index(at, 0).data().toString(); };
     list.AddItem("<b>last</b>");
     EXPECT_EQ(view->model()->rowCount(), 10'001);
-    EXPECT_EQ(row(10'000), "<b>last</b>");
+    EXPECT_EQ(view->model()->index(10'000, 0).data().toString(), "<b>last</b>");
     list.Select(5000);
     EXPECT_EQ(view->currentIndex().row(), 5000);
     list.RemoveItem(10);
@@ -146,11 +140,8 @@ TEST(Bound, ListsFollowTenThousandLines) {
 TEST(Bound, BoxesTakeNoMoreThanTheirLengthFromAPerson) {
     TextBox box("txt", "program", 4);
     std::unique_ptr<QLineEdit> line(BindLine(box, "Text"));
-    EXPECT_EQ(line->text(), "program");
-    QTest::keyClick(line.get(), Qt::Key_End);
     QTest::keyClicks(line.get(), "s");
     EXPECT_EQ(line->text(), "program");
-    EXPECT_EQ(box.Text(), "program");
     line->selectAll();
     QTest::keyClick(line.get(), Qt::Key_Delete);
     QTest::keyClicks(line.get(), "12345678");
