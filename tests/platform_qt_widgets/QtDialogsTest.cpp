@@ -67,12 +67,15 @@ TEST(QtDialogs, GivesTheChosenPathOrNothing) {
     std::string filter = "Settings (*.cfg)|*.cfg|";
     OnNextBox<QFileDialog>([](QFileDialog& box) {
         EXPECT_EQ(box.nameFilters(), QStringList{QStringLiteral("Settings (*.cfg)")});
-        box.selectFile(QStringLiteral("mine.cfg"));
+        box.selectFile(QStringLiteral("mine"));
         QMetaObject::invokeMethod(&box, "accept");
     });
     EXPECT_EQ(dialogs.Save("Save settings", filter, path), path + "/mine.cfg");
-    OnNextBox<QFileDialog>([](QFileDialog& box) { box.reject(); });
-    EXPECT_EQ(dialogs.Open("Load settings", filter, path), std::nullopt);
+    OnNextBox<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.nameFilters(), QStringList{QStringLiteral("Any [All files] (*)")}); // "*.*" hides "any"
+        box.reject();
+    });
+    EXPECT_EQ(dialogs.Open("Load settings", "Any [All files] (*.*)|*.*|", path), std::nullopt);
     OnNextBox<QFontDialog>([](QFontDialog& box) { box.reject(); });
     EXPECT_EQ(dialogs.Font("Font", "Arial"), std::nullopt);
 }

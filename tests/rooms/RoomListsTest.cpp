@@ -50,6 +50,10 @@ TEST(TimeBan, IsOfOnePersonInOneRoom) {
     EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 5, 1));
     EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 4, 0));
     EXPECT_FALSE(IsTimeBanOf("", "", "", 0, 0));
+    const auto tea = TickTimeBan(NewTimeBan("Some User", "Tea: Room", 4, 1, 7, "5")).record;
+    EXPECT_EQ(tea, "Some User:Tea: Room:4:1:7:5:5:59");
+    EXPECT_TRUE(IsTimeBanOf(tea, "someuser", "tea:room", 4, 1));
+    EXPECT_EQ(TickTimeBan("Bob:Tea: Room:4:1:7:5:0:60").intChatIndex, 7);
 }
 
 } // namespace

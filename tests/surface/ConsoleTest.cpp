@@ -77,6 +77,13 @@ TEST_F(Console, IsOpenedOnceAndWorksAgainAfterARejoin) {
     Join("deck"); // takes the slot that the room had
     people.Enter("deck", "bob");
     people.Say("deck", "bob", "not for this console");
+    EXPECT_EQ(console->ChatIndex, window.Control().Chat.Item(1)->ChatIndex);
+    console->lstPeopleHere.Select(0);
+    console->cmdBan.Press(); // nor it for that room
+    machine.dialogs.AnswerYes();
+    console->cmdClose.Press();
+    Wait(2);
+    EXPECT_TRUE(network.Bans("deck").empty() && network.IsInRoom("deck", "harbourbot"));
     Join("lobby");
     people.Say("lobby", "opal", "welcome back");
     Wait(1);

@@ -112,14 +112,24 @@ TEST_F(Editors, NewSettingsClosesThem) {
                         &window.menus.mnuChatsends, &window.menus.mnuIMComs})
         entry->Click();
     window.ccomsWindow.txtCcom[0].SetText("stale");
+    window.locksWindow.txtAddLockBan.SetText("half");
+    const auto& coms = window.imComsWindow;
+    coms.cmdIMComs.Click();
+    EXPECT_TRUE(window.options.IMComsOn);
     machine.dialogs.AnswerYes();
     windows.lines.clear();
     window.other.cmdNewSettings.Press();
     EXPECT_EQ(windows.lines,
               (Lines{"unload frmLocks", "unload frmCcoms", "unload frmChatSends", "unload frmUniPerms"}));
-    EXPECT_TRUE(window.imComsWindow.Loaded());
+    EXPECT_TRUE(coms.Loaded());
+    EXPECT_EQ(coms.cmdIMComs.Caption(), "Turn Off IMComs"); // older than the switch
+    coms.cmdIMComs.Click();
+    EXPECT_FALSE(window.options.IMComsOn);
+    EXPECT_EQ(coms.cmdIMComs.Caption(), "Turn On IMComs");
     window.menus.mnuCcoms.Click();
     EXPECT_EQ(window.ccomsWindow.txtCcom[0].Text(), "op");
+    window.menus.mnuLocks.Click();
+    EXPECT_EQ(window.locksWindow.txtAddLockBan.Text(), "");
 }
 
 } // namespace

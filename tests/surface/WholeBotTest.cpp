@@ -65,6 +65,22 @@ TEST_F(WholeBot, TakesCommandsOfTheOperatorAndByMessage) {
     EXPECT_EQ(Boxes(), Lines{"Error: Error: Chat given was not found!"});
 }
 
+TEST_F(WholeBot, LoadsSettingsInARoomWithoutAWord) {
+    MakeOp("opal");
+    window.Engine().Lists().AddAB("spam*", 0);
+    machine.dialogs.AnswerText("/program/mine.hys");
+    window.other.cmdSaveSettings.Press();
+    SignOn();
+    Join("lobby");
+    Wait(10);
+    Start();
+    machine.dialogs.AnswerText("/program/mine.hys");
+    window.other.cmdLoadSettings.Press();
+    Wait(60);
+    EXPECT_EQ(Transcript(), Lines{});
+    EXPECT_EQ(Listed(boxes.lstABs), Lines{"spam*"});
+}
+
 TEST_F(WholeBot, AsksWhichFilesToSaveAndRead) {
     machine.dialogs.AnswerText("/program/mine.hys");
     window.menus.mnuSaveSettings.Click();

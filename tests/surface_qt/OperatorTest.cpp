@@ -15,6 +15,12 @@ TEST_F(Operator, TalksAndBansFromTheConsole) {
     Join("lobby");
     ClickLine("lstChats", 0);
     EXPECT_EQ(Find<QLabel>("lblChatData(4)").text(), "2");
+    people.Enter("lobby", "carol");
+    Wait(1);
+    ClickLine("lstChats", 0); // once more, for the news
+    EXPECT_EQ(Find<QLabel>("lblChatData(4)").text(), "3");
+    people.Leave("lobby", "carol");
+    Wait(1);
 
     OpenConsole();
     EXPECT_EQ(Find<QLabel>("lblPeopleHere", "frmConsole").text(), "People Here: 2");

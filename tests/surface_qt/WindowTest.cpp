@@ -82,6 +82,16 @@ TEST_F(Windows, GrowForTheMenuAndTheLimitedRooms) {
     Press("lblMenu(4)");
     EXPECT_EQ(window.size(), plain);
 
+    window.showMaximized();
+    Settle();
+    Press("lblContents"); // where the menu doesn't slide
+    EXPECT_GE(Find<QWidget>("lblMenu(4)").visibleRegion().boundingRect().width(),
+              Find<QWidget>("lblMenu(4)").sizeHint().width());
+    Press("lblMenu(4)");
+    window.showNormal();
+    Settle();
+    EXPECT_EQ(window.size(), plain);
+
     bot.rates.Rated(0, "lobby");
     Settle();
     EXPECT_GT(window.height(), plain.height());
