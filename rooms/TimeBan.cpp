@@ -13,9 +13,10 @@ enum Field { User, Room, Exchange, Instance, RoomIndex, Minutes, MinutesLeft, Se
 /// The user ends at the first ":", and the room, whose name may hold some, at the sixth from the end.
 std::vector<std::string> Fields(const std::string& strRecord) {
     auto fields = Split(strRecord, ":");
-    while (fields.size() > FieldCount) {
-        fields[Room] += ":" + fields[Room + 1];
-        fields.erase(fields.begin() + Room + 1);
+    if (fields.size() > FieldCount) {
+        const auto behindRoom = fields.end() - (FieldCount - Exchange);
+        for (auto part = fields.begin() + Exchange; part != behindRoom; ++part) fields[Room] += ":" + *part;
+        fields.erase(fields.begin() + Exchange, behindRoom);
     }
     fields.resize(FieldCount);
     return fields;
