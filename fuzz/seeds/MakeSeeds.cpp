@@ -115,6 +115,8 @@ class Session {
         window.Engine().Lists().AddImm("friend", 0);
         window.Engine().Lists().AddLockBan("spam*", 0);
         Write("SettingsFuzz", "own.hys", SettingsText(window.options));
+        Write("SettingsFuzz", "short-name.hys",
+              "a\r\nb\r\nVersion: 2.0 (Beta 1.0)\r\nop:0000110011111100000000000011:1 \r\nab:x\ry\r\n");
         WriteEjectLists(platform, window.Control(), "/program/e.txt");
         Write("EjectListFuzz", "lobby.txt", platform.disk.Contents("/program/e.txt") + "lobby:4:0:alice\r\n");
         auto before = platform.disk.Paths();
