@@ -83,6 +83,7 @@ void Invariants::SentBan(std::uint64_t stream, int id, const std::string& user, 
         bans.Excuse(NormalizeName(room->ChatName), NormalizeName(record[3]));
     bans.Sent(id, {NormalizeName(room->ChatName), NormalizeName(user), stream, world.Now()});
     doubtful.insert(NormalizeName(room->ChatName));
+    if (!ban) lifts.Asked(NormalizeName(room->ChatName), NormalizeName(user));
     const auto& immunes = window.options.Immunes;
     // A ban that had to wait may have been wanted before its name became immune.
     const bool waited = std::any_of(room->BanQueue.begin(), room->BanQueue.end(), [&](const auto& entry) {
@@ -113,6 +114,7 @@ void Invariants::Check() {
     CheckTimers();
     CheckQueues();
     CheckReplies();
+    CheckTimeBans();
     if (!doubtful.empty()) CheckLists();
     bans.EventOver();
     if (world.Now() < nextGiveUp) return;
@@ -169,6 +171,19 @@ void Invariants::CheckReplies() {
         Violate("more was done to eject lists than replies came for requests");
     actsBefore = acts;
     repliesInEvent = 0;
+}
+
+/// A record keeps the slot that its room had. Once the room has been lost, the slot may be nobody's or another
+/// room's when the ban ends, and what goes out then lifts nothing; nor is anything sent to a room whose class 1 is
+/// rated: both are required.
+void Invariants::CheckTimeBans() {
+    const auto& control = window.Control();
+    if (!lifts.Due(control.TimeBans.Count(), world.Now())) return;
+    const auto wrong = lifts.Check(control.TimeBans, world.Now(), [&control](const auto& ban) {
+        auto room = control.Room(ban.slot);
+        return room && NormalizeName(room->ChatName) == ban.room && !room->IsRated(1);
+    });
+    if (!wrong.empty()) Violate(wrong);
 }
 
 void Invariants::CheckLists() {

@@ -5,6 +5,7 @@
 // first one ends the run.
 
 #include "soak/BanWatch.h"
+#include "soak/LiftWatch.h"
 #include "soak/PacingWatch.h"
 #include "soak/TapMachine.h"
 
@@ -39,6 +40,7 @@ class Invariants : public TapListener {
     void RequireBack(const std::vector<std::string>& rooms);
     /// At a quiet moment: what the run holds on to must not grow from one such moment to the next.
     void RequireNoGrowth(std::size_t rooms);
+    const LiftWatch& TimeBans() const { return lifts; }
 
     // TapListener.
     void Sent(std::uint64_t stream, std::string_view frame) override;
@@ -52,6 +54,7 @@ class Invariants : public TapListener {
     void CheckRoomTimers(const Chats& room);
     void CheckQueues();
     void CheckReplies();
+    void CheckTimeBans();
     void CheckLists();
     void CheckList(const Chats& room);
     double ListActs() const;
@@ -65,6 +68,7 @@ class Invariants : public TapListener {
     std::string violation;
     PacingWatch pacing;
     BanWatch bans;
+    LiftWatch lifts;
     std::set<std::string> doubtful; ///< rooms whose lists may have changed since they were compared
     double actsBefore = 0;
     int repliesInEvent = 0;

@@ -36,6 +36,7 @@ class SoakRun {
     int FaultCount() const { return faults.Count(); }
     /// How often the operator had to sign on or join again for the bot (see SignOnAgain and JoinAgain).
     int StepsIn() const { return stepsIn; }
+    const LiftWatch& TimeBans() const { return invariants.TimeBans(); }
 
   private:
     void Arrive();

@@ -22,7 +22,9 @@ int main(int count, char** words) {
         };
     const bool held = run.Run();
     std::cout << run.Events() << " events, " << run.FaultCount() << " faults, the operator stepped in "
-              << run.StepsIn() << " times\n";
+              << run.StepsIn() << " times\n"
+              << run.TimeBans().EndedCount() << " time bans ended, " << run.TimeBans().StrandedCount()
+              << " of them when nobody could lift them any more\n";
     if (!held) std::cout << "VIOLATION " << run.Violation() << "\nreplay: " << ReplayLine(*plan) << "\n";
     std::cout << run.Digest() << "\n";
     return held ? 0 : 1;

@@ -1,7 +1,9 @@
 // Short runs of the soak: they hold at every level of faults, and a seed repeats itself. The watches are shown
 // what they must not let pass.
 
+#include "rooms/TimeBan.h"
 #include "soak/BanWatch.h"
+#include "soak/LiftWatch.h"
 #include "soak/PacingWatch.h"
 #include "soak/Plan.h"
 #include "soak/SoakRun.h"
@@ -83,6 +85,31 @@ TEST(Soak, AReplyIsTakenOnceAndOnItsOwnStreamOnly) {
     watch.Sent(9, {"room1", "rowdy", 2, 0});
     EXPECT_TRUE(watch.Replied(9, 2));
     EXPECT_FALSE(watch.Excused("room1", "rowdy"));
+}
+
+TEST(Soak, ATimeBanEndsInItsTimeAndIsLifted) {
+    const auto record = NewTimeBan("Rowdy", "Room 1", 4, 0, 2, "1");
+    Collection<std::string> records;
+    LiftWatch watch;
+    bool here = true;
+    auto at = [&](std::int64_t seconds) {
+        return watch.Check(records, seconds * 1000, [&](const auto& ban) { return here && ban.slot == 2; });
+    };
+    auto begin = [&](std::int64_t seconds) { return records.Add(record), at(seconds); };
+    auto end = [&](std::int64_t seconds) { return records.Remove(1), at(seconds); };
+    EXPECT_EQ(begin(0), "");
+    EXPECT_EQ(begin(5), "");
+    watch.Asked("room1", "rowdy");
+    EXPECT_EQ(end(62), "");
+    EXPECT_EQ(at(67), "");
+    EXPECT_EQ(at(68), "a time ban has outlived its time: Rowdy:Room 1:4:0:2:1:");
+    EXPECT_EQ(end(68), "a time ban has ended, and nobody was let in: Rowdy:Room 1:4:0:2:1:");
+    EXPECT_EQ(watch.StrandedCount(), 0U);
+    here = false;
+    EXPECT_EQ(begin(100), "");
+    EXPECT_EQ(end(160), "a time ban has ended early: Rowdy:Room 1:4:0:2:1:");
+    EXPECT_EQ(watch.StrandedCount(), 1U);
+    EXPECT_EQ(watch.EndedCount(), 3U);
 }
 
 TEST(Soak, TheCommandLineIsReadAndWrittenBack) {
