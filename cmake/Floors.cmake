@@ -5,6 +5,7 @@ add_library(halyard_flags INTERFACE)
 target_compile_options(halyard_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
                                                -Wimplicit-fallthrough -Werror
                                                $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
+                                               $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>
                                                # GCC 12 sees an overlap in every optimised "literal" + text.
                                                $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_include_directories(halyard_flags INTERFACE ${CMAKE_SOURCE_DIR})

@@ -72,14 +72,13 @@ void World::EachConnection(const std::function<void(Connection&)>& visit) {
 
 void World::Heartbeat() {
     ended.clear();
-    EachConnection([this](Connection& connection) {
-        if (connection.service == Service::None &&
-            Now() - connection.since >= options.signOnSeconds * 1000LL) {
+    EachConnection([this, now = Now()](Connection& connection) {
+        if (connection.service == Service::None && now - connection.since >= options.signOnSeconds * 1000LL) {
             Note("", "a stranger", "never signed on");
             return Forget(connection);
         }
         for (int classId = 1; classId <= 5; ++classId)
-            if (connection.rates.Recover(classId, Now()))
+            if (connection.rates.Recover(classId, now))
                 SendRateNotice(*this, connection, classId, RateCode::Clear);
     });
 }
