@@ -49,6 +49,16 @@ std::string NormalizeName(std::string_view text) {
     return name;
 }
 
+bool SameName(std::string_view one, std::string_view other) {
+    std::size_t at = 0;
+    for (char c : other) {
+        if (c == ' ') continue;
+        at = one.find_first_not_of(' ', at);
+        if (at == std::string_view::npos || LowerChar(one[at++]) != LowerChar(c)) return false;
+    }
+    return at >= one.size() || one.find_first_not_of(' ', at) == std::string_view::npos;
+}
+
 std::string Replace(std::string_view text, std::string_view what, std::string_view with) {
     if (what.empty()) return std::string(text);
     std::string replaced;

@@ -29,6 +29,9 @@ std::string Trim(std::string_view text);
 /// `text` in lower case with every blank removed: the form in which names and command lines are compared.
 std::string NormalizeName(std::string_view text);
 
+/// True when NormalizeName of both is the same; without making either.
+bool SameName(std::string_view one, std::string_view other);
+
 /// Every occurrence of `what` in `text` replaced by `with`; case matters. An empty `what` changes nothing.
 std::string Replace(std::string_view text, std::string_view what, std::string_view with);
 

@@ -15,7 +15,7 @@ void CommandEngine::InternalCommand(const std::string& text) {
         return context.boxes.Error("Error",
                                    "Error validating command. Please enter a command in the following "
                                    "format: chat:command");
-    auto room = RoomByName(context.control, NormalizeName(parts[0]));
+    auto room = RoomByName(context.control, parts[0]);
     if (!room) return context.boxes.Error("Error", "Error: Chat given was not found!");
     ChatMessage(room->ChatIndex, "[Manual Command]", parts[1]);
 }

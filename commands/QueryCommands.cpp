@@ -19,9 +19,8 @@ namespace {
 constexpr int BanClass = 1; ///< the rate class that governs banning
 
 std::shared_ptr<EjectList> EjectListOf(const TillerSock& control, const std::string& strChatName) {
-    auto wanted = NormalizeName(strChatName);
     for (const auto& list : control.EjectLists)
-        if (NormalizeName(list->ChatName) == wanted) return list;
+        if (SameName(list->ChatName, strChatName)) return list;
     return nullptr;
 }
 

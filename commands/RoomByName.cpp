@@ -5,9 +5,9 @@
 
 namespace halyard {
 
-std::shared_ptr<Chats> RoomByName(const TillerSock& control, const std::string& normalised) {
+std::shared_ptr<Chats> RoomByName(const TillerSock& control, const std::string& strChatName) {
     for (const auto& room : control.Chat)
-        if (NormalizeName(room->ChatName) == normalised) return room;
+        if (SameName(room->ChatName, strChatName)) return room;
     return nullptr;
 }
 

@@ -10,7 +10,7 @@ namespace halyard {
 class Chats;
 class TillerSock;
 
-/// The first room of this name, which is in lower case without blanks; null when there is none.
-std::shared_ptr<Chats> RoomByName(const TillerSock& control, const std::string& normalised);
+/// The first room of this name, whatever its case and blanks; null when there is none.
+std::shared_ptr<Chats> RoomByName(const TillerSock& control, const std::string& strChatName);
 
 } // namespace halyard

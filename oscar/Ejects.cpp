@@ -49,18 +49,16 @@ void TillerSock::RemoveEject(const std::string& strUser, std::int16_t intChatInd
 
 Collection<std::string> TillerSock::GetEjectList(const std::string& strChatName,
                                                  std::int16_t /*intChatIndex*/) const {
-    auto wanted = NormalizeName(strChatName);
     for (const auto& list : EjectLists)
-        if (NormalizeName(list->ChatName) == wanted) return list->GetEjects();
+        if (SameName(list->ChatName, strChatName)) return list->GetEjects();
     return {};
 }
 
 void TillerSock::RemoveEjectList(const std::string& strChatName) {
-    auto wanted = NormalizeName(strChatName);
     std::ptrdiff_t position = 0;
     for (const auto& list : EjectLists) {
         ++position;
-        if (NormalizeName(list->ChatName) != wanted) continue;
+        if (!SameName(list->ChatName, strChatName)) continue;
         if (auto room = Chat.Item(list->ChatColIndex)) room->EjectListIndex = 0;
         list->ClearEjects();
         EjectLists.Remove(position);

@@ -128,7 +128,7 @@ void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) 
         return true;
     });
     // Another room may have been asked for in between: this one was opened under that one's name then.
-    if (NormalizeName(room->ChatName) != NormalizeName(openedAs)) AttachEjectList(*room);
+    if (!SameName(room->ChatName, openedAs)) AttachEjectList(*room);
     room->DetailLevel = 2; // whatever came
     room->ChatIndex = static_cast<std::int16_t>(Index);
     room->ServerIP = Sock.RemoteAddress(Index);

@@ -11,15 +11,12 @@ std::string Room::Cookie() const {
 }
 
 const RoomMember* Room::Find(std::string_view who) const {
-    auto wanted = NormalizeName(who);
     auto found = std::find_if(members.begin(), members.end(),
-                              [&](const auto& member) { return NormalizeName(member.name) == wanted; });
+                              [&](const auto& member) { return SameName(member.name, who); });
     return found == members.end() ? nullptr : &*found;
 }
 
-bool Room::IsOwner(std::string_view who) const {
-    return !owner.empty() && NormalizeName(owner) == NormalizeName(who);
-}
+bool Room::IsOwner(std::string_view who) const { return !owner.empty() && SameName(owner, who); }
 
 bool Room::IsBanned(std::string_view who) const { return bans.contains(NormalizeName(who)); }
 
@@ -41,9 +38,8 @@ Room* Rooms::FindCookie(std::string_view cookie) const {
 }
 
 Room* Rooms::FindName(std::string_view name) const {
-    auto wanted = NormalizeName(name);
     for (const auto& [key, room] : rooms)
-        if (NormalizeName(room->name) == wanted) return room.get();
+        if (SameName(room->name, name)) return room.get();
     return nullptr;
 }
 

@@ -27,7 +27,7 @@ void ScenePlayer::Begin() {
 }
 
 void ScenePlayer::ClientEntered(const Room& entered) {
-    auto own = entered.exchange == scene.exchange && NormalizeName(entered.name) == NormalizeName(scene.room);
+    auto own = entered.exchange == scene.exchange && SameName(entered.name, scene.room);
     if (own && !running) StartClock();
 }
 

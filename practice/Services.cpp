@@ -123,9 +123,8 @@ void SignedOff(World& world, Connection& connection) {
 }
 
 void DismissOthers(World& world, const std::string& name, const Connection* except) {
-    auto wanted = NormalizeName(name);
     world.EachConnection([&](Connection& other) {
-        if (&other != except && NormalizeName(other.name) == wanted) world.Dismiss(other);
+        if (&other != except && SameName(other.name, name)) world.Dismiss(other);
     });
 }
 

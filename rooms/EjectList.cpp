@@ -21,7 +21,7 @@ void EjectList::UnbanAll(RoomHost& host) const {
 }
 
 bool EjectList::IsOf(const std::string& strChatName, std::int16_t intExchange) const {
-    return Exchange == intExchange && NormalizeName(ChatName) == NormalizeName(strChatName);
+    return Exchange == intExchange && SameName(ChatName, strChatName);
 }
 
 } // namespace halyard

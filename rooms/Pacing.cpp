@@ -81,9 +81,8 @@ std::string Chats::MergedLine(const Msgs& send) const {
 }
 
 std::optional<std::size_t> Chats::BanCount() const {
-    const auto name = NormalizeName(ChatName); // by name alone, whatever the exchange
-    for (const auto& list : host.AllEjectLists())
-        if (list && NormalizeName(list->ChatName) == name) return list->GetEjects().Count();
+    for (const auto& list : host.AllEjectLists()) // by name alone, whatever the exchange
+        if (list && SameName(list->ChatName, ChatName)) return list->GetEjects().Count();
     return std::nullopt;
 }
 

@@ -39,8 +39,7 @@ std::string NewTimeBan(const std::string& strUser, const std::string& strChatNam
 bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const std::string& strChatName,
                  std::int16_t intExchange, std::int16_t intInstance) {
     const auto fields = Fields(strRecord);
-    return NormalizeName(fields[User]) == NormalizeName(strUser) &&
-           NormalizeName(fields[Room]) == NormalizeName(strChatName) &&
+    return SameName(fields[User], strUser) && SameName(fields[Room], strChatName) &&
            ToInt16(fields[Exchange]) == intExchange && ToInt16(fields[Instance]) == intInstance;
 }
 

@@ -109,7 +109,7 @@ void ChatsPanel::CloseClicked() {
 void ChatsPanel::RoomClicked() {
     if (lstChats.ListIndex() < 0) return;
     context.options.Controls.txtChat.SetText(lstChats.Text());
-    if (auto room = RoomByName(context.control, NormalizeName(lstChats.Text())))
+    if (auto room = RoomByName(context.control, lstChats.Text()))
         ShowChatData(context.control.GetChatIndex(room->ChatIndex));
 }
 
@@ -138,12 +138,11 @@ void ChatsPanel::ShowChatData(std::int16_t position) {
 }
 
 void ChatsPanel::AddRoom(const std::string& strChatName) {
-    const auto name = NormalizeName(strChatName);
     int lines = 0;
     for (int line = 0; line < lstChats.ListCount(); ++line)
-        lines += NormalizeName(lstChats.List(line)) == name;
+        lines += SameName(lstChats.List(line), strChatName);
     int standing = 0;
-    for (const auto& room : context.control.Chat) standing += NormalizeName(room->ChatName) == name;
+    for (const auto& room : context.control.Chat) standing += SameName(room->ChatName, strChatName);
     if (lines < standing) lstChats.AddItem(strChatName);
     ShowCount();
 }
@@ -160,7 +159,7 @@ void ChatsPanel::ClearRooms() {
 
 void ChatsPanel::DropLostRooms() {
     for (int line = lstChats.ListCount() - 1; line >= 0; --line)
-        if (!RoomByName(context.control, NormalizeName(lstChats.List(line)))) lstChats.RemoveItem(line);
+        if (!RoomByName(context.control, lstChats.List(line))) lstChats.RemoveItem(line);
     ShowCount();
 }
 

@@ -9,9 +9,8 @@
 namespace halyard {
 
 std::shared_ptr<frmConsole> Consoles::Named(const std::string& strChatName) const {
-    const auto wanted = NormalizeName(strChatName);
     for (const auto& console : ChatConsoles)
-        if (NormalizeName(console->ChatName) == wanted) return console;
+        if (SameName(console->ChatName, strChatName)) return console;
     return nullptr;
 }
 
@@ -28,7 +27,7 @@ void Consoles::Open(const std::string& strChatName) {
         context.windows.Focus(console->form);
         return;
     }
-    const auto room = RoomByName(context.control, NormalizeName(strChatName));
+    const auto room = RoomByName(context.control, strChatName);
     if (!room) return;
     auto console = std::make_shared<frmConsole>(context, *this);
     console->ChatName = room->ChatName;
@@ -39,9 +38,8 @@ void Consoles::Open(const std::string& strChatName) {
 }
 
 void Consoles::DestroyChatConsole(const std::string& strChatName) {
-    const auto wanted = NormalizeName(strChatName);
     for (std::ptrdiff_t position = 1; const auto& entry : ChatConsoles) {
-        if (NormalizeName(entry->ChatName) == wanted) {
+        if (SameName(entry->ChatName, strChatName)) {
             const auto console = entry; // lives until its window has let go
             ChatConsoles.Remove(position);
             context.windows.Unload(console->form);

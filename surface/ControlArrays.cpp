@@ -5,9 +5,8 @@
 namespace halyard {
 
 int FindLine(const ListBox& list, const std::string& wanted) {
-    const auto normal = NormalizeName(wanted);
     for (int index = 0; index < list.ListCount(); ++index)
-        if (NormalizeName(list.List(index)) == normal) return index;
+        if (SameName(list.List(index), wanted)) return index;
     return -1;
 }
 

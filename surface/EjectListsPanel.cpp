@@ -25,7 +25,7 @@ EjectListsPanel::EjectListsPanel(const SurfaceContext& context) : context(contex
 
 std::string EjectListsPanel::ShownRoom() const {
     const auto& caption = lblEjectListChat.Caption();
-    return NormalizeName(Mid(caption, caption.find(':') + 2));
+    return Mid(caption, caption.find(':') + 2);
 }
 
 void EjectListsPanel::NewEjectList(const std::string& strChatName) { lstEjectListChats.AddItem(strChatName); }
@@ -36,7 +36,7 @@ void EjectListsPanel::AddedEject(const std::string& strUser, std::int16_t intCha
     context.counters.UpdateStat("totalban");
     context.counters.AddAction("Ejected user in chat '" + room->ChatName + "': " + strUser);
     context.counters.UpdateStat("totalcurrentban");
-    if (ShownRoom() != NormalizeName(room->ChatName)) return;
+    if (!SameName(ShownRoom(), room->ChatName)) return;
     const auto line = FindLine(lstEjectListChats, room->ChatName);
     if (line < 0) return;
     if (lstEjectListChats.ListIndex() == line)
@@ -51,7 +51,7 @@ void EjectListsPanel::RemovedEject(const std::string& strUser, std::int16_t intC
     context.counters.UpdateStat("totalunbans");
     context.counters.AddAction("Unbanned user in chat '" + room->ChatName + "': " + strUser);
     context.counters.UpdateStat("totalcurrentban");
-    if (ShownRoom() != NormalizeName(room->ChatName)) return;
+    if (!SameName(ShownRoom(), room->ChatName)) return;
     if (lstEjected.RemoveItem(FindLine(lstEjected, strUser)))
         lblBanCount.SetCaption("Bans: " + std::to_string(lstEjected.ListCount()));
 }
@@ -72,7 +72,7 @@ void EjectListsPanel::ClearClicked() { // the list behind it stays
 }
 
 void EjectListsPanel::UnbanAllClicked() {
-    const auto room = RoomByName(context.control, NormalizeName(lstEjectListChats.Text()));
+    const auto room = RoomByName(context.control, lstEjectListChats.Text());
     if (!room) return;
     if (!context.platform.Boxes().YesNo("Unban All?", "Do you really want to unban all users from '" +
                                                           room->ChatName + "', Exchange '" +

@@ -66,7 +66,7 @@ void RateLists::ListRatedRooms() {
 void RateLists::DoubleClicked(int intType) {
     auto& list = lstRated[static_cast<std::size_t>(intType)];
     if (list.ListIndex() < 0) return;
-    if (auto room = RoomByName(context.control, NormalizeName(list.Text()))) {
+    if (auto room = RoomByName(context.control, list.Text())) {
         room->RateNotice(Cleared, intType == 0 ? BanClass : TalkClass);
         if (intType == 0) ResumeBanning("", ReenabledByHand, context.control.GetChatIndex(room->ChatIndex));
     }

@@ -23,7 +23,7 @@ constexpr int FirstRejoin = 1000;
 
 bool Queued(const Collection<std::string>& queue, const std::string& entry) {
     for (const auto& queued : queue)
-        if (NormalizeName(queued) == NormalizeName(entry)) return true;
+        if (SameName(queued, entry)) return true;
     return false;
 }
 

@@ -62,10 +62,9 @@ bool Holds(const Collection<std::string>& queue, const std::string& wanted) {
 /// room's information never came has entered nothing, and may stay like that for ever.
 bool EnteredTwice(const TillerSock& control, const std::string& name, std::int16_t exchange,
                   std::int16_t instance, std::int16_t intChatIndex) {
-    const auto wanted = NormalizeName(name);
     for (const auto& room : control.Chat)
         if (room->ChatIndex != intChatIndex && !room->Cookie.empty() && room->Exchange == exchange &&
-            room->Instance == instance && NormalizeName(room->ChatName) == wanted)
+            room->Instance == instance && SameName(room->ChatName, name))
             return true;
     return false;
 }
@@ -87,11 +86,10 @@ void Reconnection::JoinedChat(const std::string& strChatName, std::int16_t intEx
 }
 
 void Reconnection::TakeOffQueue(const std::string& strChatName) {
-    const auto joined = NormalizeName(strChatName);
     for (std::ptrdiff_t position = static_cast<std::ptrdiff_t>(RejoinQueue.Count()); position >= 1;
          --position) {
         const auto entry = ReadEntry(RejoinQueue.Item(position));
-        if (!entry || NormalizeName(entry->name) != joined) continue;
+        if (!entry || !SameName(entry->name, strChatName)) continue;
         RejoinQueue.Remove(position);
         context.counters.AddAction("Successfully rejoined chat!");
         Notice("Successfully rejoined chat '" + entry->name + "'!");

@@ -21,6 +21,9 @@ TEST(Text, MidCountsFromOneAndStopsWithTheText) {
 TEST(Text, NamesLoseBlanksAndCapitals) {
     EXPECT_EQ(NormalizeName(" Room  Name 1 "), "roomname1");
     EXPECT_EQ(NormalizeName("Tab\tStays"), "tab\tstays");
+    for (const char* one : {"", "  ", "bob", " B OB ", "bobb", "bo", "b\xD6", "B \xF6"})
+        for (const char* other : {"", " ", "bob", "B o b", "bobb ", "\xF6", " b\xF6"})
+            EXPECT_EQ(SameName(one, other), NormalizeName(one) == NormalizeName(other)) << one << other;
     EXPECT_EQ(Trim("  a b "), "a b");
     EXPECT_EQ(Trim("   "), "");
 }
