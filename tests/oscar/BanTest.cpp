@@ -136,11 +136,12 @@ TEST_F(BanWire, PeopleOnBos) {
              Hex(MakeTLV("", 1, "Ann") + WordToStr(105) + WordToStr(3) + MakeTLV("0001", 2, WordToStr(16)) +
                  MakeTLV("000F", 2, LongToStr(150)) + MakeTLV("0003", 2, LongToStr(1000)) +
                  MakeTLV("0001", 2, "text/plain") + MakeTLV("0002", 2, "me")));
+    bos.Send("00020006000000000000" + Hex(MakeTLV("", 1, "Bo") + HexToStr("00000000"))); // and nothing more
     bos.Send("000400010000000000000004");
     Answer(bos, "000400010000000000000005");
     EXPECT_EQ(events.Take(),
               (Lines{"InstantMessage|Ann|hi|1", "IncomingUserInfo|Ann|10|2|1000|16|text/plain|me",
-                     "Error|User not available|4|0|0004"}));
+                     "IncomingUserInfo|Bo|0|0|0|||", "Error|User not available|4|0|0004"}));
     control.GettingUserInfo = true;
     control.strUserInfo = "Zed";
     Answer(bos, "000200010000000000000005");

@@ -36,6 +36,7 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
                          MakeTLV("006A", 2, "Den") + MakeTLV("00D1", 2, WordToStr(2000)) +
                          MakeTLV("00D2", 2, WordToStr(306))));
     EXPECT_EQ(events.Take(), (Lines{"JoinedChat|Den|4|3|2|50|2000|127.0.0.1|2"}));
+    EXPECT_EQ(control.Sockets().Tag(2), "[Chat]connected");
     control.JoinChat("Other", 5, 0);
     Settle();
     EXPECT_EQ(navigation.Take().size(), 1U);

@@ -61,6 +61,18 @@ TEST_F(Comeback, TriesEveryFifteenSecondsUntilStopped) {
     EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
 }
 
+TEST_F(Comeback, TheAlertGoesWhenNoRoomIsLeftToGoBackTo) {
+    Allow(true, false, true);
+    SignOn();
+    people.Drop("harbourbot");
+    Wait(1);
+    EXPECT_TRUE(AlertOpen());
+    EXPECT_TRUE(window.reconnection.Rejoining);
+    Wait(5);
+    EXPECT_FALSE(AlertOpen());
+    EXPECT_FALSE(window.reconnection.tmrReconnect->Enabled());
+}
+
 TEST_F(Comeback, RoomsAreForgottenAfterASignOff) {
     Allow(true, true, true);
     SignOn();

@@ -60,6 +60,8 @@ TEST_F(WholeBot, TakesCommandsOfTheOperatorAndByMessage) {
                                    "9 Harbour Bot says « Immune to ban: rowdy »"}));
     EXPECT_EQ(Listed(boxes.lstImms), Lines{"rowdy"});
     EXPECT_EQ(window.imComsWindow.txtIMs.Text(), "opal: 1:ban rowdy\r\n");
+    window.imComsWindow.cmdClear.Press();
+    EXPECT_EQ(window.imComsWindow.txtIMs.Text(), "");
     EXPECT_EQ(window.other.txtInternalCommand.Text(), "");
     Type(window.other.txtInternalCommand, "nowhere:status");
     EXPECT_EQ(Boxes(), Lines{"Error: Error: Chat given was not found!"});
