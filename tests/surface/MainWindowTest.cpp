@@ -87,7 +87,8 @@ TEST_F(MainWindow, TheTrayBringsItBack) {
 TEST_F(MainWindow, ExitsAndPages) {
     window.menus.mnuExit.Click();
     EXPECT_EQ(machine.desktop.quits, 1);
-    EXPECT_NE(machine.desktop.trayTip, "");
+    window.reconnection.LoggedIn(std::string(40, 'x')); // a tip holds 63 characters
+    EXPECT_EQ(machine.desktop.trayTip, "Halyard 2.0 (Beta 1.0) [User: " + std::string(33, 'x'));
     window.menus.mnuExit2.Click();
     EXPECT_EQ(machine.desktop.quits, 2);
     EXPECT_EQ(machine.desktop.trayTip, "");
