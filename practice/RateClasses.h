@@ -4,6 +4,7 @@
 // moving average of the time between requests, and what falls below a level is warned of, dropped, or ends
 // the connection. Pure rules about state and a moment: the network sends what they say.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -43,6 +44,11 @@ class RateMeter {
 
     /// Counts a request of a class (1 to 5) at a moment in ms.
     RateVerdict Count(int classId, std::int64_t now);
+    /// True when no class is warned or limited: none has to recover.
+    bool AllClear() const {
+        return std::all_of(levels.begin(), levels.end(),
+                           [](const Level& level) { return level.state == RateCode::Clear; });
+    }
     /// True once when a class that was warned or limited has recovered by silence alone.
     bool Recover(int classId, std::int64_t now);
     /// Puts a class into a state that counting does not end: only another Force does.

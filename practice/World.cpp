@@ -72,6 +72,10 @@ void World::EachConnection(const std::function<void(Connection&)>& visit) {
 
 void World::Heartbeat() {
     ended.clear();
+    const bool idle = std::all_of(connections.begin(), connections.end(), [](const auto& connection) {
+        return connection->service != Service::None && connection->rates.AllClear();
+    });
+    if (idle) return;
     EachConnection([this, now = Now()](Connection& connection) {
         if (connection.service == Service::None && now - connection.since >= options.signOnSeconds * 1000LL) {
             Note("", "a stranger", "never signed on");
