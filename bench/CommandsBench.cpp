@@ -2,7 +2,7 @@
 // bot says and asks for is made and paced, and goes nowhere.
 
 #include "bench/SilentBot.h"
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 
 #include <benchmark/benchmark.h>
 #include <string>

@@ -7,23 +7,21 @@ halyard_floor(platform/qt NEEDS platform LINKS Qt6::Core Qt6::Network)
 target_compile_definitions(halyard_platform_qt PUBLIC QT_NO_KEYWORDS)
 # Boxes and tray stand apart, so that programs without a window neither link nor need a screen.
 halyard_floor(platform/qt/widgets NEEDS platform/qt LINKS Qt6::Widgets)
-halyard_floor(surface/qt NEEDS surface platform/qt/widgets)
+halyard_floor(surface/qt ROOMS bind views widgets NEEDS surface platform/qt/widgets)
 
-# halyard_program(<name> SOURCES <file patterns>... NEEDS <libraries>...)
+halyard_floor(tour NEEDS surface platform/qt)
+
+# halyard_program(<name> NEEDS <libraries>...): programs/<name>.cpp and what it stands on.
 function(halyard_program name)
-  cmake_parse_arguments(PROGRAM "" "" "SOURCES;NEEDS" ${ARGN})
-  list(TRANSFORM PROGRAM_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/)
-  file(GLOB sources CONFIGURE_DEPENDS ${PROGRAM_SOURCES})
-  if(sources)
-    add_executable(${name} ${sources})
-    target_link_libraries(${name} PRIVATE halyard_flags ${PROGRAM_NEEDS})
-  endif()
+  cmake_parse_arguments(PROGRAM "" "" "NEEDS" ${ARGN})
+  add_executable(${name} ${CMAKE_SOURCE_DIR}/programs/${name}.cpp)
+  target_link_libraries(${name} PRIVATE halyard_flags ${PROGRAM_NEEDS})
 endfunction()
 
-halyard_program(halyard-practice SOURCES practice/main.cpp NEEDS halyard_practice halyard_platform_qt)
-halyard_program(halyard-tour SOURCES surface/tour/*.cpp NEEDS halyard_surface halyard_platform_qt)
-halyard_program(halyard SOURCES surface/main.cpp NEEDS halyard_surface_qt)
+halyard_program(halyard-practice NEEDS halyard_practice halyard_platform_qt)
+halyard_program(halyard-tour NEEDS halyard_tour)
+halyard_program(halyard NEEDS halyard_surface_qt)
 
 # The tour's scene and settings lie beside its program.
-file(COPY ${CMAKE_SOURCE_DIR}/surface/tour/den.txt ${CMAKE_SOURCE_DIR}/surface/tour/Tour.hys
+file(COPY ${CMAKE_SOURCE_DIR}/tour/den.txt ${CMAKE_SOURCE_DIR}/tour/Tour.hys
      DESTINATION ${CMAKE_BINARY_DIR}/tour)

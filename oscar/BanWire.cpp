@@ -1,9 +1,9 @@
 // Ban, unban and close requests of a room and their replies (family 000E, subtypes 0024, 0025, 0023, 0001). A
 // kick is a ban followed, when it succeeds, by an unban.
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 #include "rooms/TimeBan.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // From the cookie on BOS to "Login Completed!" (families 0001, 0002, 0004, 0009, 0013), and what keeps BOS
 // alive: pause and migration. Request ids are whatever the literals say.
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 #include <array>
 

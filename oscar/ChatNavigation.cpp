@@ -2,9 +2,9 @@
 // is created or found through it, and BOS is asked for the way in (0001 0004). Leaving has no message:
 // closing is leaving.
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 #include <array>
 #include <utility>

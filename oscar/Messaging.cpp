@@ -1,9 +1,9 @@
 // What goes over BOS and has nothing to do with rooms: instant messages (family 0004), user information,
 // profile and capabilities (0002), privacy (0013).
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 namespace halyard {
 

@@ -1,9 +1,9 @@
 // Every connection beyond BOS: the redirect that names it (0001 0005), its service exchange (family 0001),
 // and a room's opening up to its information (000E 0002).
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 #include <array>
 

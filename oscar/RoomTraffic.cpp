@@ -1,9 +1,9 @@
 // What arrives on a room's connection (family 000E, and rate changes of family 0001): lines, people, the
 // owner notice.
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 #include <algorithm>
 

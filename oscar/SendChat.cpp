@@ -1,7 +1,7 @@
 // What the bot says in rooms (000E 0005).
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "rooms/ChatSends.h"
 
 namespace halyard {

@@ -1,9 +1,9 @@
 // The account's list on the service (0013 0006): what it says of privacy and presence, and the items that are
 // made when it says nothing (0013 0008).
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 namespace halyard {
 

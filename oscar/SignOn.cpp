@@ -1,9 +1,9 @@
 // From Login to the connection with BOS: the hashed dialogue (family 0017) and the roasted one (channels 1
 // and 4).
 
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
-#include "oscar/TlvWalk.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 
 #include <algorithm>
 #include <array>

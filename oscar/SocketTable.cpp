@@ -1,6 +1,6 @@
 #include "oscar/SocketTable.h"
 
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Platform.h"
 
 #include <utility>

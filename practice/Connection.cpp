@@ -1,6 +1,6 @@
 #include "practice/Connection.h"
 
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "practice/Wire.h"
 
 #include <utility>

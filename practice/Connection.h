@@ -5,7 +5,7 @@
 // by the world.
 
 #include "platform/Socket.h"
-#include "practice/RateClasses.h"
+#include "practice/service/RateClasses.h"
 
 #include <cstdint>
 #include <functional>

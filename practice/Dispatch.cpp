@@ -1,12 +1,12 @@
 #include "practice/Dispatch.h"
 
-#include "practice/Bos.h"
-#include "practice/ChatNavigation.h"
-#include "practice/Messages.h"
-#include "practice/RoomTraffic.h"
-#include "practice/Services.h"
-#include "practice/SignOn.h"
 #include "practice/Wire.h"
+#include "practice/service/Bos.h"
+#include "practice/service/ChatNavigation.h"
+#include "practice/service/Messages.h"
+#include "practice/service/RoomTraffic.h"
+#include "practice/service/Services.h"
+#include "practice/service/SignOn.h"
 
 namespace halyard {
 

@@ -1,9 +1,9 @@
 #include "practice/Levers.h"
 
-#include "oscar/ModOscarFunctions.h"
-#include "practice/Messages.h"
-#include "practice/RoomTraffic.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "practice/World.h"
+#include "practice/service/Messages.h"
+#include "practice/service/RoomTraffic.h"
 
 namespace halyard {
 

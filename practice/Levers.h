@@ -4,7 +4,7 @@
 // the real network could do. Names and rooms as everywhere, in lower case without blanks; what does not exist
 // is passed over.
 
-#include "practice/RateClasses.h"
+#include "practice/service/RateClasses.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "oscar/NetworkSecrets.h"
-#include "practice/RateClasses.h"
+#include "practice/service/RateClasses.h"
 
 #include <cstdint>
 #include <string>

@@ -1,8 +1,8 @@
 #include "practice/PracticeNetwork.h"
 
 #include "practice/Levers.h"
-#include "practice/ScriptPlayer.h"
 #include "practice/World.h"
+#include "practice/people/ScriptPlayer.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "practice/Wire.h"
 
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 
 namespace halyard {
 

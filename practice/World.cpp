@@ -1,9 +1,9 @@
 #include "practice/World.h"
 
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "practice/Dispatch.h"
-#include "practice/RoomTraffic.h"
-#include "practice/Services.h"
+#include "practice/service/RoomTraffic.h"
+#include "practice/service/Services.h"
 
 #include <algorithm>
 #include <utility>

@@ -7,8 +7,8 @@
 #include "practice/Connection.h"
 #include "practice/Journal.h"
 #include "practice/Options.h"
-#include "practice/People.h"
-#include "practice/Rooms.h"
+#include "practice/people/People.h"
+#include "practice/service/Rooms.h"
 
 #include <functional>
 #include <list>

@@ -6,10 +6,10 @@
 
 #include "practice/PracticeNetwork.h"
 #include "soak/Faults.h"
-#include "soak/Invariants.h"
 #include "soak/Plan.h"
 #include "soak/TapMachine.h"
 #include "soak/Town.h"
+#include "soak/watch/Invariants.h"
 #include "surface/frmMain.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 #include "base/Letters.h"
 #include "base/Text.h"
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Platform.h"
 #include "state/Counters.h"
 #include "state/TextFile.h"

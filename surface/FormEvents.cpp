@@ -1,8 +1,8 @@
 // What the window's frame, its menus and the tray icon do.
 
 #include "platform/Platform.h"
-#include "surface/WebPages.h"
 #include "surface/frmMain.h"
+#include "surface/look/WebPages.h"
 
 namespace halyard {
 

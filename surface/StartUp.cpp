@@ -1,7 +1,7 @@
 // From the program's start to its first idle moment.
 
-#include "surface/Theme.h"
 #include "surface/frmMain.h"
+#include "surface/look/Theme.h"
 
 namespace halyard {
 

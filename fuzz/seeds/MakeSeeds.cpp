@@ -1,12 +1,12 @@
 // Writes the seeds of the fuzz targets: what the bot receives in a practice session with commands, bans, rates,
 // a pause and a migration, and the files that it writes afterwards. Usage: halyard-seeds FOLDER
 
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"
-#include "practice/Lobby.h"
 #include "practice/PracticeNetwork.h"
-#include "practice/Script.h"
+#include "practice/people/Lobby.h"
+#include "practice/people/Script.h"
 #include "state/EjectListFile.h"
 #include "state/Permissions.h"
 #include "state/SettingsWriter.h"

@@ -1,6 +1,6 @@
 #include "surface/qt/FormWindow.h"
 
-#include "surface/qt/Follow.h"
+#include "surface/qt/bind/Follow.h"
 
 #include <QCloseEvent>
 #include <QScreen>

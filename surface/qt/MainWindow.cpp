@@ -1,11 +1,11 @@
 #include "surface/qt/MainWindow.h"
 
 #include "surface/frmMain.h"
-#include "surface/qt/Bind.h"
-#include "surface/qt/Lay.h"
-#include "surface/qt/PageArea.h"
-#include "surface/qt/Panels.h"
 #include "surface/qt/SideMenu.h"
+#include "surface/qt/bind/Bind.h"
+#include "surface/qt/views/Lay.h"
+#include "surface/qt/views/Panels.h"
+#include "surface/qt/widgets/PageArea.h"
 
 #include <QAction>
 #include <QLabel>

@@ -2,7 +2,7 @@
 
 #include "surface/frmMain.h"
 #include "surface/qt/MainWindow.h"
-#include "surface/qt/Windows.h"
+#include "surface/qt/views/Windows.h"
 
 #include <QTimer>
 

@@ -1,8 +1,8 @@
 #include "surface/qt/SideMenu.h"
 
-#include "surface/MenuSlide.h"
-#include "surface/qt/Bind.h"
-#include "surface/qt/Lay.h"
+#include "surface/look/MenuSlide.h"
+#include "surface/qt/bind/Bind.h"
+#include "surface/qt/views/Lay.h"
 
 #include <QAbstractButton>
 #include <QEvent>

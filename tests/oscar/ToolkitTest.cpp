@@ -1,5 +1,5 @@
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/NetworkSecrets.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Md5.h"
 
 #include <gtest/gtest.h>

@@ -4,8 +4,8 @@
 // text "channel hex", what is answered is written the same way.
 
 #include "base/Text.h"
-#include "oscar/ModOscarFunctions.h"
 #include "oscar/TillerSock.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/sim/SimPlatform.h"
 
 #include <gtest/gtest.h>

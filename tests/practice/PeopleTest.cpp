@@ -1,4 +1,4 @@
-#include "practice/Lobby.h"
+#include "practice/people/Lobby.h"
 #include "tests/practice/RawClient.h"
 
 namespace halyard {

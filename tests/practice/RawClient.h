@@ -3,13 +3,13 @@
 // A client of the practice network that speaks bytes: a test says what it sends, and reads what came back.
 
 #include "base/Text.h"
-#include "oscar/ModOscarFunctions.h"
+#include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Md5.h"
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
-#include "practice/Script.h"
 #include "practice/Wire.h"
+#include "practice/people/Script.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

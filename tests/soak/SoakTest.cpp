@@ -2,11 +2,11 @@
 // what they must not let pass.
 
 #include "rooms/TimeBan.h"
-#include "soak/BanWatch.h"
-#include "soak/LiftWatch.h"
-#include "soak/PacingWatch.h"
 #include "soak/Plan.h"
 #include "soak/SoakRun.h"
+#include "soak/watch/BanWatch.h"
+#include "soak/watch/LiftWatch.h"
+#include "soak/watch/PacingWatch.h"
 
 #include <gtest/gtest.h>
 

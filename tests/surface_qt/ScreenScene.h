@@ -7,8 +7,8 @@
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
 #include "surface/frmMain.h"
-#include "surface/qt/Follow.h"
 #include "surface/qt/QtWindows.h"
+#include "surface/qt/bind/Follow.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 // The windows as such: names, sizes, keys, the tray, and what widgets do with extreme texts and lists.
 
-#include "surface/qt/Bind.h"
+#include "surface/qt/bind/Bind.h"
 #include "tests/surface_qt/ScreenScene.h"
 
 #include <set>

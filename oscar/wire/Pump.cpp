@@ -1,0 +1,54 @@
+// From bytes to frames. A frame is never rejected: marker, channel and sequence of what is received are not
+// looked at.
+
+#include "oscar/TillerSock.h"
+#include "oscar/wire/ModOscarFunctions.h"
+
+#include <utility>
+
+namespace halyard {
+
+void TillerSock::DataArrival(int Index, std::size_t available) {
+    if (available == 0) {
+        Sock.SetBuffer(Index, {});
+        return;
+    }
+    auto generation = Sock.Generation(Index);
+    auto data = Sock.TakeBuffer(Index);
+    data += Sock.ReadAll(Index);
+
+    std::size_t at = 0;
+    std::size_t frameLength = 0;
+    std::size_t unfinished = 0;
+    while (at < data.size()) {
+        auto left = data.size() - at;
+        // A header that is cut short leaves the length of the frame before: fewer than 6 bytes at the start
+        // of a read are dropped, fewer than 6 behind a whole frame are kept.
+        if (left >= SocketTable::HeaderSize)
+            if (auto word = StrToWord(std::string_view(data).substr(at + 4, 2)))
+                frameLength = static_cast<std::size_t>(*word) + SocketTable::HeaderSize;
+        if (frameLength == 0) break;
+        if (left < frameLength) {
+            unfinished = left;
+            break;
+        }
+        auto frame = data.substr(at, frameLength);
+        at += frameLength;
+        ParsePacket(Index, frame);
+    }
+
+    // The handlers may have given this index another connection: the old stream's rest must not run into it.
+    if (Sock.Generation(Index) != generation) return;
+    if (unfinished > 0) {
+        data.erase(0, at);
+        Sock.SetBuffer(Index, std::move(data));
+    }
+    Sock.SetLowWaterMark(Index,
+                         unfinished < SocketTable::HeaderSize ? SocketTable::HeaderSize - unfinished : 1);
+}
+
+void TillerSock::SendPacket(int Index, int intChannel, const std::string& strPacket) {
+    Sock.SendPacket(Index, intChannel, strPacket);
+}
+
+} // namespace halyard

@@ -1,0 +1,144 @@
+// Losing the main connection and coming back to it.
+
+#include "surface/comeback/Reconnection.h"
+
+#include "base/Text.h"
+#include "oscar/TillerSock.h"
+#include "platform/Platform.h"
+#include "state/Counters.h"
+#include "state/Options.h"
+#include "surface/look/Tray.h"
+#include "surface/panels/ChatsPanel.h"
+#include "surface/panels/ConnectionPanel.h"
+
+namespace halyard {
+
+namespace {
+
+// Milliseconds.
+constexpr int FirstTry = 1000;
+constexpr int NextTries = 15000;
+constexpr int RejoinInterval = 8000;
+constexpr int FirstRejoin = 1000;
+
+bool Queued(const Collection<std::string>& queue, const std::string& entry) {
+    for (const auto& queued : queue)
+        if (SameName(queued, entry)) return true;
+    return false;
+}
+
+} // namespace
+
+Reconnection::Reconnection(const SurfaceContext& context, const ReconnectionView& view)
+    : Alert(context), tmrReconnect(context.platform.NewTimer()), tmrChatRejoin(context.platform.NewTimer()),
+      context(context), view(view) {
+    tmrReconnect->SetInterval(NextTries);
+    tmrReconnect->onTick = [this] { ReconnectTick(); };
+    tmrChatRejoin->SetInterval(RejoinInterval);
+    tmrChatRejoin->onTick = [this] { RejoinTick(); };
+    Alert.onStop = [this] { StopReconnections(); };
+}
+
+void Reconnection::OpenAlert() {
+    if (!Alert.Loaded() && context.options.ReconnectAlerts) Alert.Show();
+}
+
+void Reconnection::Notice(const std::string& text) {
+    if (Alert.Loaded()) Alert.AddNotice(text);
+}
+
+void Reconnection::ConnectionLost(std::int16_t Index) {
+    if (Index != 0) return;
+    context.counters.AddAction("Connection to main BOS server lost!");
+    if (!context.options.ReconnectOn) return;
+    if (Reconnecting && tmrReconnect->Enabled()) return; // an attempt was refused; the next comes in its time
+    Reconnecting = true;
+    OpenAlert();
+    Notice("Connection to the main BOS server has been lost!\r\nAttempting re-connection...");
+    context.counters.AddAction("Attempting Auto re-connection");
+    tmrReconnect->SetInterval(FirstTry);
+    tmrReconnect->SetEnabled(true);
+    if (!context.options.RejoinError) return;
+    QueueRooms(false);
+    Rejoining = true;
+}
+
+void Reconnection::QueueRooms(bool onlyMissing) {
+    for (const auto& room : context.control.Chat) {
+        const auto entry =
+            room->ChatName + ":" + std::to_string(room->Exchange) + ":" + std::to_string(room->Instance);
+        if (onlyMissing && Queued(RejoinQueue, entry)) continue;
+        RejoinQueue.Add(entry);
+    }
+}
+
+void Reconnection::ReconnectTick() {
+    if (!Reconnecting || !context.options.ReconnectOn) return tmrReconnect->SetEnabled(false);
+    if (tmrReconnect->Interval() != FirstTry && Alert.Loaded()) {
+        Notice("Failed to re-connect!\r\nAttempting again...");
+        context.counters.AddAction("Failed to re-connect! Attempting re-connection...");
+    }
+    tmrReconnect->SetInterval(NextTries);
+    context.counters.UpdateStat("totalautologinattempt");
+    // A room may have been entered since the connection was lost; the reset that comes now drops it silently.
+    if (context.options.RejoinError) QueueRooms(true);
+    view.connection.Login();
+}
+
+void Reconnection::LoggedIn(const std::string& strUser) {
+    context.counters.UpdateStat("totallogin");
+    context.counters.AddAction("Logged in!");
+    if (Reconnecting) RejoinAfterLogin();
+    view.connection.SignedOn = true;
+    view.connection.lblConnectionInfo.SetCaption("Online!");
+    view.connection.SetButtons(true);
+    SendProfile(context);
+    view.tray.ShowUser(strUser);
+}
+
+void Reconnection::RejoinAfterLogin() {
+    Reconnecting = false;
+    Notice("Re-connedction successful!"); // the misspelling is settled
+    if (RejoinQueue.Count() == 0) {
+        tmrReconnect->SetEnabled(false);
+        Alert.Form_Unload();
+    } else if (context.options.RejoinError) {
+        Rejoining = true;
+        tmrChatRejoin->SetInterval(FirstRejoin);
+        tmrChatRejoin->SetEnabled(true);
+    } else {
+        RejoinQueue.Clear();
+    }
+}
+
+void Reconnection::LoginStatus(const std::string& strCurrentAction) {
+    view.connection.lblConnectionInfo.SetCaption(strCurrentAction);
+}
+
+void Reconnection::LoginError(const std::string& strDescription) {
+    context.counters.AddAction("Login Error: " + strDescription);
+    context.control.StopLoginTimer();
+    // The operator can try again at once, which takes that nobody is signed on.
+    view.connection.SignedOn = false;
+    view.connection.SetButtons(false);
+}
+
+void Reconnection::LoggedOff() {
+    view.connection.lblConnectionInfo.SetCaption("Offline");
+    context.counters.AddAction("Logged off!");
+    view.tray.ShowUser("None");
+    view.connection.SignedOn = false;
+    view.connection.SetButtons(false);
+    view.chats.DropLostRooms();
+}
+
+void Reconnection::StopReconnections() {
+    Rejoining = false;
+    Reconnecting = false;
+    RejoinQueue.Clear();
+    tmrReconnect->SetEnabled(false);
+    tmrChatRejoin->SetEnabled(false);
+    Alert.Form_Unload();
+}
+
+} // namespace halyard

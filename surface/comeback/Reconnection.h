@@ -1,0 +1,71 @@
+#pragma once
+
+// The way back after a lost connection or a lost room, and what the panels show of it. The main window owns
+// the one and passes it the control's events.
+
+#include "base/Collection.h"
+#include "oscar/TillerEvents.h"
+#include "platform/Timer.h"
+#include "surface/SurfaceContext.h"
+#include "surface/windows/frmNotice.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace halyard {
+
+class ChatsPanel;
+class ConnectionPanel;
+class Consoles;
+class Tray;
+
+/// The parts of the window that follow the connection.
+struct ReconnectionView {
+    ConnectionPanel& connection;
+    ChatsPanel& chats;
+    Consoles& consoles;
+    Tray& tray;
+};
+
+class Reconnection {
+  public:
+    Reconnection(const SurfaceContext& context, const ReconnectionView& view);
+
+    bool Reconnecting = false;
+    bool Rejoining = false;
+    /// Rooms to go back to: name, exchange and instance, joined by ":".
+    Collection<std::string> RejoinQueue;
+    frmNotice Alert;
+    std::unique_ptr<Timer> tmrReconnect, tmrChatRejoin;
+
+    void ConnectionLost(std::int16_t Index);
+    void LoggedIn(const std::string& strUser);
+    void LoginStatus(const std::string& strCurrentAction);
+    void LoginError(const std::string& strDescription);
+    void LoggedOff();
+    void Error(const std::string& strDescription, std::int16_t intErrorCode,
+               const std::string& strFamilyDenied);
+    void JoinedChat(const std::string& strChatName, std::int16_t intExchange, std::int16_t intInstance,
+                    std::int16_t intChatIndex);
+    void LeftChat(const std::string& strChatName, std::int16_t intExchange, std::int16_t intInstance,
+                  std::int16_t intChatIndex, const std::string& strReason);
+    /// Ends all attempts and closes the alert window.
+    void StopReconnections();
+
+  private:
+    void ReconnectTick();
+    void RejoinTick();
+    void RejoinAfterLogin();
+    void QueueRooms(bool onlyMissing);
+    void TakeOffQueue(const std::string& strChatName);
+    void JoinFailed(std::int16_t intErrorCode);
+    void TryAnother(bool allowed);
+    void OpenAlert();
+    void Notice(const std::string& text);
+
+    const SurfaceContext& context;
+    ReconnectionView view;
+};
+
+} // namespace halyard

@@ -1,0 +1,103 @@
+#include "surface/look/ControlArrays.h"
+#include "surface/qt/bind/Bind.h"
+#include "surface/qt/widgets/LogView.h"
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace halyard {
+
+namespace {
+
+constexpr int NoLimit = 1'000'000;
+
+class LineView : public QLineEdit {
+  public:
+    explicit LineView(TextBox& box) : box(box) {}
+
+    void Sync() {
+        const auto text = Shown(box.Text());
+        if (text != this->text()) {
+            const auto caret = cursorPosition();
+            KeepLimit(text);
+            setText(text);
+            setCursorPosition(hasFocus() ? caret : 0);
+        }
+    }
+
+    /// Text that the program has set may be longer than what a person can type.
+    void KeepLimit(const QString& text) {
+        const auto limit = box.MaxLength == 0 ? NoLimit : static_cast<int>(box.MaxLength);
+        setMaxLength(std::max(limit, static_cast<int>(text.size())));
+    }
+
+  protected:
+    /// The program's other windows and its menus do not count: the caret comes back from there.
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        const bool away = event->reason() == Qt::ActiveWindowFocusReason ||
+                          event->reason() == Qt::PopupFocusReason ||
+                          event->reason() == Qt::MenuBarFocusReason;
+        if (!away && box.LostFocus) box.LostFocus();
+    }
+
+  private:
+    TextBox& box;
+};
+
+} // namespace
+
+QLineEdit* BindLine(TextBox& box, const std::string& name) {
+    auto* widget = new LineView(box);
+    widget->KeepLimit({});
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Field, [widget] { widget->Sync(); });
+    QObject::connect(widget, &QLineEdit::textEdited, widget, [&box, widget](const QString& text) {
+        widget->KeepLimit(text);
+        box.SetText(Typed(text));
+    });
+    QObject::connect(widget, &QLineEdit::returnPressed, widget, [&box] {
+        if (box.KeyPress) box.KeyPress(EnterKey);
+    });
+    return widget;
+}
+
+QLineEdit* BindPassword(TextBox& box, const std::string& name) {
+    auto* widget = BindLine(box, name);
+    widget->setEchoMode(QLineEdit::Password);
+    return widget;
+}
+
+QPlainTextEdit* BindLog(TextBox& box, const std::string& name) {
+    auto* widget = new LogView;
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Field, [&box, widget] { widget->Show(box.Text()); });
+    box.onAppended = [widget](const std::string& added) { widget->Append(added); };
+    QObject::connect(widget, &QObject::destroyed, [&box] { box.onAppended = nullptr; });
+    return widget;
+}
+
+QComboBox* BindCombo(ComboBox& box, const std::string& name) {
+    auto* widget = new QComboBox;
+    widget->setEditable(true);
+    widget->setInsertPolicy(QComboBox::NoInsert);
+    widget->setCompleter(nullptr); // the text stays as it is typed
+    widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Field, [&box, widget] {
+        const QSignalBlocker quiet(widget);
+        const auto& items = box.Items();
+        for (auto index = static_cast<std::size_t>(widget->count()); index < items.size(); ++index)
+            widget->addItem(Shown(items[index]));
+        if (const auto text = Shown(box.Text()); text != widget->currentText()) widget->setEditText(text);
+    });
+    QObject::connect(widget, &QComboBox::editTextChanged, widget,
+                     [&box](const QString& text) { box.SetText(Typed(text)); });
+    return widget;
+}
+
+} // namespace halyard

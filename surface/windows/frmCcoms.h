@@ -1,0 +1,54 @@
+#pragma once
+
+// The window that edits the words of the commands. Edits count only once they are set.
+
+#include "platform/Controls.h"
+#include "state/CcomTable.h"
+#include "surface/SurfaceContext.h"
+#include "surface/look/ControlArrays.h"
+
+#include <deque>
+
+namespace halyard {
+
+class frmCcoms {
+  public:
+    explicit frmCcoms(const SurfaceContext& context);
+
+    Form form{"frmCcoms", "Ccoms"};
+    std::deque<TextBox> txtCcom = NumberedBoxes("txtCcom", CcomCount, 10);
+    /// Not in the order of the ccoms behind them: a box's number is the ccom's, as the table of ccoms has it.
+    std::deque<Label> lblMisc = Numbered<Label>(
+        "lblMisc", 0, {"Op",           "Unop",          "Immune",     "Unimmune",  "Autoban",    "Unautoban",
+                       "Autoword",     "Unautoword",    "Kick",       "Ban",       "Unban",      "Status",
+                       "Info",         "Autoban Level", "Rejoin",     "Ban Pause", "Ghost Ban",  "Lock Op",
+                       "Unlock Op",    "Lock Imm",      "Unlock imm", "Lock Ban",  "Unlock Ban", "Char Ban",
+                       "Set Char ban", "Autoban ICQ",   "User Info",  "Trigger",   "Time Ban"});
+    TextBox txtTrigger{"txtTrigger", "", 3};
+    CheckBox chkComments{"chkComments", "Allow Ccom Comments"};
+    Button cmdSetCcoms{"cmdSetCcoms", "Set Ccoms"};
+    Button cmdResetCcoms{"cmdResetCcoms", "Reset Ccoms"};
+
+    bool Loaded() const { return form.Visible(); }
+    /// Fills the window from the model, unless it is open, and shows it.
+    void Show();
+    void Form_Unload();
+    /// The label beside the box of this ccom.
+    const Label& LabelOf(int ccom) const;
+
+    template <typename Visit>
+    void EachControl(Visit&& visit) {
+        visit(form), visit(txtTrigger), visit(chkComments), visit(cmdSetCcoms), visit(cmdResetCcoms);
+        for (auto& box : txtCcom) visit(box);
+        for (auto& label : lblMisc) visit(label);
+    }
+
+  private:
+    void Fill();
+    void SetClicked();
+    void ResetClicked();
+
+    const SurfaceContext& context;
+};
+
+} // namespace halyard
