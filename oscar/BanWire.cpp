@@ -3,6 +3,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 #include "rooms/TimeBan.h"
 
@@ -18,7 +19,7 @@ constexpr int OwnerImmuneChatSend = 117;
 
 /// The low half of the request id (frame positions 15 and 16), in decimal: the key of RequestIDs.
 std::string GetReplyID(const std::string& strPacket) {
-    return std::to_string(StrToWord(Mid(strPacket, 15, 2)).value_or(0));
+    return std::to_string(StrToWord(Mid(strPacket, RequestIDLowAt, 2)).value_or(0));
 }
 
 /// What a confirmed request of a kind leads to.
@@ -120,7 +121,7 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     const auto id = GetReplyID(strPacket);
     auto pending = Split(RequestIDs.Item(id), ":", 5); // type, room, id, user, other
     pending.resize(pending.empty() ? 0 : 5);
-    auto body = Mid(strPacket, 17);
+    auto body = Mid(strPacket, BodyAt);
     ClearTLVData();
     ParseTLVs(body, TLVData);
     WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {

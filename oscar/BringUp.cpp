@@ -3,6 +3,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 #include <array>
@@ -47,12 +48,17 @@ constexpr const char* SecureIMCapability = "094600014C7F11D18222444553540000";
 constexpr const char* FirstProfile =
     "<body bgcolor=\"black\"><font color=\"white\"><b>TillerSock 0.3 Alpha<br><br>";
 
+/// More than a client-ready frame has room for at eight bytes for two of them: what a service repeats beyond
+/// that is never seen, and not kept.
+constexpr std::size_t MostServiceVersions = 16384;
+
 } // namespace
 
 void TillerSock::HandleFamilies(const std::string& strPacket) {
-    service.ServiceVersions.Clear();
-    for (std::size_t at = 17; at + 1 <= strPacket.size(); at += 2)
-        service.ServiceVersions.Add(StrToHex(Mid(strPacket, at, 2)));
+    auto& versions = service.ServiceVersions; // added to, since a room's own list may be on its way
+    for (std::size_t at = BodyAt; at + 1 <= strPacket.size() && versions.Count() < MostServiceVersions;
+         at += 2)
+        versions.Add(StrToHex(Mid(strPacket, at, 2)));
     events.LoginStatus("Requesting Supported Services Versions...");
     SendPacket(0, 2, HexToStr("00010017000000000001") + HexToStr(BOSVersions));
 }
@@ -68,7 +74,7 @@ void TillerSock::HandleRates() {
 }
 
 void TillerSock::HandleICBMParameters(const std::string& strPacket) {
-    auto body = Mid(strPacket, 17);
+    auto body = Mid(strPacket, BodyAt);
     // The first two fields overlap by two bytes, and go back that way.
     signOn.ICBMParameters = {Mid(body, 1, 4),  Mid(body, 3, 4),  Mid(body, 7, 2), Mid(body, 9, 2),
                              Mid(body, 11, 2), Mid(body, 13, 2), Mid(body, 15, 2)};
@@ -113,8 +119,7 @@ void TillerSock::HandlePause() {
 }
 
 void TillerSock::HandleMigration(const std::string& strPacket) {
-    auto rest = Mid(strPacket, 11);
-    rest = Mid(rest, Left(rest, 1) == ByteToStr(128) ? 15 : 7);
+    auto rest = Mid(strPacket, IsFlagged(strPacket) ? BodyAt + 8 : BodyAt);
     if (Left(rest, 2) == std::string(2, '\0')) rest.erase(0, 2);
     ClearTLVData();
     ParseTLVs(rest, TLVData);

@@ -4,6 +4,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 #include <array>
@@ -12,6 +13,8 @@
 namespace halyard {
 
 namespace {
+
+constexpr const char* UnknownJoinError = "Join chat failed, unknown error.";
 
 using ErrorText = std::pair<const char*, const char*>; // hex word, description
 
@@ -39,6 +42,11 @@ const char* TextOf(const std::array<ErrorText, Size>& texts, const std::string& 
 
 void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchange,
                           std::int16_t intInstance) {
+    if (intExchange < 0 ||
+        intInstance < 0) { // no word holds them: the frame would be short, and the service hang up
+        events.Error(UnknownJoinError, 0, 0, "000D");
+        return;
+    }
     request.JoinPending = true;
     request.strJoinName = Trim(strChatName);
     request.intJoinExchange = intExchange;
@@ -69,7 +77,7 @@ void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
         SendRoomCreation();
         return;
     }
-    auto body = Mid(strPacket, 17);
+    auto body = Mid(strPacket, BodyAt);
     ClearTLVData();
     ParseTLVs(body, TLVData);
     auto room = TLVData.Item(2);
@@ -89,7 +97,7 @@ void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
 }
 
 void TillerSock::HandleNavigationError(const std::string& strPacket) {
-    auto body = Mid(strPacket, 17);
+    auto body = Mid(strPacket, BodyAt);
     strLastErrorCode = StrToHex(Left(body, 2));
     body.erase(0, 2);
     ClearTLVData();
@@ -98,27 +106,33 @@ void TillerSock::HandleNavigationError(const std::string& strPacket) {
         if (type != "0008") return true;
         std::int16_t code = 0;
         if (auto word = StrToWord(value)) AssignInt16(code, *word);
-        events.Error(TextOf(NavigationErrors, StrToHex(value), "Join chat failed, unknown error."), code, 0,
+        events.Error(TextOf(NavigationErrors, StrToHex(Left(value, 2)), UnknownJoinError), code, 0,
                      strLastErrorCode);
         return true;
     });
 }
 
 void TillerSock::HandleJoinError(const std::string& strPacket) {
-    auto body = Mid(strPacket, 17);
-    if (Mid(strPacket, 11, 1) == ByteToStr(128) && body.size() >= 2)
-        body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // 3 more than the prefix's own length
-    strLastErrorCode = StrToHex(Left(body, 2));
-    body.erase(0, 2);
+    auto body = Mid(strPacket, BodyAt);
+    const bool prefixed = IsFlagged(strPacket) && body.size() >= 2;
+    if (prefixed) body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // a byte behind the prefix
+    if (!ReadJoinError(body) && prefixed) ReadJoinError(BodyBehindPrefix(strPacket));
+}
+
+bool TillerSock::ReadJoinError(std::string strBody) {
+    auto family = StrToHex(Left(strBody, 2));
+    strBody.erase(0, 2);
     ClearTLVData();
-    ParseTLVs(body, TLVData);
+    ParseTLVs(strBody, TLVData);
     auto type = StrToHex(TLVData.Item(1));
     auto value = TLVData.Item(2);
     ClearTLVData();
-    if (type != "0008") return;
+    if (type != "0008") return false;
+    strLastErrorCode = family;
     std::int16_t code = 0;
     if (auto word = StrToWord(value)) AssignInt16(code, *word);
-    events.Error(TextOf(JoinErrors, StrToHex(value), "Unknown Error."), code, 0, strLastErrorCode);
+    events.Error(TextOf(JoinErrors, StrToHex(Left(value, 2)), "Unknown Error."), code, 0, strLastErrorCode);
+    return true;
 }
 
 void TillerSock::LeaveChat(std::int16_t lngChatIndex, const std::string& strChatName,

@@ -3,6 +3,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 namespace halyard {
@@ -74,9 +75,11 @@ void TillerSock::HandleInstantMessage(const std::string& strPacket) {
     ParseTLVs(rest, TLVData);
     std::string block;
     WalkTLVs(TLVData, [&block](const std::string& type, const std::string& value) {
-        if (type == "0002") block = value;
-        return true;
+        if (type != "0002") return true;
+        block = value;
+        return false; // a second one isn't looked at
     });
+    ClearTLVData();
     std::string message;
     ParseTLVs(block, TLVData);
     WalkTLVs(TLVData, [&message](const std::string& type, const std::string& value) {
@@ -94,7 +97,7 @@ void TillerSock::HandleUserInfo(const std::string& strPacket) {
     std::string encoding;
     std::string profile;
 
-    auto rest = Mid(strPacket, 17);
+    auto rest = Mid(strPacket, BodyAt);
     auto name = TakeName(rest);
     if (auto word = StrToWord(rest)) warning = RoundToInt16(*word / 10.0).value_or(0);
     rest = Mid(rest, 3);
@@ -121,7 +124,7 @@ void TillerSock::HandleUserInfo(const std::string& strPacket) {
 }
 
 void TillerSock::HandleLocationError(const std::string& strPacket) {
-    if (StrToHex(Mid(strPacket, 17, 2)) != NotThere) return;
+    if (StrToHex(Mid(strPacket, BodyAt, 2)) != NotThere) return;
     StopLoginTimer();
     GettingUserInfo = false;
     PrepareSends(strUserInfo, "%p", ChatSends.Item(UserInfoChatSend), "Buddy info not available", "uinfo",
@@ -132,7 +135,7 @@ void TillerSock::HandleLocationError(const std::string& strPacket) {
 }
 
 void TillerSock::HandleICBMError(const std::string& strPacket) {
-    if (StrToHex(Mid(strPacket, 17, 2)) == NotThere) events.Error("User not available", 4, 0, "0004");
+    if (StrToHex(Mid(strPacket, BodyAt, 2)) == NotThere) events.Error("User not available", 4, 0, "0004");
 }
 
 } // namespace halyard

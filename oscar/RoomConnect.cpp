@@ -3,6 +3,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 #include <array>
@@ -10,8 +11,15 @@
 namespace halyard {
 
 void TillerSock::HandleRedirect(const std::string& strPacket) {
-    indices.FreeSockIndex = Sock.TakeFree();
-    auto body = Mid(strPacket, Mid(strPacket, 11, 1) == ByteToStr(128) ? 19 : 17);
+    auto free = Sock.TakeFree();
+    if (free < 0) {
+        ClearService();
+        events.ConnectionLost(NoSock, "Connection to a service has been lost: all " +
+                                          std::to_string(SocketTable::MaxSpeaking) + " sockets are in use.");
+        return;
+    }
+    indices.FreeSockIndex = free;
+    auto body = Mid(strPacket, IsFlagged(strPacket) ? BodyAt + 2 : BodyAt);
     ClearTLVData();
     ParseTLVs(body, TLVData);
     ClearService();
@@ -34,7 +42,7 @@ void TillerSock::HandleRedirect(const std::string& strPacket) {
 
 void TillerSock::HandleServiceFamilies(int Index, const std::string& strPacket) {
     std::string versions;
-    for (std::size_t at = 17; at + 1 <= strPacket.size(); at += 2) {
+    for (std::size_t at = BodyAt; at + 1 <= strPacket.size(); at += 2) {
         auto family = Mid(strPacket, at, 2);
         auto digits = StrToHex(family);
         versions += family + WordToStr(digits == "0001" ? 4 : digits == "0003" ? 3 : 1);
@@ -44,7 +52,7 @@ void TillerSock::HandleServiceFamilies(int Index, const std::string& strPacket) 
 
 void TillerSock::HandleServiceVersions(int Index, const std::string& strPacket) {
     service.ServiceVersions.Clear();
-    for (std::size_t at = 17; at + 3 <= strPacket.size(); at += 4) {
+    for (std::size_t at = BodyAt; at + 3 <= strPacket.size(); at += 4) {
         service.ServiceVersions.Add(Mid(strPacket, at, 2));
         service.ServiceVersions.Add(Mid(strPacket, at + 2, 2));
     }

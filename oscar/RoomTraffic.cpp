@@ -3,11 +3,32 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 #include <algorithm>
 
 namespace halyard {
+
+namespace {
+
+/// What a rate change (0001 000A) says: a code of 2 bytes, a class of 2 bytes, and figures that aren't used.
+struct RateChange {
+    bool read = false; ///< false when the bytes end before the class
+    std::int32_t type = 0;
+    std::int32_t classID = 0;
+
+    bool IsKnown() const { return read && type >= 2 && type <= 5 && classID >= 1 && classID <= 5; }
+};
+
+RateChange ReadRateNotice(const std::string& body) {
+    const auto type = StrToWord(body);
+    const auto classID = StrToWord(Mid(body, 3));
+    if (!type || !classID) return {};
+    return {true, *type, *classID};
+}
+
+} // namespace
 
 void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
     auto body = Mid(strPacket, 27); // behind the SNAC, 8 bytes of cookie, 2 of channel
@@ -63,24 +84,21 @@ void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool join
 void TillerSock::HandleOwner(int Index, const std::string& strPacket) {
     auto room = Room(static_cast<std::int16_t>(Index));
     if (!room) return;
-    room->GotOwner(Mid(strPacket, 17));
+    room->GotOwner(Mid(strPacket, BodyAt));
     if (room->IsOwner()) events.UpdatedStats("#ofownedchats");
 }
 
 void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
     auto room = Room(static_cast<std::int16_t>(Index));
     if (!room) return;
-    auto rest = Mid(strPacket, 11);
-    if (Left(rest, 1) == ByteToStr(128)) {
-        rest = Mid(rest, 12);
+    auto notice = ReadRateNotice(Mid(strPacket, BodyAt));
+    if (IsFlagged(strPacket)) {
+        auto rest = Mid(strPacket, BodyAt + 5); // the low byte of the prefix's first length in it
         std::size_t length = rest.empty() ? 0 : static_cast<unsigned char>(rest[0]);
-        rest = Mid(rest, 1 + 1 + length + 1); // the length byte, what it says, and one byte more
-    } else {
-        rest = Mid(rest, 7);
+        notice = ReadRateNotice(Mid(rest, 1 + length + 2)); // a byte behind the prefix
+        if (!notice.IsKnown()) notice = ReadRateNotice(BodyBehindPrefix(strPacket));
     }
-    auto rateType = StrToWord(rest);
-    auto classID = StrToWord(Mid(rest, 3));
-    if (rateType && classID) room->RateNotice(*rateType, *classID);
+    if (notice.read) room->RateNotice(notice.type, notice.classID);
 }
 
 } // namespace halyard

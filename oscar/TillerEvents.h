@@ -12,6 +12,9 @@ namespace halyard {
 
 using Text = const std::string&;
 
+/// Stands where the index of a socket would, when there is none.
+inline constexpr std::int16_t NoSock = -1;
+
 class TillerEvents {
   public:
     virtual ~TillerEvents() = default;
@@ -30,6 +33,7 @@ class TillerEvents {
     virtual void LoggedOff() {}
     virtual void Error(Text /*strDescription*/, std::int16_t /*intErrorCode*/,
                        std::int16_t /*intSubErrorCode*/, Text /*strFamilyDenied*/) {}
+    /// `intSockIndex` is NoSock for a connection that could not be begun.
     virtual void ConnectionLost(std::int16_t /*intSockIndex*/, Text /*strDescription*/) {}
     virtual void JoinedChat(Text /*strChatName*/, std::int16_t /*intExchange*/, std::int16_t /*intInstance*/,
                             std::int16_t /*intChatIndex*/, std::int16_t /*intMaxPeople*/,

@@ -1,8 +1,7 @@
 #pragma once
 
 // The protocol control: every connection to the OSCAR network, what comes over them, and the rooms. One
-// source file a topic: Pump, SignOn, BringUp, ServiceList, Migration, ChatNavigation, RoomConnect,
-// RoomTraffic, SendChat, Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one
+// source file a topic: SignOn, BringUp, ServiceList, ChatNavigation, RoomConnect, RoomTraffic, SendChat, Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one
 // control and listens to its events.
 
 #include "base/Collection.h"
@@ -29,19 +28,19 @@ class TillerSock : public RoomHost {
     TillerSock(Platform& platform, OscarSettings& settings, TillerEvents& events, MainWindowLink& window);
 
     // Public variables, in their settled order.
-    float sngBanPause = 1.0F;
-    bool GettingUserInfo = false;
-    std::string strUserInfo;
-    std::int16_t strUserInfoIndex = 1; ///< position in Chat of the room that asked
-    std::int32_t CurrentRequestID = 1;
+    float sngBanPause = 1.0F;           ///< seconds between two bans of a room, which a new room takes over
+    bool GettingUserInfo = false;       ///< user information was asked for by a command
+    std::string strUserInfo;            ///< whose
+    std::int16_t strUserInfoIndex = 1;  ///< position in Chat of the room that asked
+    std::int32_t CurrentRequestID = 1;  ///< of the next ban or unban, 1 to 65535
     Collection<std::string> RequestIDs; ///< keyed by the decimal request id
-    Collection<std::shared_ptr<EjectList>> EjectLists;
-    Collection<std::string> ChatSends;
-    Collection<std::string> TimeBans;
-    bool ChatSendOn = true;
-    Collection<std::shared_ptr<Chats>> Chat; ///< in the order of joining
-    Collection<std::string> TLVData;         ///< scratch list of parsed TLVs
-    Collection<std::string> PendingRequests; ///< declared and never used: RequestIDs does its work
+    Collection<std::shared_ptr<EjectList>> EjectLists; ///< who was banned from a room; they outlive it
+    Collection<std::string> ChatSends;                 ///< the texts of what the bot says, 1 to 124
+    Collection<std::string> TimeBans;                  ///< bans that end, one record each
+    bool ChatSendOn = true;                            ///< false: PrepareSends says nothing
+    Collection<std::shared_ptr<Chats>> Chat;           ///< in the order of joining
+    Collection<std::string> TLVData;                   ///< scratch list of parsed TLVs
+    Collection<std::string> PendingRequests;           ///< declared and never used: RequestIDs does its work
 
     NetworkSecrets Secrets = DefaultSecrets();
     OscarSettings& Settings;
@@ -147,7 +146,7 @@ class TillerSock : public RoomHost {
     void HandleAuthKey(const std::string& strPacket);
     void HandleAuthReply(std::string strTLVs, bool blnMD5);
 
-    // BringUp.cpp, ServiceList.cpp, Migration.cpp: families 0001 to 0013 on BOS.
+    // BringUp.cpp, ServiceList.cpp: families 0001 to 0013 on BOS.
     void HandleFamilies(const std::string& strPacket);
     void HandleVersions();
     void HandleRates();
@@ -171,6 +170,8 @@ class TillerSock : public RoomHost {
     void HandleRoomInformation(int Index, const std::string& strPacket);
     void HandleNavigationError(const std::string& strPacket);
     void HandleJoinError(const std::string& strPacket);
+    /// `strBody` is the denied family and the TLVs behind it. False when the first of them is no sub-code.
+    bool ReadJoinError(std::string strBody);
     void Leave(std::int16_t intChatColIndex);
 
     // RoomTraffic.cpp: family 000E.

@@ -31,7 +31,9 @@ void frmMain::Error(Text strDescription, std::int16_t intErrorCode, std::int16_t
     reconnection.Error(strDescription, intErrorCode, strFamilyDenied);
 }
 
-void frmMain::ConnectionLost(std::int16_t intSockIndex, Text) { reconnection.ConnectionLost(intSockIndex); }
+void frmMain::ConnectionLost(std::int16_t intSockIndex, Text strDescription) {
+    reconnection.ConnectionLost(intSockIndex, strDescription);
+}
 
 void frmMain::JoinedChat(Text strChatName, std::int16_t intExchange, std::int16_t intInstance,
                          std::int16_t intChatIndex, std::int16_t, std::int16_t, Text, std::int16_t) {

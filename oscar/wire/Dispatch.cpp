@@ -4,6 +4,7 @@
 
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/SnacFrame.h"
 
 namespace halyard {
 
@@ -15,7 +16,7 @@ void TillerSock::ParsePacket(int Index, std::string& strPacket) {
 }
 
 void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
-    auto channel = Mid(strPacket, 2, 1);
+    auto channel = Mid(strPacket, ChannelAt, 1);
     if (channel == ByteToStr(1)) HandleHello(Index);
     if (channel == ByteToStr(4)) {
         if (signOn.LoggedOn && !signOn.ServerPaused) {
@@ -23,12 +24,13 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
             ResetAll();
             return;
         }
-        if (!signOn.LoggedOn && !signOn.UseMD5Reply) HandleAuthReply(Mid(strPacket, 7), false);
+        // Only the auth server replies so: BOS hanging up before the log-in is done is no reply.
+        if (signOn.OnAuthServer && !signOn.UseMD5Reply) HandleAuthReply(Mid(strPacket, 7), false);
     }
 
-    auto key = SnacKey(Mid(strPacket, 7, 4));
+    auto key = SnacKey(Mid(strPacket, KeyAt, 4));
     if (key == "00170007") return HandleAuthKey(strPacket);
-    if (key == "00170003") return HandleAuthReply(Mid(strPacket, 17), true);
+    if (key == "00170003") return HandleAuthReply(Mid(strPacket, BodyAt), true);
     if (key == "00010003") return HandleFamilies(strPacket);
     if (key == "00010018") return HandleVersions();
     if (key == "00010007") return HandleRates();
@@ -47,11 +49,11 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
 }
 
 void TillerSock::ParseServiceSocket(int Index, std::string& strPacket) {
-    auto channel = Mid(strPacket, 2, 1);
+    auto channel = Mid(strPacket, ChannelAt, 1);
     if (channel == ByteToStr(1)) SendCookie(Index);
     if (channel == ByteToStr(4)) HandleSignOff(Index);
 
-    auto key = SnacKey(Mid(strPacket, 7, 4));
+    auto key = SnacKey(Mid(strPacket, KeyAt, 4));
     if (key == "000E0006") return HandleChatMessage(Index, strPacket);
     if (key == "000E0003") return HandlePeople(Index, strPacket, true);
     if (key == "000E0004") return HandlePeople(Index, strPacket, false);

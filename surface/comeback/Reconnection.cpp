@@ -47,7 +47,8 @@ void Reconnection::Notice(const std::string& text) {
     if (Alert.Loaded()) Alert.AddNotice(text);
 }
 
-void Reconnection::ConnectionLost(std::int16_t Index) {
+void Reconnection::ConnectionLost(std::int16_t Index, const std::string& strDescription) {
+    if (Index == NoSock) context.counters.AddAction(strDescription);
     if (Index != 0) return;
     context.counters.AddAction("Connection to main BOS server lost!");
     if (!context.options.ReconnectOn) return;

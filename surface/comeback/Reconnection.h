@@ -39,7 +39,7 @@ class Reconnection {
     frmNotice Alert;
     std::unique_ptr<Timer> tmrReconnect, tmrChatRejoin;
 
-    void ConnectionLost(std::int16_t Index);
+    void ConnectionLost(std::int16_t Index, const std::string& strDescription);
     void LoggedIn(const std::string& strUser);
     void LoginStatus(const std::string& strCurrentAction);
     void LoginError(const std::string& strDescription);

@@ -130,7 +130,8 @@ TEST_F(BanWire, PeopleOnBos) {
         "0004000700000000000000000000000000000001" +
         Hex(MakeTLV("", 1, "Ann") + HexToStr("00000001000100020010") +
             MakeTLV("0002", 2,
-                    MakeTLV("0501", 2, "\x01") + MakeTLV("0101", 2, HexToStr("00000000") + "<B>hi</B>"))));
+                    MakeTLV("0501", 2, "\x01") + MakeTLV("0101", 2, HexToStr("00000000") + "<B>hi</B>")) +
+            MakeTLV("0002", 2, MakeTLV("0101", 2, HexToStr("00000000") + "a second block"))));
     bos.Send("000400070000000000000000000000000000000203416E6E"); // another channel
     bos.Send("00020006000000000000" +
              Hex(MakeTLV("", 1, "Ann") + WordToStr(105) + WordToStr(3) + MakeTLV("0001", 2, WordToStr(16)) +

@@ -149,14 +149,73 @@ TEST_F(Wire, JoinErrorsByTheirWords) {
     auto& bos = SignOn();
     Answer(bos, "000100010000000000000018000800020007");
     EXPECT_EQ(events.Take(), Lines{"Error|Unknown Error.|7|0|0018"});
+    // Behind a prefix the body is looked for a byte further on first, then right there.
     Answer(bos, "000100018000000000000006AABBCCDDEEFF110018000800020030");
     EXPECT_EQ(events.Take(), Lines{"Error|Join chat failed, rated.|48|0|0018"});
+    Answer(bos, "000100018000000000000006000100020003000E000800020018");
+    EXPECT_EQ(events.Take(), Lines{"Error|Join chat failed, full.|24|0|000E"});
+    Answer(bos, "000100018000000000000006000100020003000E000900020018");
+    EXPECT_EQ(events.Take(), Lines{});
     Answer(bos, "000100010000000000000004000100020008"); // too little for a word
     EXPECT_EQ(events.Take(), Lines{});
     control.JoinChat("Den", 4, 0);
     auto& navigation = Redirect("000D");
     Answer(navigation, "000D00010000000000000005000800020033");
     EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, invalid chat name.|51|0|0005"}));
+    Answer(navigation, "000D000100000000000000050008000300120000"); // the value's first word decides
+    EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, you are already in the max amount of chats "
+                                    "Oscar allows.|18|0|0005"}));
+    navigation.Take();
+    bos.Take();
+    control.JoinChat("Den", -1, 0);
+    control.JoinChat("Den", 4, -2);
+    Settle();
+    EXPECT_EQ(navigation.Take().size() + bos.Take().size(), 0U) << "no word holds a number below zero";
+    EXPECT_EQ(events.Take(), Lines(2, "Error|Join chat failed, unknown error.|0|0|000D"));
+}
+
+TEST_F(Wire, ARateChangeBehindAPrefix) {
+    SignOn();
+    auto& room = OpenRoom();
+    const std::string figures(56, '0');
+    Answer(room, "0001000A8000000000000006000100020003"
+                 "FF"
+                 "00020001" +
+                     figures);
+    EXPECT_EQ(events.Take(), Lines{"Rated|0|Den"});
+    Answer(room, "0001000A8000000000000006000100020003"
+                 "00020005" +
+                     figures);
+    EXPECT_EQ(events.Take(), Lines{"Rated|1|Den"});
+    Answer(room, "0001000A8000000000000006000100020003");
+    EXPECT_EQ(events.Take(), Lines{});
+}
+
+TEST_F(Wire, BosFamiliesAreAddedToARoomsVersions) {
+    auto& bos = SignOn();
+    Answer(bos, "00010005000000000000" + Hex(MakeTLV("000D", 2, HexToStr("000E")) +
+                                             MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "key")));
+    auto& room = Last();
+    Answer(room, "0001001800000000000000010004000E0001");
+    Answer(bos, "0001000300000000000000090013");
+    room.Take();
+    Answer(room, "00010007000000000000");
+    EXPECT_EQ(room.Take()[1],
+              "2 0001000200000000000100010004001008E5000E0001001008E5" + Hex("00090013") + "001008E5");
+}
+
+TEST_F(Wire, ARedirectWithoutAFreeSocketIsTold) {
+    auto& bos = SignOn();
+    const auto redirect =
+        "00010005000000000000" + Hex(MakeTLV("000D", 2, HexToStr("000E")) + MakeTLV("0005", 2, "127.0.0.1"));
+    for (int time = 1; time <= 50; ++time) Answer(bos, redirect);
+    EXPECT_EQ(control.Sockets().UpperBound(), 50);
+    events.Take();
+    Answer(bos, redirect);
+    EXPECT_EQ(events.Take(),
+              Lines{"ConnectionLost|-1|Connection to a service has been lost: all 51 sockets are in use."});
+    EXPECT_EQ(peers.size(), 52U);
+    EXPECT_TRUE(control.LoggedOn());
 }
 
 } // namespace halyard

@@ -56,6 +56,13 @@ TEST_F(Wire, TheRoastedDialogueAndItsReply) {
                Hex(MakeTLV("0001", 2, "Bot") + MakeTLV("0025", 2, control.Secrets.Roast("pw"))) + Identity}));
     Answer(Hex(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "c")), 4);
     EXPECT_EQ(peers.size(), 2U);
+    events.Take();
+    Answer(Hex(MakeTLV("0009", 2, "no")), 4); // BOS refuses: not a reply of the auth server's
+    world.RunFor(14000);
+    EXPECT_EQ(peers.size(), 2U);
+    EXPECT_EQ(events.Take(), Lines{});
+    world.RunFor(1000);
+    EXPECT_EQ(events.Take(), Lines{"LoginError|Attempt to connect has timed out.|-1"});
 }
 
 TEST_F(Wire, LoginErrorsByCodeAndTheTimerAfterThem) {
