@@ -107,6 +107,8 @@ class Chats {
     std::int16_t GetUnratePause() const { return UnrateLimit; }
     void SetAutoUnrate(bool blnUnrate) { blnAutoUnrate = blnUnrate; }
     bool GetAutoUnrate() const { return blnAutoUnrate; }
+    /// The minutes, as text, after which banning came back last: what the room has said, it says once more.
+    const std::string& MinutesRated() const { return strMinutesRated; }
 
   private:
     // Pacing.cpp
@@ -138,6 +140,7 @@ class Chats {
     float sngBanPause;
     std::int32_t lngBanTicks = 0;
     std::array<std::int16_t, 2> intUnrateTicks{};
+    std::string strMinutesRated;
     bool blnAutoUnrate = false;
     std::array<std::shared_ptr<PoolTimer>, 4> tmrSend;
     std::array<std::int16_t, 4> SendTimerIndex{};

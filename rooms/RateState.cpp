@@ -69,7 +69,8 @@ void Chats::CheckUnrate() {
 }
 
 void Chats::ResumeBanning() {
-    SayRateText(unratedText, NumberText(intUnrateTicks[0] / 2.0), banFeatures, "banrated");
+    strMinutesRated = NumberText(intUnrateTicks[0] / 2.0);
+    SayRateText(unratedText, strMinutesRated, banFeatures, "banrated");
     intUnrateTicks[0] = 0;
     if (!blnRated[5]) SetUnrateTimer(false);
     blnRated[1] = false;

@@ -18,14 +18,7 @@ namespace {
 // Milliseconds.
 constexpr int FirstTry = 1000;
 constexpr int NextTries = 15000;
-constexpr int RejoinInterval = 8000;
 constexpr int FirstRejoin = 1000;
-
-bool Queued(const Collection<std::string>& queue, const std::string& entry) {
-    for (const auto& queued : queue)
-        if (SameName(queued, entry)) return true;
-    return false;
-}
 
 } // namespace
 
@@ -64,11 +57,17 @@ void Reconnection::ConnectionLost(std::int16_t Index, const std::string& strDesc
     Rejoining = true;
 }
 
+bool Reconnection::IsQueued(const std::string& entry) const {
+    for (const auto& queued : RejoinQueue)
+        if (SameName(queued, entry)) return true;
+    return false;
+}
+
 void Reconnection::QueueRooms(bool onlyMissing) {
     for (const auto& room : context.control.Chat) {
         const auto entry =
             room->ChatName + ":" + std::to_string(room->Exchange) + ":" + std::to_string(room->Instance);
-        if (onlyMissing && Queued(RejoinQueue, entry)) continue;
+        if (onlyMissing && IsQueued(entry)) continue;
         RejoinQueue.Add(entry);
     }
 }

@@ -54,10 +54,14 @@ class Reconnection {
     void StopReconnections();
 
   private:
+    static constexpr int RejoinInterval = 8000; // ms from one room's try to the next one's
+
     void ReconnectTick();
     void RejoinTick();
     void RejoinAfterLogin();
     void QueueRooms(bool onlyMissing);
+    /// Names count lower-cased and without blanks: an entry is put in either way.
+    bool IsQueued(const std::string& entry) const;
     void TakeOffQueue(const std::string& strChatName);
     void JoinFailed(std::int16_t intErrorCode);
     void TryAnother(bool allowed);

@@ -18,7 +18,6 @@ namespace halyard {
 namespace {
 
 // Milliseconds.
-constexpr int RejoinInterval = 8000;
 constexpr int RatedRejoin = 60000;
 
 // Codes of the service.
@@ -52,12 +51,6 @@ std::string Described(const std::string& name, std::int16_t exchange, std::int16
            std::to_string(instance);
 }
 
-bool Holds(const Collection<std::string>& queue, const std::string& wanted) {
-    for (const auto& entry : queue)
-        if (entry == wanted) return true;
-    return false;
-}
-
 /// True when the room was entered a second time before this connection to it was found dead. A connection on which the
 /// room's information never came has entered nothing, and may stay like that for ever.
 bool EnteredTwice(const TillerSock& control, const std::string& name, std::int16_t exchange,
@@ -86,13 +79,15 @@ void Reconnection::JoinedChat(const std::string& strChatName, std::int16_t intEx
 }
 
 void Reconnection::TakeOffQueue(const std::string& strChatName) {
-    for (std::ptrdiff_t position = static_cast<std::ptrdiff_t>(RejoinQueue.Count()); position >= 1;
-         --position) {
+    for (std::ptrdiff_t position = 1; position <= static_cast<std::ptrdiff_t>(RejoinQueue.Count());) {
         const auto entry = ReadEntry(RejoinQueue.Item(position));
-        if (!entry || !SameName(entry->name, strChatName)) continue;
+        if (!entry || !SameName(entry->name, strChatName)) {
+            ++position;
+            continue;
+        }
         RejoinQueue.Remove(position);
         context.counters.AddAction("Successfully rejoined chat!");
-        Notice("Successfully rejoined chat '" + entry->name + "'!");
+        Notice("Successfully rejoined chat '" + strChatName + "'!");
     }
 }
 
@@ -104,15 +99,14 @@ void Reconnection::LeftChat(const std::string& strChatName, std::int16_t intExch
                                         boxes.txtEx.Text() + "' Instance '" + boxes.txtInstance.Text() +
                                         "'!");
     context.counters.AddAction("Left " + Described(strChatName, intExchange, intInstance));
-    const bool twice = EnteredTwice(context.control, strChatName, intExchange, intInstance, intChatIndex);
-    if (!twice) view.chats.RemoveRoom(strChatName);
+    view.chats.RemoveRoom(strChatName, intChatIndex);
     view.consoles.RoomLeft(strChatName, intChatIndex);
-    if (twice) return;
+    if (EnteredTwice(context.control, strChatName, intExchange, intInstance, intChatIndex)) return;
     if (!context.options.RejoinKicked && !context.options.RejoinError) return;
     if (strReason == "manual") return;
     const auto place = ":" + std::to_string(intExchange) + ":" + std::to_string(intInstance);
     const auto entry = NormalizeName(strChatName) + place;
-    if (Holds(RejoinQueue, entry)) return;
+    if (IsQueued(entry)) return;
     RejoinQueue.Add(entry);
     Rejoining = true;
     OpenAlert();

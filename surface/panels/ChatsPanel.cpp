@@ -13,7 +13,6 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t ChatDataFrame = 3;
-constexpr std::size_t BansCaption = 10; // lblMisc(14)
 
 enum Row {
     ServerIP,
@@ -122,7 +121,6 @@ void ChatsPanel::ShowChatData(std::int16_t position) {
     for (const auto& list : context.control.EjectLists) {
         if (!list->IsOf(room->ChatName, room->Exchange)) continue;
         show(Bans, std::to_string(list->GetEjects().Count()));
-        lblMisc[BansCaption].SetEnabled(true);
         break;
     }
     show(ServerIP, room->ServerIP);
@@ -138,18 +136,27 @@ void ChatsPanel::ShowChatData(std::int16_t position) {
 }
 
 void ChatsPanel::AddRoom(const std::string& strChatName) {
-    int lines = 0;
-    for (int line = 0; line < lstChats.ListCount(); ++line)
-        lines += SameName(lstChats.List(line), strChatName);
     int standing = 0;
     for (const auto& room : context.control.Chat) standing += SameName(room->ChatName, strChatName);
-    if (lines < standing) lstChats.AddItem(strChatName);
+    if (LinesOf(strChatName) < standing) lstChats.AddItem(strChatName);
     ShowCount();
 }
 
-void ChatsPanel::RemoveRoom(const std::string& strChatName) {
-    lstChats.RemoveItem(FindLine(lstChats, strChatName));
+void ChatsPanel::RemoveRoom(const std::string& strChatName, std::int16_t intChatIndex) {
+    int standing = 0; // a connection on which the room's information never came has no line
+    for (const auto& room : context.control.Chat)
+        standing +=
+            room->ChatIndex != intChatIndex && !room->Cookie.empty() && SameName(room->ChatName, strChatName);
+    for (int lines = LinesOf(strChatName); lines > standing; --lines)
+        lstChats.RemoveItem(FindLine(lstChats, strChatName));
     ShowCount();
+}
+
+int ChatsPanel::LinesOf(const std::string& strChatName) const {
+    int lines = 0;
+    for (int line = 0; line < lstChats.ListCount(); ++line)
+        lines += SameName(lstChats.List(line), strChatName);
+    return lines;
 }
 
 void ChatsPanel::ClearRooms() {

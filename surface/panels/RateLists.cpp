@@ -38,8 +38,7 @@ void RateLists::Unrated(int intType, const std::string& strChatName, std::int16_
     list.RemoveItem(FindLine(list, strChatName));
     const auto room = context.control.Room(intChatIndex);
     if (intType == 0 && room) // the room has said this once itself; it is said twice on purpose
-        ResumeBanning(std::to_string(room->GetUnratePause()), PauseOver,
-                      context.control.GetChatIndex(intChatIndex));
+        ResumeBanning(room->MinutesRated(), PauseOver, context.control.GetChatIndex(intChatIndex));
     LowerWindow();
 }
 

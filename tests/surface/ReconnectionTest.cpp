@@ -164,6 +164,59 @@ TEST_F(Comeback, ALostRoomIsRejoinedAtOnceWhenAllowed) {
     }
 }
 
+TEST_F(Comeback, ARoomEnteredTwiceStaysListedOnceWhenOneConnectionEnds) {
+    Allow(true, true, true);
+    SignOn();
+    Join("Lobby");
+    const auto twin = std::make_shared<Chats>(control, 1.0F);
+    twin->ChatName = "lobby";
+    twin->Exchange = 4;
+    twin->ChatIndex = 30;
+    twin->Cookie = "4-0-lobby";
+    control.Chat.Add(twin);
+    window.reconnection.JoinedChat("lobby", 4, 0, 30);
+    EXPECT_EQ(Listed(window.chats.lstChats), (Lines{"Lobby", "lobby"}));
+    people.SignOffFromRoom("lobby", "harbourbot");
+    Wait(1);
+    EXPECT_EQ(Listed(window.chats.lstChats), Lines{"lobby"});
+    EXPECT_EQ(window.chats.lblChatCount.Caption(), "Chats you are in: 1");
+    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
+    // A connection whose room never came has no line to take along.
+    window.reconnection.LeftChat("lobby", 4, 0, 29, "error");
+    EXPECT_EQ(Listed(window.chats.lstChats), Lines{"lobby"});
+}
+
+TEST_F(Comeback, TheQueueKnowsARoomHoweverItIsSpelled) {
+    Allow(true, true, true);
+    SignOn();
+    auto& queue = window.reconnection.RejoinQueue;
+    for (const auto* entry : {"the lobby:4:0", "deck:4:0", "thelobby:4:1"}) queue.Add(entry);
+    window.reconnection.LeftChat("The Lobby", 4, 0, 9, "error");
+    EXPECT_EQ(queue.Count(), 3U);
+    EXPECT_FALSE(AlertOpen());
+    window.reconnection.LeftChat("The Hold", 4, 0, 9, "error");
+    EXPECT_EQ(queue.Item(4), "thehold:4:0");
+    const auto told = Alert();
+    window.reconnection.JoinedChat("The Lobby", 4, 0, 9);
+    EXPECT_EQ(queue.Count(), 2U);
+    EXPECT_EQ(Alert().substr(told.size()), "\r\nSuccessfully rejoined chat 'The Lobby'!"
+                                           "\r\nSuccessfully rejoined chat 'The Lobby'!");
+}
+
+TEST_F(Comeback, ARequestThatNoFrameHoldsIsToldAndHangsNothingUp) {
+    SignOn();
+    boxes.txtChat.SetText("lobby");
+    boxes.txtEx.SetText("-4");
+    window.chats.cmdJoinChat.Press();
+    Wait(2);
+    EXPECT_EQ(window.chats.lblChatStatus.Caption(), "Join chat failed, unknown error.");
+    EXPECT_EQ(window.connection.lblConnectionInfo.Caption(), "Online!");
+    window.reconnection.ConnectionLost(NoSock, "no socket is free");
+    EXPECT_EQ(LastAction(), "no socket is free");
+    boxes.txtEx.SetText("4");
+    Join("lobby");
+}
+
 TEST_F(Comeback, AFullRoomDoesNotBlockTheOthers) {
     Allow(true, true, true);
     SignOn();
