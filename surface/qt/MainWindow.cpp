@@ -26,8 +26,10 @@ double Part(int value, int least, int most) { return static_cast<double>(value -
 
 MainWindow::MainWindow(frmMain& main)
     : FormWindow(main.form, [&main] { main.Form_Unload(); }), main(main), side(new SideMenu(main.slide)),
-      rated(RatedRooms()) {
-    auto* left = Column({Item(Pages(), 1), rated});
+      pages(new PageArea), rated(RatedRooms()) {
+    auto frame = main.FrameTabs.begin();
+    for (auto draw : DrawPanels) pages->AddPage(draw(main), *frame++);
+    auto* left = Column({Item(pages, 1), rated});
     left->setSpacing(0);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -37,13 +39,6 @@ MainWindow::MainWindow(frmMain& main)
     BindMenus();
     BindKeys();
     FormChanged();
-}
-
-QWidget* MainWindow::Pages() {
-    auto* area = new PageArea;
-    auto frame = main.FrameTabs.begin();
-    for (auto draw : DrawPanels) area->AddPage(draw(main), *frame++);
-    return area;
 }
 
 QWidget* MainWindow::RatedRooms() {
@@ -90,6 +85,9 @@ void MainWindow::BindKeys() {
 }
 
 void MainWindow::FormChanged() {
+    // Where the screen leaves no room the menu lies over the panel's edge, as long as it is out.
+    pages->setHorizontalScrollBarPolicy(form.Width() > MenuSlide::ClosedWidth ? Qt::ScrollBarAlwaysOff
+                                                                              : Qt::ScrollBarAsNeeded);
     const int wider = side->SlideTo(Part(form.Width(), MenuSlide::ClosedWidth, MenuSlide::OpenWidth));
     const bool show = form.Height() > RateLists::PlainHeight;
     const int high = rated->sizeHint().height();

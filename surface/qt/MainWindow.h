@@ -7,8 +7,9 @@
 
 namespace halyard {
 
-class frmMain;
+class PageArea;
 class SideMenu;
+class frmMain;
 
 class MainWindow : public FormWindow {
   public:
@@ -18,7 +19,6 @@ class MainWindow : public FormWindow {
     void FormChanged() override;
 
   private:
-    QWidget* Pages();
     QWidget* RatedRooms();
     void BindMenus();
     void BindKeys();
@@ -26,6 +26,7 @@ class MainWindow : public FormWindow {
 
     frmMain& main;
     SideMenu* side;
+    PageArea* pages;
     QWidget* rated;
 };
 

@@ -3,6 +3,8 @@
 #include "surface/qt/bind/Bind.h"
 #include "tests/surface_qt/ScreenScene.h"
 
+#include <QScrollBar>
+
 #include <set>
 
 namespace halyard {
@@ -92,6 +94,16 @@ TEST_F(Windows, GrowForTheMenuAndTheLimitedRooms) {
     Settle();
     EXPECT_EQ(window.size(), plain);
 
+    Press("lblContents");
+    Wait(1);
+    window.resize(QSize(plain.width() - 100, plain.height())); // no room: no scroll bars over the panel
+    Settle();
+    for (auto* bars : window.findChildren<QScrollBar*>())
+        EXPECT_FALSE(bars->isVisible() && bars->orientation() == Qt::Horizontal);
+    Press("lblMenu(4)");
+    window.resize(plain);
+    Settle();
+
     bot.rates.Rated(0, "lobby");
     Settle();
     EXPECT_GT(window.height(), plain.height());
@@ -100,6 +112,21 @@ TEST_F(Windows, GrowForTheMenuAndTheLimitedRooms) {
     QTest::keyClick(&Find<QListView>("lstRated(0)"), Qt::Key_Return);
     Settle();
     EXPECT_EQ(window.size(), plain);
+}
+
+TEST_F(Windows, TakeTheTypedTextBeforeAKeyActs) {
+    Choose("mnuOtherPanel");
+    Type("txtUnrate", "77");
+    EXPECT_EQ(bot.options.UnratePause, 5);
+    machine.dialogs.AnswerText("/program/typed.hys");
+    QTest::keyClick(&Find<QLineEdit>("txtUnrate"), Qt::Key_S, Qt::ControlModifier);
+    Settle();
+    EXPECT_NE(machine.disk.Contents("/program/typed.hys").find("unratepause:77"), std::string::npos);
+    machine.dialogs.shown.clear();
+    Type("txtUnrate", "0");
+    QTest::keyClick(&Find<QLineEdit>("txtUnrate"), Qt::Key_4, Qt::ControlModifier);
+    Settle();
+    EXPECT_EQ(machine.dialogs.shown.size(), 1U) << "left once, not once more with the page";
 }
 
 TEST_F(Windows, HideInTheTrayWhereThereIsOne) {

@@ -24,6 +24,7 @@ void Add(QMenu& menu, Menu& entry) {
     auto* action = menu.addAction(ShownCaption(entry.Caption()));
     action->setObjectName(Shown(entry.Name));
     QObject::connect(action, &QAction::triggered, action, [&entry] {
+        LeaveBox();
         if (entry.Click) entry.Click();
     });
 }

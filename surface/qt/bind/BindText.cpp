@@ -2,12 +2,14 @@
 #include "surface/qt/bind/Bind.h"
 #include "surface/qt/widgets/LogView.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace halyard {
 
@@ -35,21 +37,38 @@ class LineView : public QLineEdit {
         setMaxLength(std::max(limit, static_cast<int>(text.size())));
     }
 
+    /// Tells the box that it is left, once until the caret comes back or something is typed.
+    void Leave() {
+        if (!std::exchange(left, true) && box.LostFocus) box.LostFocus();
+    }
+    void Return() { left = false; }
+
   protected:
-    /// The program's other windows and its menus do not count: the caret comes back from there.
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        if (!IsAway(*event)) Return();
+    }
     void focusOutEvent(QFocusEvent* event) override {
         QLineEdit::focusOutEvent(event);
-        const bool away = event->reason() == Qt::ActiveWindowFocusReason ||
-                          event->reason() == Qt::PopupFocusReason ||
-                          event->reason() == Qt::MenuBarFocusReason;
-        if (!away && box.LostFocus) box.LostFocus();
+        if (!IsAway(*event)) Leave();
     }
 
   private:
+    /// The program's other windows and its menus do not count: the caret comes back from there.
+    static bool IsAway(const QFocusEvent& event) {
+        return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason ||
+               event.reason() == Qt::MenuBarFocusReason;
+    }
+
     TextBox& box;
+    bool left = false;
 };
 
 } // namespace
+
+void LeaveBox() {
+    if (auto* line = dynamic_cast<LineView*>(QApplication::focusWidget())) line->Leave();
+}
 
 QLineEdit* BindLine(TextBox& box, const std::string& name) {
     auto* widget = new LineView(box);
@@ -58,6 +77,7 @@ QLineEdit* BindLine(TextBox& box, const std::string& name) {
     Follow(box, *widget, Paint::Field, [widget] { widget->Sync(); });
     QObject::connect(widget, &QLineEdit::textEdited, widget, [&box, widget](const QString& text) {
         widget->KeepLimit(text);
+        widget->Return();
         box.SetText(Typed(text));
     });
     QObject::connect(widget, &QLineEdit::returnPressed, widget, [&box] {
