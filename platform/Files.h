@@ -33,6 +33,20 @@ class Files {
     virtual std::optional<std::string> Read(const std::string& path, std::size_t limit) = 0;
     /// Creates or empties a file. Null when that is not possible.
     virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
+    /// Creates a file where nothing stands; null when something does, or that is not possible. It is the
+    /// operator's alone; when `like` names a file it gets that one's mode and, where the machine allows it,
+    /// its group.
+    virtual std::unique_ptr<OutputFile> CreateNew(const std::string& path, const std::string& like) = 0;
+
+    /// How new bytes get into the place of a path.
+    enum class Way {
+        Beside,  ///< nothing stands there, or a file that another may take the place of
+        InPlace, ///< a file that may be written in a folder that may not, or of another owner
+        None,    ///< a file that may only be read, or no file
+    };
+    virtual Way WayTo(const std::string& path) = 0;
+    /// Where links lead to from `path`; `path` itself when it is none, or leads where text can't name it.
+    virtual std::string Behind(const std::string& path) = 0;
     /// Puts `from` in the place of `to`, at once for every reader.
     virtual bool Rename(const std::string& from, const std::string& to) = 0;
     virtual bool Remove(const std::string& path) = 0;
@@ -46,17 +60,24 @@ class Files {
     virtual std::string ProgramFolder() = 0;
     /// The folder in which the program itself stands, beside the pages that come with it.
     virtual std::string OwnFolder() = 0;
-    /// The operator's folder for program state, from the user database. Empty when there is none.
+    /// The operator's folder for the program's data. Empty when there is none.
+    virtual std::string DataFolder() = 0;
+    /// The operator's folder for program state: in XDG_STATE_HOME when that names a place, else in the home
+    /// of the user database. Empty when there is none.
     virtual std::string StateFolder() = 0;
     /// The separator between the parts of a path, "/" or "\".
     virtual char Separator() const = 0;
 };
 
-/// Puts `bytes` in the place of the file `path`, so that a crash, a full disk or a failing call leaves either
-/// the old file or the new one: a neighbour is written, synced and renamed over it, then the folder is
-/// synced. False, with the old file as it was and no neighbour left, when a step up to the rename failed.
-/// False, too, when only the folder could not be synced: the new file stands then, but a power cut may bring
-/// the old one back.
+/// Puts `bytes` in the place of the file `path`, or of the one that it links to, so that a crash, a full disk
+/// or a failing call leaves either the old file or the new one: a neighbour is written, synced and renamed
+/// over it, then the folder is synced. A neighbour has a name that nobody had, ".halyard-" and a number. False,
+/// with the old file as it was and no neighbour left, when a step up to the rename failed. False, too, when
+/// only the folder could not be synced: the new file stands then, but a power cut may bring the old one back.
+///
+/// A file that can only be written in place is written there, once a synced copy of `bytes` lies in
+/// DataFolder(); the copy goes when all is written, and stays for the operator when neither the new bytes nor
+/// the old could be.
 bool ReplaceFile(Files& files, const std::string& path, std::string_view bytes);
 
 } // namespace halyard

@@ -10,6 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
 #include <vector>
@@ -38,7 +39,16 @@ class PosixOutputFile : public OutputFile {
     Descriptor file;
 };
 
-/// The operator's home from the user database, as the machine writes it; the environment is not asked.
+bool MayWrite(const std::string& path) { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0; }
+
+/// Text that stands for the same path again, or nothing.
+std::optional<std::string> AsText(const std::string& path) {
+    auto text = FromUtf8(path);
+    if (ToUtf8(text) != path) return std::nullopt;
+    return text;
+}
+
+/// The operator's home from the user database, as the machine writes it.
 std::string Home() {
     std::vector<char> text(1 << 14);
     passwd entry{};
@@ -88,6 +98,47 @@ std::unique_ptr<OutputFile> PosixFiles::Create(const std::string& path) {
     return std::make_unique<PosixOutputFile>(std::move(file));
 }
 
+std::unique_ptr<OutputFile> PosixFiles::CreateNew(const std::string& path, const std::string& like) {
+    Descriptor file(ToUtf8(path), O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
+    if (!file.IsOpen()) return nullptr;
+    struct stat about {};
+    if (!like.empty() && stat(ToUtf8(like).c_str(), &about) == 0) {
+        // Without the group its rights would be those of another one.
+        const bool grouped = fchown(file.Number(), static_cast<uid_t>(-1), about.st_gid) == 0;
+        const auto mode = about.st_mode & (grouped ? 07777U : 07707U);
+        if (fchmod(file.Number(), mode) != 0) {
+            unlink(ToUtf8(path).c_str());
+            return nullptr;
+        }
+    }
+    return std::make_unique<PosixOutputFile>(std::move(file));
+}
+
+Files::Way PosixFiles::WayTo(const std::string& path) {
+    const std::filesystem::path place(ToUtf8(path));
+    struct stat about {};
+    if (lstat(place.c_str(), &about) != 0) return Way::Beside;
+    const bool link = S_ISLNK(about.st_mode);
+    if (link && stat(place.c_str(), &about) != 0) return Way::None;
+    if (!S_ISREG(about.st_mode) || !MayWrite(place)) return Way::None;
+    const auto folder = place.parent_path();
+    const bool replaceable =
+        !link && about.st_uid == geteuid() && MayWrite(folder.empty() ? "." : folder.string());
+    return replaceable ? Way::Beside : Way::InPlace;
+}
+
+std::string PosixFiles::Behind(const std::string& path) {
+    constexpr int MostLinks = 40; // as the machine itself counts them
+    std::filesystem::path place(ToUtf8(path));
+    std::error_code failure;
+    for (int link = 0; link < MostLinks && std::filesystem::is_symlink(place, failure); ++link) {
+        const auto next = std::filesystem::read_symlink(place, failure);
+        if (failure) return path;
+        place = next.is_absolute() ? next : place.parent_path() / next;
+    }
+    return AsText(place.string()).value_or(path);
+}
+
 bool PosixFiles::Rename(const std::string& from, const std::string& to) {
     return std::rename(ToUtf8(from).c_str(), ToUtf8(to).c_str()) == 0;
 }
@@ -108,15 +159,23 @@ bool PosixFiles::MakeFolder(const std::string& folder) {
 
 std::string PosixFiles::ProgramFolder() {
     auto own = QCoreApplication::applicationDirPath().toStdString();
-    auto folder = FromUtf8(own);
-    // A path with characters that text inside cannot hold would name another folder.
-    if (!own.empty() && ToUtf8(folder) == own && access(own.c_str(), W_OK) == 0) return folder;
-    return HomeFolder(*this, "/.local/share/halyard");
+    auto folder = AsText(own);
+    if (!own.empty() && folder && MayWrite(own)) return *folder;
+    return DataFolder();
 }
+
+std::string PosixFiles::DataFolder() { return HomeFolder(*this, "/.local/share/halyard"); }
 
 std::string PosixFiles::OwnFolder() { return FromUtf8(QCoreApplication::applicationDirPath().toStdString()); }
 
 std::string PosixFiles::StateFolder() {
+    // Two bots of one account keep their counters apart by it.
+    const char* named = std::getenv("XDG_STATE_HOME");
+    if (auto place = AsText(named ? named : ""); place && place->starts_with('/')) {
+        auto folder = *place + "/halyard";
+        MakeFolder(folder);
+        return folder;
+    }
     return HomeFolder(*this, FromLetters({'/', '.', 'l', 'o', 'c', 'a', 'l', '/', 's', 't', 'a',
                                           't', 'e', '/', 'h', 'a', 'l', 'y', 'a', 'r', 'd'}));
 }

@@ -12,12 +12,16 @@ class PosixFiles : public Files {
     bool Exists(const std::string& path) override;
     std::optional<std::string> Read(const std::string& path, std::size_t limit) override;
     std::unique_ptr<OutputFile> Create(const std::string& path) override;
+    std::unique_ptr<OutputFile> CreateNew(const std::string& path, const std::string& like) override;
+    Way WayTo(const std::string& path) override;
+    std::string Behind(const std::string& path) override;
     bool Rename(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     bool SyncFolder(const std::string& folder) override;
     bool MakeFolder(const std::string& folder) override;
     std::string ProgramFolder() override;
     std::string OwnFolder() override;
+    std::string DataFolder() override;
     std::string StateFolder() override;
     char Separator() const override { return '/'; }
 };

@@ -38,6 +38,7 @@ class SimFiles::Output : public OutputFile {
 
 SimFiles::SimFiles() : folders{"", "/"} {
     AddFolders("/program");
+    AddFolders("/data");
     AddFolders("/state");
 }
 
@@ -81,21 +82,33 @@ std::optional<std::string> SimFiles::Read(const std::string& path, std::size_t l
 
 std::unique_ptr<OutputFile> SimFiles::Create(const std::string& path) {
     if (!Works() || folders.contains(path) || !folders.contains(FolderOf(path))) return nullptr;
+    if (locked.contains(FolderOf(path)) && !names.contains(path)) return nullptr;
     auto& file = names[path];
     if (!file) file = std::make_shared<File>();
     file->bytes.clear();
     return std::make_unique<Output>(*this, file);
 }
 
+std::unique_ptr<OutputFile> SimFiles::CreateNew(const std::string& path, const std::string&) {
+    return names.contains(path) ? nullptr : Create(path);
+}
+
+Files::Way SimFiles::WayTo(const std::string& path) {
+    return names.contains(path) && locked.contains(FolderOf(path)) ? Way::InPlace : Way::Beside;
+}
+
 bool SimFiles::Rename(const std::string& from, const std::string& to) {
     if (!Works() || !names.contains(from)) return false;
+    if (locked.contains(FolderOf(from)) || locked.contains(FolderOf(to))) return false;
     if (folders.contains(to) || !folders.contains(FolderOf(to))) return false;
     auto moved = names.extract(from);
     names[to] = std::move(moved.mapped());
     return true;
 }
 
-bool SimFiles::Remove(const std::string& path) { return Works() && names.erase(path) > 0; }
+bool SimFiles::Remove(const std::string& path) {
+    return Works() && !locked.contains(FolderOf(path)) && names.erase(path) > 0;
+}
 
 bool SimFiles::SyncFolder(const std::string& folder) {
     if (!Works() || !folders.contains(folder == "." ? "" : folder)) return false;

@@ -1,7 +1,7 @@
 #pragma once
 
 // An in-memory disk of one party, with what a machine would find on it after a power cut. Every operation can
-// be made to fail. Files stand in folders that exist; ProgramFolder, StateFolder and the root exist from the
+// be made to fail. Files stand in folders that exist; ProgramFolder, DataFolder, StateFolder and the root exist from the
 // start.
 
 #include "platform/Files.h"
@@ -35,6 +35,9 @@ class SimFiles : public Files {
 
     /// A power cut and a new start. Files that are being written then are lost to their writers.
     void Crash(Cut cut = Cut::SyncedOnly);
+    /// From now on no name in `folder` comes, goes or changes.
+    void Lock(const std::string& folder) { locked.insert(folder); }
+    void Unlock() { locked.clear(); }
     /// Lays down a file, synced, with its folders.
     void Put(const std::string& path, std::string_view bytes);
     /// The bytes of a file, empty when there is none.
@@ -45,12 +48,16 @@ class SimFiles : public Files {
     bool Exists(const std::string& path) override { return names.contains(path); }
     std::optional<std::string> Read(const std::string& path, std::size_t limit) override;
     std::unique_ptr<OutputFile> Create(const std::string& path) override;
+    std::unique_ptr<OutputFile> CreateNew(const std::string& path, const std::string& like) override;
+    Way WayTo(const std::string& path) override;
+    std::string Behind(const std::string& path) override { return path; }
     bool Rename(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     bool SyncFolder(const std::string& folder) override;
     bool MakeFolder(const std::string& folder) override;
     std::string ProgramFolder() override { return "/program"; }
     std::string OwnFolder() override { return "/program"; }
+    std::string DataFolder() override { return "/data"; }
     std::string StateFolder() override { return "/state"; }
     char Separator() const override { return '/'; }
 
@@ -70,6 +77,7 @@ class SimFiles : public Files {
     Names names;
     Names syncedNames;
     std::set<std::string> folders;
+    std::set<std::string> locked;
     int epoch = 0;
     int failing = 0;
     int stopping = 0;

@@ -25,6 +25,15 @@ TEST(ReplaceFile, MakesAFileThatWasNotThereAndNeedsItsFolder) {
     EXPECT_FALSE(disk.Exists("/elsewhere")) << "a folder is no file";
 }
 
+TEST(ReplaceFile, MeetsNobodysNeighbour) {
+    SimFiles disk;
+    const std::set<std::string> others{"/program/.halyard-1", "/program/.halyard-2", path + ".new"};
+    for (const auto& other : others) disk.Put(other, "mine");
+    EXPECT_TRUE(ReplaceFile(disk, path, after));
+    for (const auto& other : others) EXPECT_EQ(disk.Contents(other), "mine") << other;
+    EXPECT_EQ(disk.Paths().size(), 4U);
+}
+
 /// The disk itself must tell careless writers from careful ones, or the sweeps prove nothing.
 TEST(SimDisk, LosesWhatACarelessWriterDidNotSync) {
     for (bool synced : {false, true}) {

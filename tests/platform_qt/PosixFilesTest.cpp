@@ -33,6 +33,77 @@ TEST_F(PosixFilesTest, ReplacesAFileAndLeavesNoNeighbour) {
     EXPECT_FALSE(files.Remove(Path("caf\xe9.txt")));
 }
 
+/// Whoever runs the tests, without the rights of root for a while, and with a data folder of its own.
+class AsAnybody : public PosixFiles {
+  public:
+    explicit AsAnybody(const std::string& data) : data(data) { Anybody(); }
+    ~AsAnybody() override { Root(); }
+    void Anybody() { EXPECT_EQ(seteuid(getuid() == 0 ? Nobody : getuid()), 0); }
+    void Root() { EXPECT_EQ(seteuid(getuid()), 0); }
+    AsAnybody(const AsAnybody&) = delete;
+    AsAnybody& operator=(const AsAnybody&) = delete;
+    std::string DataFolder() override { return data; }
+
+  private:
+    static constexpr uid_t Nobody = 65534;
+    std::string data;
+};
+
+TEST_F(PosixFilesTest, WritesAFileByTheWayThatItsPlaceAllows) {
+    chmod(Path("").c_str(), 0755);
+    for (const auto* name : {"open", "shut", "data"}) {
+        ASSERT_TRUE(files.MakeFolder(Path(name)));
+        chmod(Path(name).c_str(), 0777);
+    }
+    AsAnybody anybody(Path("data"));
+    const auto names = [&](const char* of) {
+        return QDir(folder.path() + QLatin1Char('/') + QLatin1String(of))
+            .entryList(QDir::Files | QDir::Hidden | QDir::System)
+            .join(QLatin1Char(' '))
+            .toStdString();
+    };
+    struct stat about {};
+    ASSERT_TRUE(ReplaceFile(anybody, Path("open/x.hys"), "old"));
+    chmod(Path("open/x.hys").c_str(), 0640);
+    ASSERT_EQ(symlink("x.hys", Path("open/link").c_str()), 0);
+    ASSERT_EQ(symlink(Path("open/link").c_str(), Path("shut/far").c_str()), 0);
+    ASSERT_EQ(symlink("round", Path("shut/round").c_str()), 0);
+    ASSERT_TRUE(ReplaceFile(anybody, Path("shut/x.hys"), "a longer old one"));
+    ASSERT_TRUE(ReplaceFile(anybody, Path("shut/only"), "to be read"));
+    ASSERT_EQ(mkfifo(Path("shut/fifo").c_str(), 0600), 0);
+    chmod(Path("shut/only").c_str(), 0444);
+    ASSERT_EQ(stat(Path("shut/x.hys").c_str(), &about), 0);
+    const auto node = about.st_ino;
+    anybody.Root();
+    chmod(Path("shut").c_str(), 0555);
+    anybody.Anybody();
+
+    EXPECT_TRUE(ReplaceFile(anybody, Path("shut/far"), "through links"));
+    EXPECT_EQ(anybody.Read(Path("open/x.hys"), 99), "through links");
+    ASSERT_EQ(stat(Path("open/x.hys").c_str(), &about), 0);
+    EXPECT_EQ(about.st_mode & 07777, 0640U);
+    EXPECT_EQ(names("open"), "link x.hys");
+    EXPECT_TRUE(ReplaceFile(anybody, Path("shut/x.hys"), "new"));
+    EXPECT_EQ(anybody.Read(Path("shut/x.hys"), 99), "new");
+    ASSERT_EQ(stat(Path("shut/x.hys").c_str(), &about), 0);
+    EXPECT_EQ(about.st_ino, node) << "written in place";
+    for (const auto* refused : {"shut/only", "shut/fifo", "shut/round", "shut/absent"})
+        EXPECT_FALSE(ReplaceFile(anybody, Path(refused), "new")) << refused;
+    EXPECT_EQ(anybody.Read(Path("shut/only"), 99), "to be read");
+    EXPECT_EQ(names("data"), "") << "copies go when all is written";
+}
+
+TEST_F(PosixFilesTest, KeepsStateWhereTheEnvironmentSays) {
+    qputenv("XDG_STATE_HOME", QByteArray::fromStdString(Path("first")));
+    EXPECT_EQ(files.StateFolder(), Path("first") + "/halyard");
+    EXPECT_TRUE(QDir(QString::fromStdString(Path("first") + "/halyard")).exists());
+    for (const auto* unusable : {"", "not/from/the/root"}) {
+        qputenv("XDG_STATE_HOME", unusable);
+        EXPECT_TRUE(files.StateFolder().ends_with("/.local/state/halyard")) << unusable;
+    }
+    qunsetenv("XDG_STATE_HOME");
+}
+
 TEST_F(PosixFilesTest, ReadsNothingButPlainFilesWithinTheLimit) {
     Put("ten", "0123456789");
     Put("empty", "");
