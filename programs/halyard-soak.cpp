@@ -1,5 +1,6 @@
 // Runs the whole bot through virtual days and says whether all invariants held. The last line is the digest.
 
+#include "oscar/wire/ModOscarFunctions.h"
 #include "soak/SoakRun.h"
 
 #include <iostream>
@@ -10,12 +11,17 @@ int main(int count, char** words) {
     if (!plan) {
         std::cerr
             << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
-               " [--journal 0..1]\n"
+               " [--journal 0..2]\n"
+               "or:    halyard-soak --day N [--journal 0..2]\n"
                "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
         return 2;
     }
     SoakRun run(*plan);
-    if (plan->journal != 0)
+    if (plan->journal == 2)
+        run.record.onNote = [](std::string_view kind, std::string_view bytes) {
+            std::cout << kind << " " << (kind == "sends" ? StrToHex(bytes) : std::string(bytes)) << "\n";
+        };
+    if (plan->journal == 1)
         run.onEvent = [](const PracticeEvent& event) {
             std::cout << std::fixed << static_cast<double>(event.milliseconds) / 1000 << " " << event.room
                       << " " << event.who << " " << event.what << "\n";

@@ -19,12 +19,22 @@ bool Assign(SoakPlan& plan, const std::string& word, double number, std::uint64_
     if (word == "--rooms") return between(1, 40, plan.rooms);
     if (word == "--people") return between(1, 2000, plan.people);
     if (word == "--faults") return between(0, 9, plan.faults);
-    if (word == "--journal") return between(0, 1, plan.journal);
+    if (word == "--journal") return between(0, 2, plan.journal);
     if (word == "--lines") return between(1, 36000, plan.lines);
     return false;
 }
 
 } // namespace
+
+SoakPlan DayPlan(std::uint64_t number) {
+    SoakPlan plan;
+    plan.seed = number;
+    plan.faults = static_cast<int>(number % 10);
+    plan.rooms = 1 + static_cast<int>(number / 10 % 4);
+    plan.people = 12 * plan.rooms;
+    plan.lines = 600;
+    return plan;
+}
 
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
     SoakPlan plan;
@@ -32,10 +42,12 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
     bool days = false;
     for (std::size_t i = 0; i < words.size(); i += 2) {
         if (i + 1 >= words.size() || !IsNumeric(words[i + 1])) return std::nullopt;
-        if (!Assign(plan, words[i], Val(words[i + 1]), std::strtoull(words[i + 1].c_str(), nullptr, 10)))
-            return std::nullopt;
-        seed = seed || words[i] == "--seed";
-        days = days || words[i] == "--days";
+        const auto whole = std::strtoull(words[i + 1].c_str(), nullptr, 10);
+        const bool day = words[i] == "--day" && i == 0;
+        if (day) plan = DayPlan(whole);
+        if (!day && !Assign(plan, words[i], Val(words[i + 1]), whole)) return std::nullopt;
+        seed = seed || day || words[i] == "--seed";
+        days = days || day || words[i] == "--days";
     }
     if (!seed || !days) return std::nullopt;
     return plan;

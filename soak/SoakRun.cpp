@@ -41,25 +41,16 @@ SoakRun::SoakRun(const SoakPlan& plan)
       window(machine), town(world, network, plan), faults(world, machine, network, town.Rooms(), plan.faults),
       invariants(world, machine, network, window, "harbourbot"), random(world.chance.Next()) {
     network.onEvent = [this](const PracticeEvent& event) {
-        Absorb(std::to_string(event.milliseconds)), Absorb(event.room), Absorb(event.who), Absorb(event.what);
+        record.Note("happens", std::to_string(event.milliseconds) + " " + event.room + " " + event.who + " " +
+                                   event.what);
         invariants.Happened(event);
         if (onEvent) onEvent(event);
     };
+    machine.onSend = [this](std::string_view bytes) { record.Note("sends", bytes); };
     window.counters.lstActions.onInserted = [this](int index) {
         NoteAction(window.counters.lstActions.List(index));
     };
     world.afterEvent = [this] { invariants.Check(); };
-}
-
-/// FNV-1a.
-void SoakRun::Absorb(std::string_view bytes) {
-    for (char byte : bytes) digest = (digest ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
-}
-
-std::string SoakRun::Digest() const {
-    std::string digits;
-    for (int shift = 60; shift >= 0; shift -= 4) digits += "0123456789abcdef"[digest >> shift & 15U];
-    return digits;
 }
 
 std::string SoakRun::Violation() const {
@@ -78,10 +69,18 @@ bool SoakRun::RunFor(std::int64_t milliseconds) {
 bool SoakRun::Run() {
     Arrive();
     const auto end = static_cast<std::int64_t>(plan.days * static_cast<double>(day));
-    while (world.Now() < end && Hour()) machine.dialogs.shown.clear();
-    Absorb(SettingsText(window.options));
-    Absorb(std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
+    while (world.Now() < end && Hour()) NoteDesk();
+    record.Note("settings", SettingsText(window.options));
+    record.Note("chance", std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
     return invariants.Violation().empty();
+}
+
+/// What has come to the desk in the last hour.
+void SoakRun::NoteDesk() {
+    for (const auto& box : machine.dialogs.shown) record.Note("box", box.title + ": " + box.text);
+    machine.dialogs.shown.clear();
+    record.NoteWindow(window);
+    record.NoteFiles(machine.disk);
 }
 
 void SoakRun::Arrive() {
@@ -159,6 +158,7 @@ void SoakRun::SignOnAgain() {
 }
 
 void SoakRun::NoteAction(const std::string& action) {
+    record.Note("logs", action);
     if (onEvent) onEvent({world.Now(), "", "", action});
     auto parts = Split(action, "'", 3);
     if (parts.size() < 3) return;

@@ -5,6 +5,7 @@
 // and loads. The same plan gives the same digest.
 
 #include "practice/PracticeNetwork.h"
+#include "soak/DayRecord.h"
 #include "soak/Faults.h"
 #include "soak/Plan.h"
 #include "soak/TapMachine.h"
@@ -15,7 +16,6 @@
 #include <cstdint>
 #include <set>
 #include <string>
-#include <string_view>
 
 namespace halyard {
 
@@ -25,13 +25,14 @@ class SoakRun {
 
     /// Everything that happens on the network and at the desk, as it happens.
     PracticeListener onEvent;
+    DayRecord record;
 
     /// True when all invariants held to the end.
     bool Run();
     /// Which one broke, and when; empty when none did.
     std::string Violation() const;
-    /// Sixteen hex digits.
-    std::string Digest() const;
+    /// Of all that the network and the operator saw; sixteen hex digits.
+    std::string Digest() const { return record.Digest(); }
     std::uint64_t Events() const { return world.clock.EventsRun(); }
     int FaultCount() const { return faults.Count(); }
     /// How often the operator had to sign on or join again for the bot (see SignOnAgain and JoinAgain).
@@ -49,7 +50,7 @@ class SoakRun {
     void JoinAgain();
     void FillBoxes();
     void JoinAll();
-    void Absorb(std::string_view bytes);
+    void NoteDesk();
 
     const SoakPlan plan;
     SimWorld world;
@@ -61,7 +62,6 @@ class SoakRun {
     Faults faults;
     Invariants invariants;
     SimRandom random;
-    std::uint64_t digest = 0xCBF29CE484222325;
     std::set<std::string> leftForGood; ///< rooms that the bot left by itself and has not come back to
     int stepsIn = 0;
     std::int64_t violatedAt = 0;

@@ -26,6 +26,7 @@ class TapMachine::TapSocket : public SimSocket {
         SimSocket::Close();
     }
     void Send(std::string_view bytes) override {
+        if (machine.onSend) machine.onSend(bytes);
         if (machine.listener && State() == SocketState::Connected) machine.listener->Sent(stream, bytes);
         SimSocket::Send(bytes);
     }

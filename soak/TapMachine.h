@@ -7,6 +7,7 @@
 #include "platform/sim/SimSocket.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,6 +30,8 @@ class TapMachine : public SimPlatform {
     explicit TapMachine(SimWorld& world) : SimPlatform(world), network(world.network) {}
 
     TapListener* listener = nullptr;
+    /// Hears of every run of bytes that the bot sends.
+    std::function<void(std::string_view bytes)> onSend;
     std::unique_ptr<Socket> NewSocket() override;
     /// So many replies to ban requests that are still to come are read twice, as from a service that repeats
     /// itself.
