@@ -1,5 +1,5 @@
-// The road of one line, from bytes on a socket to the end of ChatMessage, beside what the machine's own loopback takes
-// for the same bytes; a frame of 101 TLVs; and an hour of a busy room on virtual time.
+// The road of one line, from bytes on a socket to the end of ChatMessage, beside what the machine's own
+// loopback takes for the same bytes; a frame of 101 TLVs; and an hour of a busy room on virtual time.
 
 #include "oscar/wire/ModOscarFunctions.h"
 #include "platform/sim/SimPlatform.h"

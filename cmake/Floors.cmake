@@ -21,6 +21,13 @@ if(HALYARD_FUZZ)
                          -fsanitize-coverage-ignorelist=${CMAKE_SOURCE_DIR}/fuzz/uncounted.txt)
 endif()
 
+# Where the sources of a floor are compiled as one (CMAKE_UNITY_BUILD), script/check-alone compiles each by itself.
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
+if(CMAKE_UNITY_BUILD)
+  # A test's fixture in an unnamed namespace is then one of an included file.
+  target_compile_options(halyard_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
+
 # halyard_floor(<folder> [ROOMS <folder below it>...] [NEEDS <folder>...] [LINKS <library>...])
 # A room is a folder of the same library.
 function(halyard_floor folder)

@@ -14,8 +14,8 @@ namespace {
 void AddTo(Collection<std::string>& list, const std::string& name) { list.Add(name, name); }
 void AddTo(IndexedList& list, const std::string& name) { list.Add(name); }
 
-/// Removes the line equal to `item`. `expected` is where it stands as long as the box mirrors its list; a long list is
-/// not walked for it.
+/// Removes the line equal to `item`. `expected` is where it stands as long as the box mirrors its list; a
+/// long list is not walked for it.
 void RemoveListItem(ListBox& box, const std::string& item, std::ptrdiff_t expected) {
     auto index = static_cast<int>(expected);
     if (box.List(index) != item)

@@ -1,7 +1,7 @@
 #pragma once
 
-// The machine of a fuzzed bot. Its sockets are always connected; every byte they "receive" is fed by hand, and
-// every frame that the bot sends is checked for being one whole FLAP frame.
+// The machine of a fuzzed bot. Its sockets are always connected; every byte they "receive" is fed by hand,
+// and every frame that the bot sends is checked for being one whole FLAP frame.
 
 #include "oscar/wire/ModOscarFunctions.h"
 #include "platform/sim/SimPlatform.h"

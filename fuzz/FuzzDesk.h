@@ -1,7 +1,7 @@
 #pragma once
 
-// What all fuzz targets share: the whole bot without a window, signed on by hand-fed bytes, with ops, immunes,
-// autobans and autowords, and in one room.
+// What all fuzz targets share: the whole bot without a window, signed on by hand-fed bytes, with ops,
+// immunes, autobans and autowords, and in one room.
 
 #include "fuzz/FedPlatform.h"
 #include "fuzz/Input.h"
@@ -31,7 +31,8 @@ class FuzzDesk {
     /// Lets virtual time pass, but no more than two minutes for an input: more would only make it slow.
     void Wait(std::int64_t milliseconds);
 
-    /// On line since two seconds and more in the room "lobby" on socket 1, as its owner, with Boss and a guest.
+    /// On line since two seconds and more in the room "lobby" on socket 1, as its owner, with Boss and a
+    /// guest.
     void SignOnAndJoin();
     /// The same unless the bot is there already.
     void BeInLobby();
@@ -47,8 +48,8 @@ class FuzzDesk {
     bool filled = false;
 };
 
-/// The desk for this input. It serves 64 inputs, or HALYARD_FUZZ_INPUTS, one after the other, because making one
-/// takes longer than most inputs do. So a finding may need those before it: all that a desk was given is
+/// The desk for this input. It serves 64 inputs, or HALYARD_FUZZ_INPUTS, one after the other, because making
+/// one takes longer than most inputs do. So a finding may need those before it: all that a desk was given is
 /// written to the file that HALYARD_FUZZ_RECORD names, and a target plays the file that HALYARD_FUZZ_REPLAY
 /// names before it begins.
 FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size);

@@ -1,5 +1,5 @@
-// Whatever a service may send: bytes cut anywhere, frames of every dispatch row, ends of connections and time,
-// into a bot on line with a room and the whole command engine behind it.
+// Whatever a service may send: bytes cut anywhere, frames of every dispatch row, ends of connections and
+// time, into a bot on line with a room and the whole command engine behind it.
 //
 // An input is a row of steps, a byte each and what belongs to it. The low two bits are the socket; the rest
 // says what happens there (see Step).

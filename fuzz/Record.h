@@ -1,7 +1,7 @@
 #pragma once
 
-// The inputs that one desk was given, in a file that is there after any kind of end: the length in decimal, a line
-// feed and the input, again and again.
+// The inputs that one desk was given, in a file that is there after any kind of end: the length in decimal, a
+// line feed and the input, again and again.
 
 #include <fstream>
 #include <string>

@@ -11,8 +11,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SettingsTarget target{desk.platform, options, desk.window.Engine().Lists(), [] {}};
     desk.platform.disk.Put("/program/any.hys", std::string_view(reinterpret_cast<const char*>(data), size));
     ReadSettings(target, "/program/any.hys");
-    // The first reading brings lists into their own order and cuts what no option takes. A name of one character
-    // with a blank is long enough for one reading more: the blank goes there, and the name at the next.
+    // The first reading brings lists into their own order and cuts what no option takes. A name of one
+    // character with a blank is long enough for one reading more: the blank goes there, and the name at the
+    // next.
     std::string before, text;
     for (int round = 1; round <= 2 || (text != before && round <= 4); ++round) {
         if (round > 1) ReadSettings(target, "/program/again.hys");

@@ -1,8 +1,9 @@
 #pragma once
 
 // The protocol control: every connection to the OSCAR network, what comes over them, and the rooms. One
-// source file a topic: SignOn, BringUp, ServiceList, ChatNavigation, RoomConnect, RoomTraffic, SendChat, Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one
-// control and listens to its events.
+// source file a topic: SignOn, BringUp, ServiceList, ChatNavigation, RoomConnect, RoomTraffic, SendChat,
+// Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one control and listens to its
+// events.
 
 #include "base/Collection.h"
 #include "oscar/NetworkSecrets.h"

@@ -71,9 +71,10 @@ class Files {
 
 /// Puts `bytes` in the place of the file `path`, or of the one that it links to, so that a crash, a full disk
 /// or a failing call leaves either the old file or the new one: a neighbour is written, synced and renamed
-/// over it, then the folder is synced. A neighbour has a name that nobody had, ".halyard-" and a number. False,
-/// with the old file as it was and no neighbour left, when a step up to the rename failed. False, too, when
-/// only the folder could not be synced: the new file stands then, but a power cut may bring the old one back.
+/// over it, then the folder is synced. A neighbour has a name that nobody had, ".halyard-" and a number.
+/// False, with the old file as it was and no neighbour left, when a step up to the rename failed. False, too,
+/// when only the folder could not be synced: the new file stands then, but a power cut may bring the old one
+/// back.
 ///
 /// A file that can only be written in place is written there, once a synced copy of `bytes` lies in
 /// DataFolder(); the copy goes when all is written, and stays for the operator when neither the new bytes nor

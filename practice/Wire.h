@@ -55,6 +55,8 @@ std::string Tlv(int type, std::string_view value);
 std::string WordTlv(int type, int value);
 /// A length in one byte, and the text.
 std::string ShortString(std::string_view text);
+inline constexpr int codeDenied = 0x000D; ///< of refusals, "request denied"
+
 /// The body of an error SNAC (subtype 0001 of every family): an error code and in TLV 0008 what exactly is
 /// wrong.
 std::string ErrorBody(int code, int detail);

@@ -15,7 +15,8 @@ class SimFiles;
 
 class DayRecord {
   public:
-    /// Hears of everything that goes into the digest: what it is, such as "sends" or "chkAWOn", and its bytes.
+    /// Hears of everything that goes into the digest: what it is, such as "sends" or "chkAWOn", and its
+    /// bytes.
     std::function<void(std::string_view kind, std::string_view bytes)> onNote;
 
     void Note(std::string_view kind, std::string_view bytes);

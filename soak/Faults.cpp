@@ -2,13 +2,13 @@
 
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
+#include "soak/Time.h"
 
 namespace halyard {
 
 namespace {
 
 constexpr const char* bot = "harbourbot";
-constexpr std::int64_t hour = 3600000;
 
 } // namespace
 

@@ -19,10 +19,12 @@ struct SoakPlan {
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 
-/// One of the busy days by which two builds are compared: each number has its seed, rooms and level of faults.
+/// One of the busy days by which two builds are compared: each number has its seed, rooms and level of
+/// faults.
 SoakPlan DayPlan(std::uint64_t number);
 
-/// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--journal 0..2]", or "--day N
+/// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--journal 0..2]", or "--day
+/// N
 /// [--journal 0..2]" for a DayPlan. Nothing for words that make no sense or numbers out of their range; seed
 /// and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "commands/RoomByName.h"
+#include "soak/Time.h"
 #include "state/EjectListFile.h"
 #include "state/Permissions.h"
 #include "state/SettingsReader.h"
@@ -12,11 +13,6 @@
 namespace halyard {
 
 namespace {
-
-constexpr std::int64_t second = 1000;
-constexpr std::int64_t minute = 60 * second;
-constexpr std::int64_t hour = 60 * minute;
-constexpr std::int64_t day = 24 * hour;
 
 // Of each hour with faults.
 constexpr std::int64_t faultTime = 35 * minute;
@@ -145,9 +141,9 @@ bool SoakRun::Hour() {
     return invariants.Violation().empty();
 }
 
-/// A sign-off by the service (channel 4 on the main connection) ends everything without a word to the operator,
-/// and a sign-on that the service refuses ends the attempts of a bot that wasn't on line before: both are
-/// required. The operator has to see for themselves.
+/// A sign-off by the service (channel 4 on the main connection) ends everything without a word to the
+/// operator, and a sign-on that the service refuses ends the attempts of a bot that wasn't on line before:
+/// both are required. The operator has to see for themselves.
 void SoakRun::SignOnAgain() {
     ++stepsIn;
     window.connection.cmdSignOff.Press();
@@ -167,8 +163,8 @@ void SoakRun::NoteAction(const std::string& action) {
     if (parts[0] == "Connection to chat " || parts[0] == "Joined chat ") leftForGood.erase(room);
 }
 
-/// A room that the command "rejoin" leaves is asked for once. When that goes wrong, or another room is asked for
-/// at the same time, nothing brings the bot back, since it left on request: required.
+/// A room that the command "rejoin" leaves is asked for once. When that goes wrong, or another room is asked
+/// for at the same time, nothing brings the bot back, since it left on request: required.
 void SoakRun::JoinAgain() {
     for (const auto& room : town.Rooms()) {
         if (!leftForGood.contains(room) || RoomByName(window.Control(), room)) continue;

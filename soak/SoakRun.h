@@ -1,8 +1,8 @@
 #pragma once
 
-// A long run: the whole bot without a window, the practice network, its people and its faults in one simulated
-// world. An operator sits at the desk who signs on, joins the rooms, looks after the lists once an hour, saves
-// and loads. The same plan gives the same digest.
+// A long run: the whole bot without a window, the practice network, its people and its faults in one
+// simulated world. An operator sits at the desk who signs on, joins the rooms, looks after the lists once an
+// hour, saves and loads. The same plan gives the same digest.
 
 #include "practice/PracticeNetwork.h"
 #include "soak/DayRecord.h"

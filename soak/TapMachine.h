@@ -1,7 +1,7 @@
 #pragma once
 
-// The bot's machine with a tap on its sockets: whoever listens sees each frame that the bot sends and each that
-// it reads, at the moment and with the state of that moment. The run owns the one.
+// The bot's machine with a tap on its sockets: whoever listens sees each frame that the bot sends and each
+// that it reads, at the moment and with the state of that moment. The run owns the one.
 
 #include "platform/sim/SimPlatform.h"
 #include "platform/sim/SimSocket.h"

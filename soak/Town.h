@@ -1,7 +1,8 @@
 #pragma once
 
-// The people of a long run: they come and go, talk, misbehave, and some of them command the bot, well or badly.
-// Each room has a clock of its own; who does what follows from the town's source of chance. The run owns it.
+// The people of a long run: they come and go, talk, misbehave, and some of them command the bot, well or
+// badly. Each room has a clock of its own; who does what follows from the town's source of chance. The run
+// owns it.
 
 #include "platform/sim/SimRandom.h"
 #include "practice/Levers.h"

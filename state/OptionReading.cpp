@@ -19,7 +19,7 @@ void SetByTruth(Options& options, const FlagOption& flag, const std::string& val
     if (auto number = ToNumber(value)) SetFlag(options, flag, *number != 0);
 }
 
-void Check(CheckBox* box, const std::string& value) {
+void SetCheck(CheckBox* box, const std::string& value) {
     if (auto number = ToInt16(value)) box->SetValue(*number);
 }
 
@@ -42,18 +42,18 @@ void OptionReader::operator()(const FlagOption& flag) const {
     auto* box = flag.box ? flag.box(options.Controls) : nullptr;
     if (flag.needs) box->SetEnabled(true);
     switch (flag.reading) {
-    case FlagReading::Check: Check(box, value); break;
+    case FlagReading::Check: SetCheck(box, value); break;
     case FlagReading::SetThenCheck:
         SetByNumber(options, flag, value);
-        Check(box, value);
+        SetCheck(box, value);
         break;
     case FlagReading::CheckThenSet:
-        Check(box, value);
+        SetCheck(box, value);
         SetByNumber(options, flag, value);
         break;
     case FlagReading::TruthThenCheck:
         SetByTruth(options, flag, value);
-        Check(box, value);
+        SetCheck(box, value);
         break;
     case FlagReading::Set: SetByNumber(options, flag, value); break;
     case FlagReading::SetTruth: SetByTruth(options, flag, value); break;

@@ -14,8 +14,8 @@ namespace halyard {
 
 struct SettingsTarget;
 
-/// Looks for the file and puts every option back to its default. The text of the file; nothing, and a box, when there is
-/// none. SettingsLoading is true from here on.
+/// Looks for the file and puts every option back to its default. The text of the file; nothing, and a box,
+/// when there is none. SettingsLoading is true from here on.
 std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& folderOrPath,
                                         const std::string& fileName);
 

@@ -4,6 +4,7 @@
 // loads it at start-up and writes it every 31 seconds. Every failure is silent: the counters go on in memory.
 
 #include <string>
+#include <string_view>
 
 namespace halyard {
 

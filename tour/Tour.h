@@ -1,8 +1,8 @@
 #pragma once
 
-// The bot shown at work on the practice network: the tour plays the operator, an onlooker in the room prints what a
-// person there would read, and afterwards visitors knock at the door under the names of those who should be kept out
-// and those who should not. Nothing of what is printed is canned.
+// The bot shown at work on the practice network: the tour plays the operator, an onlooker in the room prints
+// what a person there would read, and afterwards visitors knock at the door under the names of those who
+// should be kept out and those who should not. Nothing of what is printed is canned.
 
 #include "surface/frmMain.h"
 #include "tour/Visitor.h"
@@ -18,8 +18,8 @@ class Tour {
   public:
     Tour(Platform& platform, std::int32_t port);
 
-    /// The tour is over; 0 when the service keeps out exactly those whom the scene got banned, and the bot's eject list
-    /// names the same.
+    /// The tour is over; 0 when the service keeps out exactly those whom the scene got banned, and the bot's
+    /// eject list names the same.
     std::function<void(int status)> onFinished;
 
   private:

@@ -1,7 +1,7 @@
 #pragma once
 
-// Another client of the same network: it signs on under a name, tries to enter a room, and tells what it meets there.
-// The tour uses one to look on, and one for each person who should or should not be let in.
+// Another client of the same network: it signs on under a name, tries to enter a room, and tells what it
+// meets there. The tour uses one to look on, and one for each person who should or should not be let in.
 
 #include "oscar/TillerSock.h"
 

@@ -1,5 +1,5 @@
-// The least that a program with a window can be here: one button. What the operator's program costs is measured
-// against it.
+// The least that a program with a window can be here: one button. What the operator's program costs is
+// measured against it.
 
 #include <QApplication>
 #include <QPushButton>

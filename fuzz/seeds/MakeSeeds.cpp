@@ -1,5 +1,5 @@
-// Writes the seeds of the fuzz targets: what the bot receives in a practice session with commands, bans, rates,
-// a pause and a migration, and the files that it writes afterwards. Usage: halyard-seeds FOLDER
+// Writes the seeds of the fuzz targets: what the bot receives in a practice session with commands, bans,
+// rates, a pause and a migration, and the files that it writes afterwards. Usage: halyard-seeds FOLDER
 
 #include "oscar/wire/ModOscarFunctions.h"
 #include "platform/sim/SimPlatform.h"

@@ -43,8 +43,8 @@ std::string MakeTLV(std::string_view strType, int width, std::string_view strVal
 /// stays as it is: that is how a ban reply (000E 0001) says yes. A value that the input cuts short is taken
 /// as far as it goes.
 void ParseTLVs(std::string& input, Collection<std::string>& list);
-/// The same for exactly `count` TLVs, at most 100, without the two-zero-bytes rule. A count that promises more
-/// than there is adds empty types and values.
+/// The same for exactly `count` TLVs, at most 100, without the two-zero-bytes rule. A count that promises
+/// more than there is adds empty types and values.
 void ParseTLVCount(std::string& input, int count, Collection<std::string>& list);
 
 /// The display tag of a 2-byte family, such as "[Chat]".

@@ -18,8 +18,8 @@ inline constexpr std::size_t BodyAt = 17;
 /// True when the service put a prefix before the body: flags 8000.
 inline bool IsFlagged(const std::string& strPacket) { return Mid(strPacket, FlagsAt, 1) == ByteToStr(128); }
 
-/// What stands behind a flagged frame's prefix: a length of 2 bytes, and as many bytes. Empty when there is no
-/// more.
+/// What stands behind a flagged frame's prefix: a length of 2 bytes, and as many bytes. Empty when there is
+/// no more.
 inline std::string BodyBehindPrefix(const std::string& strPacket) {
     return Mid(strPacket, BodyAt + 2 + StrToWord(Mid(strPacket, BodyAt, 2)).value_or(0));
 }

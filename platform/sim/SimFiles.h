@@ -1,8 +1,8 @@
 #pragma once
 
 // An in-memory disk of one party, with what a machine would find on it after a power cut. Every operation can
-// be made to fail. Files stand in folders that exist; ProgramFolder, DataFolder, StateFolder and the root exist from the
-// start.
+// be made to fail. Files stand in folders that exist; ProgramFolder, DataFolder, StateFolder and the root
+// exist from the start.
 
 #include "platform/Files.h"
 

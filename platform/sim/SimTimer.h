@@ -10,8 +10,8 @@
 
 namespace halyard {
 
-/// The ticks that one machine's timers have had, and the number of the one that is lost, as on a machine that was
-/// busy elsewhere: its timer ticks again an interval later. 0: none.
+/// The ticks that one machine's timers have had, and the number of the one that is lost, as on a machine that
+/// was busy elsewhere: its timer ticks again an interval later. 0: none.
 struct SimTicks {
     std::uint64_t had = 0;
     std::uint64_t lost = 0;

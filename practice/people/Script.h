@@ -8,7 +8,7 @@
 //     owner roomboss            without this line whoever first asks for the room owns it
 //     max 30                    people at most
 //     here alice, bob           are in before the clock runs
-//     clock start               seconds count from the beginning; without this line from the first client's entry
+//     clock start               seconds count from the beginning; without it from the first client's entry
 //     repeat 120                after so many seconds everything begins again
 //     0 guest%n enters          "%n" is the number of the round, from 1
 //     5 alice says hello everyone

@@ -10,7 +10,6 @@ namespace halyard {
 
 namespace {
 
-constexpr int codeDenied = 0x000D;
 constexpr int wordTooManyRooms = 0x0012;
 constexpr int wordInvalidName = 0x0033;
 constexpr std::size_t longestName = 100;

@@ -8,9 +8,6 @@ namespace halyard {
 
 namespace {
 
-/// The error code of refusals, "request denied".
-constexpr int codeDenied = 0x000D;
-
 bool HandleSay(World& world, Connection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto cookie = reader.Bytes(8);

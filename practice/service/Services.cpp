@@ -11,7 +11,6 @@ namespace halyard {
 namespace {
 
 /// Error code "request denied"; what is denied stands in TLV 0008.
-constexpr int codeDenied = 0x000D;
 constexpr int wordInvalidRoom = 0x0033;
 
 std::string FamiliesOf(Service service) {

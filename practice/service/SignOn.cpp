@@ -13,9 +13,9 @@ namespace {
 
 constexpr int codeBadName = 4;
 constexpr int codeBadPassword = 5;
-constexpr std::size_t longestName = 97;
+constexpr std::size_t longestLoginName = 97;
 
-bool IsName(std::string_view name) { return !NormalizeName(name).empty() && name.size() <= longestName; }
+bool IsName(std::string_view name) { return !NormalizeName(name).empty() && name.size() <= longestLoginName; }
 
 /// True for the hash of an empty password in any of its forms: each salt, with the password or its raw MD5.
 bool IsEmptyHash(const World& world, const std::string& key, const std::string& hash) {

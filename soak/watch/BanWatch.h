@@ -1,7 +1,7 @@
 #pragma once
 
-// Follows every ban and unban request from its sending to its reply, and knows for which names the bot's eject
-// lists may for good reason differ from the service's: the reply was lost, or a list file was loaded.
+// Follows every ban and unban request from its sending to its reply, and knows for which names the bot's
+// eject lists may for good reason differ from the service's: the reply was lost, or a list file was loaded.
 
 #include <cstddef>
 #include <cstdint>
@@ -24,8 +24,8 @@ class BanWatch {
     void Sent(int id, Request request);
     /// True when a request of that id was waiting for this reply on this stream.
     bool Replied(int id, std::uint64_t stream);
-    /// Replies that are on their way on this stream will not come. One that came in this very event may stand behind
-    /// the word that made the bot leave the room, and is then acted on by nobody.
+    /// Replies that are on their way on this stream will not come. One that came in this very event may stand
+    /// behind the word that made the bot leave the room, and is then acted on by nobody.
     void Ended(std::uint64_t stream);
     /// The event is over: the replies that came in it have been acted on.
     void EventOver() { answered.clear(); }

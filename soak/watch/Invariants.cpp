@@ -13,8 +13,8 @@ namespace halyard {
 
 namespace {
 
-// The most that a queue may hold. Ops of a run command at a measured pace; what no pace could fill says that an
-// entry isn't taken out.
+// The most that a queue may hold. Ops of a run command at a measured pace; what no pace could fill says that
+// an entry isn't taken out.
 constexpr std::size_t longestTalk = 2000;
 constexpr std::size_t longestBans = 2000;
 constexpr std::size_t longestTimeBans = 2000;
@@ -173,9 +173,9 @@ void Invariants::CheckReplies() {
     repliesInEvent = 0;
 }
 
-/// A record keeps the slot that its room had. Once the room has been lost, the slot may be nobody's or another
-/// room's when the ban ends, and what goes out then lifts nothing; nor is anything sent to a room whose class 1 is
-/// rated: both are required.
+/// A record keeps the slot that its room had. Once the room has been lost, the slot may be nobody's or
+/// another room's when the ban ends, and what goes out then lifts nothing; nor is anything sent to a room
+/// whose class 1 is rated: both are required.
 void Invariants::CheckTimeBans() {
     const auto& control = window.Control();
     if (!lifts.Due(control.TimeBans.Count(), world.Now())) return;

@@ -1,6 +1,7 @@
 #include "soak/watch/LiftWatch.h"
 
 #include "base/Text.h"
+#include "soak/Time.h"
 
 #include <algorithm>
 
@@ -8,7 +9,6 @@ namespace halyard {
 
 namespace {
 
-constexpr std::int64_t second = 1000;
 enum Field { User, Room, Exchange, Instance, Slot, Minutes, KeptFields };
 
 LiftWatch::TimeBan Started(const std::string& record, std::int64_t now) {

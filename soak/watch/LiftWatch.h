@@ -1,7 +1,7 @@
 #pragma once
 
-// Follows every time ban from its start to its end: it must end in its time, and the service must then be asked to
-// let the person in again. The invariants of a run own the one.
+// Follows every time ban from its start to its end: it must end in its time, and the service must then be
+// asked to let the person in again. The invariants of a run own the one.
 
 #include "base/Collection.h"
 
@@ -31,8 +31,8 @@ class LiftWatch {
     bool Due(std::size_t records, std::int64_t now) const {
         return records != running.size() || !asked.empty() || (!running.empty() && now > nextDue);
     }
-    /// The records after an event at a moment in ms. `canLift` tells whether a ban that has just ended can still be
-    /// lifted, for its slot is still its room's. Empty, or what is wrong.
+    /// The records after an event at a moment in ms. `canLift` tells whether a ban that has just ended can
+    /// still be lifted, for its slot is still its room's. Empty, or what is wrong.
     std::string Check(const Collection<std::string>& records, std::int64_t now,
                       const std::function<bool(const TimeBan&)>& canLift);
     /// Time bans that have ended, and those of them that nobody could lift any more.

@@ -8,8 +8,8 @@ namespace halyard {
 
 namespace {
 
-// The numbers of the templates whose keys are said one by one, are dropped while a pause runs, and are said at
-// once. All others are of the class whose waiting names are merged.
+// The numbers of the templates whose keys are said one by one, are dropped while a pause runs, and are said
+// at once. All others are of the class whose waiting names are merged.
 constexpr int oneByOne[] = {53, 57, 88, 91, 94};
 constexpr int dropped[] = {3,  4,  7,  8,  11, 12, 15, 16,  19,  20,  23,  24,  27, 28, 31, 32,
                            34, 35, 38, 39, 42, 43, 45, 46,  48,  49,  50,  51,  52, 54, 55, 56,

@@ -51,8 +51,8 @@ std::string Described(const std::string& name, std::int16_t exchange, std::int16
            std::to_string(instance);
 }
 
-/// True when the room was entered a second time before this connection to it was found dead. A connection on which the
-/// room's information never came has entered nothing, and may stay like that for ever.
+/// True when the room was entered a second time before this connection to it was found dead. A connection on
+/// which the room's information never came has entered nothing, and may stay like that for ever.
 bool EnteredTwice(const TillerSock& control, const std::string& name, std::int16_t exchange,
                   std::int16_t instance, std::int16_t intChatIndex) {
     for (const auto& room : control.Chat)

@@ -38,7 +38,8 @@ class ChatsPanel {
 
     /// Lists a room, but no more often than rooms of its name stand: a service may repeat itself.
     void AddRoom(const std::string& strChatName);
-    /// Takes a line of the room off, beyond those of its name that still stand on other sockets than `intChatIndex`.
+    /// Takes a line of the room off, beyond those of its name that still stand on other sockets than
+    /// `intChatIndex`.
     void RemoveRoom(const std::string& strChatName, std::int16_t intChatIndex);
     void ClearRooms();
     /// Takes the lines of rooms away that the control no longer has: a reset tells nothing of its rooms.

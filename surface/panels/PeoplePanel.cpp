@@ -10,7 +10,7 @@ namespace halyard {
 
 namespace {
 
-constexpr const char* BadLength = "Screenname lengths can only be between two characters to 100!";
+constexpr const char* BadNameLength = "Screenname lengths can only be between two characters to 100!";
 
 } // namespace
 
@@ -50,8 +50,9 @@ void PeoplePanel::BindLists() {
     auto& lists = context.engine.Lists();
     auto& boxes = context.platform.Boxes();
     auto& controls = context.options.Controls;
-    BindEntry(txtAddOp, boxes, BadLength, [&lists](const std::string& name) { lists.AddOp(name, 0, ""); });
-    BindEntry(txtAddImm, boxes, BadLength, [&lists](const std::string& name) { lists.AddImm(name, 0); });
+    BindEntry(txtAddOp, boxes, BadNameLength,
+              [&lists](const std::string& name) { lists.AddOp(name, 0, ""); });
+    BindEntry(txtAddImm, boxes, BadNameLength, [&lists](const std::string& name) { lists.AddImm(name, 0); });
     BindRemoval(controls.lstOps, [&lists](const std::string& name) { lists.RemoveOp(name, 0); });
     BindRemoval(controls.lstImms, [&lists](const std::string& name) { lists.RemoveImm(name, 0); });
 }

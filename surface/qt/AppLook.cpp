@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QProxyStyle>
+#include <QStyleOption>
+#include <QWidget>
 
 namespace halyard {
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// The window that edits the 124 templates of what the bot says, on 13 pages. Edits count only once they are set.
+// The window that edits the 124 templates of what the bot says, on 13 pages. Edits count only once they are
+// set.
 
 #include "platform/Controls.h"
 #include "surface/SurfaceContext.h"

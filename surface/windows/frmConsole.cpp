@@ -7,12 +7,12 @@
 #include "surface/look/ControlArrays.h"
 #include "surface/look/Theme.h"
 #include "surface/windows/Consoles.h"
+#include "surface/windows/LogLimit.h"
 
 namespace halyard {
 
 namespace {
 
-constexpr std::size_t LogLimit = 65535;
 /// Coming and going alone doesn't clear the log; this is for a room in which nobody ever talks.
 constexpr std::size_t QuietLimit = 16 * LogLimit;
 

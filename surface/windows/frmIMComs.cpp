@@ -3,12 +3,12 @@
 #include "state/Options.h"
 #include "surface/WindowHost.h"
 #include "surface/look/Theme.h"
+#include "surface/windows/LogLimit.h"
 
 namespace halyard {
 
 namespace {
 
-constexpr std::size_t LogLimit = 65535;
 constexpr const char* TurnOn = "Turn On IMComs";
 constexpr const char* TurnOff = "Turn Off IMComs";
 

@@ -15,8 +15,8 @@ namespace halyard {
 
 namespace {
 
-constexpr int Pages = 3;
-constexpr std::array<const char*, Pages> Captions{"Op Locks", "Imm Locks", "Ban Locks"};
+constexpr int LockPages = 3;
+constexpr std::array<const char*, LockPages> Captions{"Op Locks", "Imm Locks", "Ban Locks"};
 
 template <typename List>
 void Copy(const List& from, ListBox& to) {
@@ -28,8 +28,8 @@ void Copy(const List& from, ListBox& to) {
 
 frmLocks::frmLocks(const SurfaceContext& context) : context(context) {
     form.SetVisible(false);
-    cmdNext.Click = [this] { ShowPage((shownPage + 1) % Pages); };
-    cmdPrevious.Click = [this] { ShowPage((shownPage + Pages - 1) % Pages); };
+    cmdNext.Click = [this] { ShowPage((shownPage + 1) % LockPages); };
+    cmdPrevious.Click = [this] { ShowPage((shownPage + LockPages - 1) % LockPages); };
     BindLists();
 }
 

@@ -2,14 +2,9 @@
 
 #include "surface/WindowHost.h"
 #include "surface/look/Theme.h"
+#include "surface/windows/LogLimit.h"
 
 namespace halyard {
-
-namespace {
-
-constexpr std::size_t LogLimit = 65535; // months of attempts must not fill the memory
-
-} // namespace
 
 frmNotice::frmNotice(const SurfaceContext& context) : context(context) {
     form.SetVisible(false);

@@ -8,7 +8,7 @@
 namespace halyard {
 namespace {
 
-using Texts = std::vector<std::string>;
+using Words = std::vector<std::string>;
 
 std::string FirstWordByTrying(const IndexedList& words, const std::string& text) {
     for (const auto& word : words)
@@ -16,8 +16,8 @@ std::string FirstWordByTrying(const IndexedList& words, const std::string& text)
     return {};
 }
 
-Texts MatchesByTrying(const IndexedList& masks, const std::string& name) {
-    Texts all;
+Words MatchesByTrying(const IndexedList& masks, const std::string& name) {
+    Words all;
     for (const auto& mask : masks)
         if (mask.find('*') == std::string::npos ? mask == name : ContainsNoCase(name, Replace(mask, "*", "")))
             all.push_back(mask);

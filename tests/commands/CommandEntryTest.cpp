@@ -83,7 +83,7 @@ TEST_F(CommandEntry, Ghosts) {
     Play("Casper", "hello -> ban casper # success says nothing, on purpose");
     Play("OnlineHost", R"(has entered ->
                           Holy Rolled 2 dice ->
-                          <b>Al Bo</b> ROLLED 2 dice -> ban albo | ban albo | 106 albo=2=dice # the word ban too)");
+                          <b>Al Bo</b> ROLLED 2 dice -> ban albo | ban albo | 106 albo=2=dice # by word)");
     Play("Holy", "hello -> ban holy # a direct ghost's immunity isn't asked, on purpose");
     EXPECT_EQ(Answers("GhostOp", "help").size(), 2U) << "banned, and heard";
 }

@@ -56,7 +56,7 @@ TEST_F(EnforcementTest, UnbanByPart) {
     Room().EjectListIndex = 1;
     for (const char* name : {"troll1", "troll2", "gremlin"}) list.AddEject(name);
     Judge(R"(unban troll -> unban troll1
-             unban troll,TROLL,troll -> unban troll1 | unban troll2 | unban troll # next match, then the text)");
+             unban troll,TROLL,troll -> unban troll1 | unban troll2 | unban troll # match, match, text)");
     options.ChainOn[4] = true;
     options.LockBans.Add("*2");
     Judge("unban troll,troll1,other -> 115 troll2==*2 | unban troll1 | unban other");

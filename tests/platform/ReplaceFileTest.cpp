@@ -1,5 +1,5 @@
-// How a file is replaced, and the disk on which that is tried. tests/state/NothingLostTest.cpp lets every step
-// of it fail, for each of the files that there are.
+// How a file is replaced, and the disk on which that is tried. tests/state/NothingLostTest.cpp lets every
+// step of it fail, for each of the files that there are.
 
 #include "platform/sim/SimFiles.h"
 

@@ -1,5 +1,5 @@
-// Two ends of a simulated connection that write down what happens to them, with the moment. The sweeps of whole
-// evenings in tests/soak let sends and connects fail.
+// Two ends of a simulated connection that write down what happens to them, with the moment. The sweeps of
+// whole evenings in tests/soak let sends and connects fail.
 
 #include "platform/sim/SimServer.h"
 #include "platform/sim/SimSocket.h"

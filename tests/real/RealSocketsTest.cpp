@@ -1,5 +1,6 @@
 // The whole bot and the practice network over real sockets, with a relay in between that cuts, stalls and
-// resets. Timers run in virtual time that the test moves on; everything else is waited for in the message loop.
+// resets. Timers run in virtual time that the test moves on; everything else is waited for in the message
+// loop.
 
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-// A TCP relay between the bot and the service: it passes streams on in random pieces, lets them stand still and
-// resets them. Its port takes the place of the service's own. The test's machine owns the one.
+// A TCP relay between the bot and the service: it passes streams on in random pieces, lets them stand still
+// and resets them. Its port takes the place of the service's own. The test's machine owns the one.
 
 #include "platform/Socket.h"
 

@@ -1,4 +1,4 @@
-#include "RoomScenario.h"
+#include "tests/rooms/RoomScenario.h"
 
 namespace halyard {
 

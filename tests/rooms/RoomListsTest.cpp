@@ -1,5 +1,5 @@
-#include "RoomScenario.h"
 #include "rooms/TimeBan.h"
+#include "tests/rooms/RoomScenario.h"
 
 namespace halyard {
 

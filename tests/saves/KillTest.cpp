@@ -1,5 +1,5 @@
-// A real process is killed at random moments while it saves its settings, two hundred times over: what lies on the disk
-// is always one whole file, the old one or the new.
+// A real process is killed at random moments while it saves its settings, two hundred times over: what lies
+// on the disk is always one whole file, the old one or the new.
 
 #include "oscar/TillerSock.h"
 #include "platform/qt/PosixFiles.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-// An evening of the whole bot in which anything may fail: it signs on, joins a room, bans for an op, saves, loses
-// its connection, comes back and loads. An operator sits by who tries again what did not come about.
+// An evening of the whole bot in which anything may fail: it signs on, joins a room, bans for an op, saves,
+// loses its connection, comes back and loads. An operator sits by who tries again what did not come about.
 
 #include "state/SettingsWriter.h"
 #include "tests/surface/DeskScene.h"

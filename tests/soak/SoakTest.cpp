@@ -1,5 +1,5 @@
-// Short runs of the soak: they hold at every level of faults, and a seed repeats itself. The watches are shown
-// what they must not let pass.
+// Short runs of the soak: they hold at every level of faults, and a seed repeats itself. The watches are
+// shown what they must not let pass.
 
 #include "rooms/TimeBan.h"
 #include "soak/Plan.h"

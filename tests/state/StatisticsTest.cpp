@@ -5,7 +5,7 @@ namespace halyard {
 
 namespace {
 
-constexpr const char* Path = "/state/StatsStore.dat";
+constexpr const char* StatsPath = "/state/StatsStore.dat";
 constexpr const char* Remark =
     "NOTE: Congrats on finding the hidden stats file used in Halyard 2.0! (Unless someone else told you or I "
     "got bored and gave it out) Anyways, don't go editing this file. It defeats the purpose of me having to "
@@ -47,7 +47,7 @@ TEST_F(Statistics, FileIsWrittenInItsOrderAndTakenBack) {
     EXPECT_TRUE(file.Load()) << "there is none yet";
     for (int index = 7; index <= 20; ++index) counters.SetKept(index, index * 1000.5);
     ASSERT_TRUE(file.Write());
-    const std::string written = platform.disk.Contents(Path);
+    const std::string written = platform.disk.Contents(StatsPath);
     EXPECT_EQ(
         written,
         Replace("version:2.0_1.0.0|totalopen:7003.5|totallogin:8004|totalchatjoin:9004.5|totalcommand:10005|"
@@ -60,12 +60,13 @@ TEST_F(Statistics, FileIsWrittenInItsOrderAndTakenBack) {
     EXPECT_TRUE(file.Load());
     EXPECT_EQ(counters.Kept(20), 20010);
     ASSERT_TRUE(file.Write());
-    EXPECT_EQ(platform.disk.Contents(Path), written);
+    EXPECT_EQ(platform.disk.Contents(StatsPath), written);
 }
 
 TEST_F(Statistics, UnreadableNumbersLeaveCountersAsTheyWere) {
-    platform.disk.Put(Path, "version:2.0_1.0.0\ntotalban:many\ntotalopen:\ntotallogin:1e999\ntotalunbans\n"
-                            "TotalCommand:5\ntotalbanattempt: 7 \nop:9");
+    platform.disk.Put(StatsPath,
+                      "version:2.0_1.0.0\ntotalban:many\ntotalopen:\ntotallogin:1e999\ntotalunbans\n"
+                      "TotalCommand:5\ntotalbanattempt: 7 \nop:9");
     counters.SetKept(12, 3);
     EXPECT_TRUE(file.Load());
     EXPECT_EQ(counters.Kept(12), 3);
@@ -75,9 +76,9 @@ TEST_F(Statistics, UnreadableNumbersLeaveCountersAsTheyWere) {
 
 TEST_F(Statistics, AnotherVersionIsEmptiedAndEndsTheStart) {
     for (const char* bytes : {"version:1.0\r\ntotalban:5\r\n", "", "\r\n"}) {
-        platform.disk.Put(Path, bytes);
+        platform.disk.Put(StatsPath, bytes);
         EXPECT_FALSE(file.Load());
-        EXPECT_EQ(platform.disk.Contents(Path), "\r\n");
+        EXPECT_EQ(platform.disk.Contents(StatsPath), "\r\n");
         EXPECT_EQ(counters.Kept(12), 0);
     }
     EXPECT_TRUE(file.Write());

@@ -37,7 +37,8 @@ QCheckBox* BindCheck(CheckBox& box);
 /// The buttons side by side, each named like the group with its index.
 QWidget* BindOptions(OptionGroup& group, const std::string& name);
 
-/// Leaves the box in which somebody types, as going elsewhere would: its text counts before anything else acts.
+/// Leaves the box in which somebody types, as going elsewhere would: its text counts before anything else
+/// acts.
 void LeaveBox();
 
 QLineEdit* BindLine(TextBox& box, const std::string& name);

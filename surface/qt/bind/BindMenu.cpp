@@ -1,5 +1,6 @@
 #include "surface/qt/bind/Bind.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>

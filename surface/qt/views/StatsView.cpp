@@ -12,7 +12,7 @@ namespace halyard {
 
 namespace {
 
-constexpr int Rows = 11; // of counters
+constexpr int StatRows = 11; // of counters
 
 QWidget* RecentActions(frmMain& main) {
     auto* list = BindList(main.counters.lstActions, main.stats.FrameMisc[0].Caption());
@@ -27,11 +27,11 @@ QWidget* BasicStats(frmMain& main) {
     grid->setVerticalSpacing(3);
     for (int index = 0; index < Counters::StatCount; ++index) {
         const auto number = static_cast<std::size_t>(index);
-        const int column = index / Rows * 3;
+        const int column = index / StatRows * 3;
         auto* value = BindValue(main.counters.lblStat[number]);
         value->setAccessibleDescription(Shown(panel.lblMisc[number].Caption()));
-        grid->addWidget(BindLabel(panel.lblMisc[number]), index % Rows, column);
-        grid->addWidget(value, index % Rows, column + 1);
+        grid->addWidget(BindLabel(panel.lblMisc[number]), index % StatRows, column);
+        grid->addWidget(value, index % StatRows, column + 1);
     }
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(4, 1);

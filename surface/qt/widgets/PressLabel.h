@@ -6,6 +6,7 @@
 #include "surface/qt/bind/Bind.h"
 
 #include <QAbstractButton>
+#include <QPainter>
 
 namespace halyard {
 
