@@ -21,13 +21,17 @@ void CheckJoiner(const CommandContext& context, std::int16_t intChatIndex, const
     auto& control = context.control;
     if (options.AutobanLevel == 1) {
         auto entry = options.Autobans.FirstMatch(name);
-        if (!entry.empty()) return control.BanUser(name, "ab", intChatIndex, entry);
+        if (!entry.empty()) {
+            control.BanUser(name, BanKind::Autoban, intChatIndex, entry);
+            return;
+        }
     }
     if (options.AutobanLevel == 2)
-        control.BanUser(name, "ab", intChatIndex, Everybody); // and the next tests run
-    if (options.BanAllICQs && IsNumeric(name)) return control.BanUser(name, "icq", intChatIndex);
-    if (options.CharBanOn && name.size() == static_cast<std::size_t>(options.CharBanNum))
-        control.BanUser(name, "char", intChatIndex);
+        control.BanUser(name, BanKind::Autoban, intChatIndex, Everybody); // and the next tests run
+    if (options.BanAllICQs && IsNumeric(name))
+        control.BanUser(name, BanKind::ICQ, intChatIndex);
+    else if (options.CharBanOn && name.size() == static_cast<std::size_t>(options.CharBanNum))
+        control.BanUser(name, BanKind::Char, intChatIndex);
 }
 
 } // namespace
@@ -63,10 +67,11 @@ void BanForWords(const CommandContext& context, const std::string& strUserNorm, 
     const auto& options = context.options;
     auto& control = context.control;
     if (CheckCollection(strUserNorm, options.Immunes)) return;
-    if (options.WordBanAll) return control.BanUser(strUserNorm, "aw", line.intChatIndex, Everybody);
-    if (!options.WordBanOn) return;
+    if (options.WordBanAll) control.BanUser(strUserNorm, BanKind::Autoword, line.intChatIndex, Everybody);
+    if (options.WordBanAll || !options.WordBanOn) return;
     auto word = options.Autowords.FirstWordIn(options.WordBanHTML ? line.raw : line.stripped);
-    if (!word.empty()) control.BanUser(strUserNorm, "aw", line.intChatIndex, Replace(word, "<", "&lt;"));
+    if (!word.empty())
+        control.BanUser(strUserNorm, BanKind::Autoword, line.intChatIndex, Replace(word, "<", "&lt;"));
 }
 
 void CommandEngine::ScanAutobansOnUnrate(std::int16_t intChatColIndex) {
@@ -76,7 +81,7 @@ void CommandEngine::ScanAutobansOnUnrate(std::int16_t intChatColIndex) {
     for (const auto& name : room->PeopleHere) {
         if (CheckCollection(name, options.Immunes)) continue;
         for (const auto& entry : options.Autobans.AllMatches(name)) // one ban for each entry, on purpose
-            context.control.BanUser(name, "ab", room->ChatIndex, entry);
+            context.control.BanUser(name, BanKind::Autoban, room->ChatIndex, entry);
     }
 }
 

@@ -34,7 +34,7 @@ bool HandleGhost(const CommandContext& context, std::string& strUserNorm, const 
         strUserNorm = UpTo(NormalizeName(line.stripped), "rolled");
         if (CheckCollection(strUserNorm, context.options.Immunes)) return false;
     }
-    context.control.BanUser(strUserNorm, "autogban", line.intChatIndex);
+    context.control.BanUser(strUserNorm, BanKind::AutoGhost, line.intChatIndex);
     return true;
 }
 

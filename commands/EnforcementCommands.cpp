@@ -15,7 +15,7 @@ namespace {
 void Enforce(const CommandContext& context, const CommandCall& call, const std::string& name) {
     bool kick = call.index == CcomKick;
     if (!CheckCollection(name, context.options.Immunes))
-        context.control.BanUser(name, kick ? "kick" : "ban", call.intChatIndex);
+        context.control.BanUser(name, kick ? BanKind::Kick : BanKind::Ban, call.intChatIndex);
     else if (kick)
         Reply(context, call, name, 36, "", "immunekick", "msg1");
     else
@@ -85,7 +85,7 @@ void Gban(const CommandContext& context, const CommandCall& call) {
         if (CheckCollection(target, context.options.Immunes))
             Reply(context, call, target, 47, "", "immunegban", "msg1");
         else
-            context.control.BanUser(target, "gban", call.intChatIndex);
+            context.control.BanUser(target, BanKind::Ghost, call.intChatIndex);
         return true;
     });
 }
@@ -101,7 +101,8 @@ void Unban(const CommandContext& context, const CommandCall& call) {
             targets.Exact(target);
         return true;
     });
-    for (const auto& name : targets.Names()) context.control.UnbanUser(name, "unban", call.intChatIndex);
+    for (const auto& name : targets.Names())
+        context.control.UnbanUser(name, BanKind::Unban, call.intChatIndex);
 }
 
 void Tban(const CommandContext& context, const CommandCall& call) {

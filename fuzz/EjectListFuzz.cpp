@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     desk.platform.disk.Put("/program/any.txt", std::string_view(reinterpret_cast<const char*>(data), size));
     ReadEjectLists(desk.platform, desk.control, panel, "/program/any.txt");
     fuzz::Require(WriteEjectLists(desk.platform, desk.control, "/program/again.txt"));
-    desk.control.BanUser("rowdy", "ban", 1);
+    desk.control.BanUser("rowdy", BanKind::Ban, 1);
     desk.Feed(1, fuzz::Snac("000E0001", HexToStr("0000")));
     desk.platform.dialogs.AnswerYes();
     if (ejects.lstEjectListChats.ListCount() > 0) ejects.lstEjectListChats.Select(0);

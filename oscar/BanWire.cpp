@@ -7,9 +7,6 @@
 #include "oscar/wire/TlvWalk.h"
 #include "rooms/TimeBan.h"
 
-#include <algorithm>
-#include <array>
-
 namespace halyard {
 
 namespace {
@@ -22,34 +19,34 @@ std::string GetReplyID(const std::string& strPacket) {
     return std::to_string(StrToWord(Mid(strPacket, RequestIDLowAt, 2)).value_or(0));
 }
 
-/// What a confirmed request of a kind leads to.
+/// What a confirmed request leads to.
 struct ReplyRule {
-    const char* strType;
     enum { Eject, Readmit, Kick } act;
     int chatSend; ///< 0: nothing is said
     const char* key;
     bool passesOther;
 };
 
-constexpr std::array<ReplyRule, 11> ReplyRules{{
-    {"ban", ReplyRule::Eject, 37, "banned", false},
-    {"unban", ReplyRule::Readmit, 41, "unbanned", false},
-    {"unbankick", ReplyRule::Readmit, 0, "", false},
-    {"kick", ReplyRule::Kick, 33, "kicked", false},
-    {"ab", ReplyRule::Eject, 105, "autobanned", true},
-    {"aw", ReplyRule::Eject, 106, "autowordbanned", true},
-    {"gban", ReplyRule::Eject, 44, "gbanned", false},
-    {"autogban", ReplyRule::Eject, 107, "ghostbanned", false},
-    {"char", ReplyRule::Eject, 108, "charbanned", false},
-    {"icq", ReplyRule::Eject, 109, "icqbanned", false},
-    {"tban", ReplyRule::Eject, 100, "tbanned", true},
-}};
-
-std::string RequestRecord(const std::string& strType, std::int16_t intChatIndex, std::int32_t id,
-                          const std::string& strUser, const std::string& strOther) {
-    return strType + ":" + std::to_string(intChatIndex) + ":" + std::to_string(id) + ":" + strUser + ":" +
-           strOther;
+ReplyRule RuleOf(BanKind kind) {
+    switch (kind) {
+    case BanKind::Ban: return {ReplyRule::Eject, 37, "banned", false};
+    case BanKind::Unban: return {ReplyRule::Readmit, 41, "unbanned", false};
+    case BanKind::UnbanKick: return {ReplyRule::Readmit, 0, "", false};
+    case BanKind::Kick: return {ReplyRule::Kick, 33, "kicked", false};
+    case BanKind::Autoban: return {ReplyRule::Eject, 105, "autobanned", true};
+    case BanKind::Autoword: return {ReplyRule::Eject, 106, "autowordbanned", true};
+    case BanKind::Ghost: return {ReplyRule::Eject, 44, "gbanned", false};
+    case BanKind::AutoGhost: return {ReplyRule::Eject, 107, "ghostbanned", false};
+    case BanKind::Char: return {ReplyRule::Eject, 108, "charbanned", false};
+    case BanKind::ICQ: return {ReplyRule::Eject, 109, "icqbanned", false};
+    case BanKind::TimeBan: break;
+    }
+    return {ReplyRule::Eject, 100, "tbanned", true};
 }
+
+// What a refusal says in TLV 0008.
+constexpr const char* NotOwner = "0048";
+constexpr const char* IsOwner = "0049";
 
 std::string BanRequest(const char* head, std::int32_t id, const std::string& strUser) {
     return HexToStr(head) + WordToStr(id) + MakeTLV("0001", 2, strUser);
@@ -64,34 +61,36 @@ void TillerSock::UpdateRequestID() {
     CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
 }
 
-void TillerSock::BanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
-                         const std::string& strOther) {
+BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                               const std::string& strOther) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return;
+    if (!room || room->IsRated(1)) return BanOutcome::Dropped;
     events.UpdatedStats("totalbanattempt");
     if (room->tmrBan && room->tmrBan->Enabled()) {
-        room->QueueBan(strUser, intChatIndex, CurrentRequestID, strType, strOther);
+        room->QueueBan(strUser, intChatIndex, CurrentRequestID, kind, strOther);
         UpdateRequestID();
-        return;
+        return BanOutcome::Waiting;
     }
     auto frame = BanRequest(BanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
-                 RequestRecord(strType, intChatIndex, CurrentRequestID, strUser, strOther));
+                 BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
     if (room->tmrBan) room->tmrBan->SetEnabled(true);
+    return BanOutcome::Asked;
 }
 
-void TillerSock::UnbanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
-                           const std::string& strOther) {
+BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                                 const std::string& strOther) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return;
+    if (!room || room->IsRated(1)) return BanOutcome::Dropped;
     events.UpdatedStats("totalunbanattempt");
     auto frame = BanRequest(UnbanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
-                 RequestRecord(strType, intChatIndex, CurrentRequestID, strUser, strOther));
+                 BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
+    return BanOutcome::Asked;
 }
 
 void TillerSock::CloseChat(std::int16_t intChatIndex) {
@@ -108,10 +107,6 @@ void TillerSock::StoreRequest(const std::string& strRequestID, const std::string
     RequestIDs.Add(strRecord, strRequestID);
 }
 
-void TillerSock::LiftBan(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex) {
-    UnbanUser(strUser, strType, intChatIndex);
-}
-
 void TillerSock::RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) {
     window.Unrated(intType, strChatName, intChatIndex);
 }
@@ -124,33 +119,36 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto body = Mid(strPacket, BodyAt);
     ClearTLVData();
     ParseTLVs(body, TLVData);
+    const auto refused = [&](int chatSend) {
+        PrepareSends("", "%p", ChatSends.Item(chatSend), "", "help", "msg3", GetChatIndex(intChatIndex));
+    };
     WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
         if (!pending.empty() && Room(intChatIndex)) {
-            auto position = GetChatIndex(intChatIndex);
             auto reason = StrToHex(Mid(value, 3, 2));
-            if (type.empty()) ActOnReply(pending[0], pending[3], pending[4], intChatIndex);
-            if (!type.empty() && reason == "0048")
-                PrepareSends("", "%p", ChatSends.Item(NotOwnerChatSend), "", "help", "msg3", position);
-            if (!type.empty() && reason == "0049")
-                PrepareSends("", "%p", ChatSends.Item(OwnerImmuneChatSend), "", "help", "msg3", position);
+            if (type.empty()) {
+                if (auto kind = BanKindOf(pending[0]))
+                    ActOnReply(*kind, pending[3], pending[4], intChatIndex);
+            } else if (reason == NotOwner) {
+                refused(NotOwnerChatSend);
+            } else if (reason == IsOwner) {
+                refused(OwnerImmuneChatSend);
+            }
         }
         RequestIDs.Remove(id);
         return true;
     });
 }
 
-void TillerSock::ActOnReply(const std::string& strType, const std::string& strUser,
-                            const std::string& strOther, std::int16_t intChatIndex) {
-    auto rule = std::find_if(ReplyRules.begin(), ReplyRules.end(),
-                             [&strType](const auto& candidate) { return strType == candidate.strType; });
-    if (rule == ReplyRules.end()) return;
-    if (rule->act == ReplyRule::Eject) AddEject(strUser, intChatIndex);
-    if (rule->act == ReplyRule::Readmit) RemoveEject(strUser, intChatIndex);
-    if (rule->act == ReplyRule::Kick) UnbanUser(strUser, "unbankick", intChatIndex);
-    if (rule->chatSend != 0)
-        PrepareSends(strUser, "%p", ChatSends.Item(rule->chatSend), rule->passesOther ? strOther : "",
-                     rule->key, "msg1", GetChatIndex(intChatIndex));
-    if (strType != "tban") return;
+void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
+                            std::int16_t intChatIndex) {
+    const auto rule = RuleOf(kind);
+    if (rule.act == ReplyRule::Eject) AddEject(strUser, intChatIndex);
+    if (rule.act == ReplyRule::Readmit) RemoveEject(strUser, intChatIndex);
+    if (rule.act == ReplyRule::Kick) UnbanUser(strUser, BanKind::UnbanKick, intChatIndex);
+    if (rule.chatSend != 0)
+        PrepareSends(strUser, "%p", ChatSends.Item(rule.chatSend), rule.passesOther ? strOther : "", rule.key,
+                     "msg1", GetChatIndex(intChatIndex));
+    if (kind != BanKind::TimeBan) return;
     auto room = Room(intChatIndex);
     if (!room) return;
     TimeBans.Add(NewTimeBan(strUser, room->ChatName, room->Exchange, room->Instance, intChatIndex, strOther));

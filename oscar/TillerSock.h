@@ -78,10 +78,14 @@ class TillerSock : public RoomHost {
     void DefaultChatSends();
 
     // Bans (BanWire.cpp, Ejects.cpp, TimeBans.cpp).
-    void BanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
-                 const std::string& strOther = {});
-    void UnbanUser(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex,
-                   const std::string& strOther = {});
+    /// Asks the room at this socket slot to ban `strUser` (000E 0024), or lets the request wait while the
+    /// room's ban pause runs. `strOther` is what the kind's chatsend tells besides the name: the autoban or
+    /// autoword that matched, the minutes of a time ban. Every request spends a request id.
+    BanOutcome BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                       const std::string& strOther = {});
+    /// The same for letting in again (000E 0025), which never waits.
+    BanOutcome UnbanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                         const std::string& strOther = {});
     void CloseChat(std::int16_t intChatIndex);
     void TbanUser(const std::string& strUser, const std::string& strChatName, std::int16_t intExchange,
                   std::int16_t intInstance, std::int16_t intTime, std::int16_t intChatIndex);
@@ -118,7 +122,9 @@ class TillerSock : public RoomHost {
     void SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,
                         const std::string& strUser) override;
     void StoreRequest(const std::string& strRequestID, const std::string& strRecord) override;
-    void LiftBan(const std::string& strUser, const std::string& strType, std::int16_t intChatIndex) override;
+    void LiftBan(const std::string& strUser, std::int16_t intChatIndex) override {
+        UnbanUser(strUser, BanKind::Unban, intChatIndex);
+    }
     const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return EjectLists; }
     std::string ChatSendText(int number) const override { return ChatSends.Item(number); }
     void RoomRated(int intType, const std::string& strChatName) override {
@@ -189,7 +195,7 @@ class TillerSock : public RoomHost {
 
     // BanWire.cpp, Ejects.cpp.
     void HandleBanReply(int Index, const std::string& strPacket);
-    void ActOnReply(const std::string& strType, const std::string& strUser, const std::string& strOther,
+    void ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
                     std::int16_t intChatIndex);
     void AddEject(const std::string& strUser, std::int16_t intChatIndex);
     void RemoveEject(const std::string& strUser, std::int16_t intChatIndex);

@@ -21,7 +21,7 @@ void TillerSock::TbanUser(const std::string& strUser, const std::string& strChat
                      GetChatIndex(intChatIndex));
         return;
     }
-    BanUser(strUser, "tban", intChatIndex, std::to_string(intTime));
+    BanUser(strUser, BanKind::TimeBan, intChatIndex, std::to_string(intTime));
 }
 
 void TillerSock::CheckTimeBans() {
@@ -35,7 +35,7 @@ void TillerSock::CheckTimeBans() {
         // A room that is gone gives position 0, and the line goes to all rooms.
         PrepareSends(tick.user, "%p", ChatSends.Item(TimeBanOver), tick.minutes, "untbanned", "msg1",
                      GetChatIndex(tick.intChatIndex));
-        UnbanUser(tick.user, "unbankick", tick.intChatIndex);
+        UnbanUser(tick.user, BanKind::UnbanKick, tick.intChatIndex);
     }
     if (auto timer = timers.TimeBanTimer(); timer && TimeBans.Count() == 0) timer->SetEnabled(false);
 }

@@ -21,9 +21,8 @@ int BanInterval(float sngBanPause) {
 } // namespace
 
 void Chats::QueueBan(const std::string& strUser, std::int16_t intChatIndex, std::int32_t lngRequestID,
-                     const std::string& strType, const std::string& strOther) {
-    BanQueue.Add(strType + ":" + std::to_string(intChatIndex) + ":" + std::to_string(lngRequestID) + ":" +
-                 strUser + ":" + strOther);
+                     BanKind kind, const std::string& strOther) {
+    BanQueue.Add(BanRecord(kind, intChatIndex, lngRequestID, strUser, strOther));
 }
 
 void Chats::CheckBanQueue() {
@@ -37,27 +36,27 @@ void Chats::CheckBanQueue() {
 void Chats::BanNextUser() {
     if (!blnRated[1]) {
         if (BanQueue.Count() == 0)
-            EndBanPause();
+            StopBanPause();
         else
             SendOldestBan();
     }
     lngBanTicks = 0;
 }
 
-void Chats::EndBanPause() {
+/// The next one takes its whole time.
+void Chats::StopBanPause() {
     if (tmrBan) tmrBan->SetEnabled(false);
     SetBanInterval();
 }
 
 void Chats::SendOldestBan() {
-    auto fields = Split(BanQueue.Item(1), ":", 5);
+    const auto record = BanQueue.Item(1);
+    auto fields = Split(record, ":", 5);
     fields.resize(5);
     const auto& strRequestID = fields[2];
-    const auto& strUser = fields[3];
-    host.StoreRequest(strRequestID,
-                      fields[0] + ":" + fields[1] + ":" + strRequestID + ":" + strUser + ":" + fields[4]);
-    host.SendBanRequest(ChatIndex, strRequestID, strUser);
-    EndBanPause();
+    host.StoreRequest(strRequestID, record);
+    host.SendBanRequest(ChatIndex, strRequestID, fields[3]);
+    StopBanPause();
     if (tmrBan) tmrBan->SetEnabled(true);
     BanQueue.Remove(1);
 }

@@ -5,6 +5,7 @@
 // owns no socket.
 
 #include "base/Collection.h"
+#include "rooms/BanRequest.h"
 #include "rooms/Msgs.h"
 #include "rooms/TimerPool.h"
 
@@ -87,7 +88,7 @@ class Chats {
 
     /// Puts a request behind the others: kind, socket slot, request id, name and extra value, joined by ":".
     void QueueBan(const std::string& strUser, std::int16_t intChatIndex, std::int32_t lngRequestID,
-                  const std::string& strType, const std::string& strOther);
+                  BanKind kind, const std::string& strOther);
     /// Sends the oldest request and starts the pause anew, or ends the pause when none waits; while class 1
     /// is rated neither.
     void BanNextUser();
@@ -121,7 +122,7 @@ class Chats {
     void Drain(int Index, const std::string& strMsgType);
     // BanQueue.cpp
     void CheckBanQueue();
-    void EndBanPause();
+    void StopBanPause();
     void SendOldestBan();
     void SetBanInterval();
     // RateState.cpp

@@ -17,7 +17,7 @@ void EjectList::RemoveEject(const std::string& strUser) {
 void EjectList::UnbanAll(RoomHost& host) const {
     const auto names = Ejects; // lifting may change the list
     const auto intChatIndex = ChatIndex;
-    for (const auto& name : names) host.LiftBan(name, "unban", intChatIndex);
+    for (const auto& name : names) host.LiftBan(name, intChatIndex);
 }
 
 bool EjectList::IsOf(const std::string& strChatName, std::int16_t intExchange) const {

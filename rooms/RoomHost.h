@@ -27,8 +27,7 @@ class RoomHost {
     /// Remembers a request of five fields joined by ":" until its reply comes.
     virtual void StoreRequest(const std::string& strRequestID, const std::string& strRecord) = 0;
     /// An unban; never queued.
-    virtual void LiftBan(const std::string& strUser, const std::string& strType,
-                         std::int16_t intChatIndex) = 0;
+    virtual void LiftBan(const std::string& strUser, std::int16_t intChatIndex) = 0;
     virtual const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const = 0;
     /// The chatsend text at this number, 1 to 124.
     virtual std::string ChatSendText(int number) const = 0;

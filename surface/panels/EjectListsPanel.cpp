@@ -88,9 +88,10 @@ void EjectListsPanel::UnbanAllClicked() {
 void EjectListsPanel::mnuUnbanUser() {
     if (lstEjected.ListIndex() < 0) return;
     if (const auto room = RoomByName(context.control, ShownRoom()))
-        return context.control.UnbanUser(lstEjected.Text(), "unban", room->ChatIndex);
-    context.platform.Boxes().Error("Error", "Failed to unban user: No chat name matches the eject list. "
-                                            "Please unban manually or re-load bans.");
+        context.control.UnbanUser(lstEjected.Text(), BanKind::Unban, room->ChatIndex);
+    else
+        context.platform.Boxes().Error("Error", "Failed to unban user: No chat name matches the eject list. "
+                                                "Please unban manually or re-load bans.");
 }
 
 void EjectListsPanel::mnuRemoveEjectedList() {

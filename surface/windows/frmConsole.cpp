@@ -77,7 +77,7 @@ void frmConsole::Log(const std::string& line, std::size_t limit) {
 
 void frmConsole::Ban() {
     if (lstPeopleHere.ListIndex() < 0 || !OfItsRoom()) return;
-    context.control.BanUser(Replace(lstPeopleHere.Text(), " ", ""), "ban", ChatIndex);
+    context.control.BanUser(Replace(lstPeopleHere.Text(), " ", ""), BanKind::Ban, ChatIndex);
 }
 
 void frmConsole::Ignore() {

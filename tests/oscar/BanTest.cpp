@@ -39,14 +39,18 @@ TEST_F(BanWire, EveryKindOfReplyDoesWhatItsKindSays) {
           Case{"aw", "Word Banned: bob, matches: why, Bans: 1", true}, Case{"autogban", "", true},
           Case{"char", "Char Banned: bob, Bans: 1", true}, Case{"icq", "ICQ Banned: bob, Bans: 1", true},
           Case{"nonsense", "", false}}) {
-        control.BanUser("bob", type, 1, "why");
+        const auto kind = BanKindOf(type);
+        EXPECT_EQ(control.BanUser("bob", kind.value_or(BanKind::Ban), 1, "why"), BanOutcome::Asked);
+        const auto key = std::to_string(id);
+        EXPECT_EQ(control.RequestIDs.Item(key), (kind ? type : "ban") + (":1:" + key) + ":bob:why");
+        if (!kind) control.RequestIDs.Remove(key), control.RequestIDs.Add("nonsense:1:1:bob:", key);
         EXPECT_EQ(Sent(), (Lines{"ban " + std::to_string(id) + " bob"})) << type;
         Reply(id);
         EXPECT_EQ(Sent(), said.empty() ? Lines{} : Lines{"\xAB " + said + " \xBB"}) << type;
         EXPECT_EQ(control.RequestIDs.Count(), 0U);
         EXPECT_EQ(control.GetEjectList("DEN", 1).Count(), ejects ? 1U : 0U) << type;
         world.RunFor(20000);
-        control.UnbanUser("bob", "unbankick", 1);
+        control.UnbanUser("bob", BanKind::UnbanKick, 1);
         Reply(++id);
         EXPECT_EQ(control.GetEjectList("den", 1).Count(), 0U);
         Sent();
@@ -61,7 +65,8 @@ TEST_F(BanWire, RefusalsAreTold) {
         {"ban", "50", {}}};
     int id = 0;
     for (const auto& [type, word, told] : cases) {
-        type == std::string("ban") ? control.BanUser("bob", type, 1) : control.UnbanUser("bob", type, 1);
+        const auto kind = BanKindOf(type).value();
+        kind == BanKind::Ban ? control.BanUser("bob", kind, 1) : control.UnbanUser("bob", kind, 1);
         EXPECT_EQ(Sent(), Lines{type + (" " + std::to_string(++id)) + " bob"});
         Reply(id, std::string("00080004000000") + word);
         EXPECT_EQ(Sent(), told);
@@ -76,9 +81,9 @@ TEST_F(BanWire, RefusalsAreTold) {
 
 TEST_F(BanWire, IdsAreSpentByQueuedBansTooAndWrapBehind65535) {
     control.CurrentRequestID = 65534;
-    control.BanUser("a", "ban", 1);
-    control.BanUser("b", "ban", 1); // waits: its id is fixed now
-    control.BanUser("c", "ban", 1);
+    control.BanUser("a", BanKind::Ban, 1);
+    EXPECT_EQ(control.BanUser("b", BanKind::Ban, 1), BanOutcome::Waiting); // waits: its id is fixed now
+    control.BanUser("c", BanKind::Ban, 1);
     EXPECT_EQ(control.RequestIDs.Count(), 1U);
     EXPECT_EQ(control.CurrentRequestID, 2);
     world.RunFor(5000);
@@ -107,7 +112,7 @@ TEST_F(BanWire, ATimeBanOfOneMinuteLiftsItselfAfter62Seconds) {
 }
 
 TEST_F(BanWire, AListOutlivesItsRoomAndStaysOfItsExchange) {
-    control.BanUser("bob", "ban", 1);
+    control.BanUser("bob", BanKind::Ban, 1);
     Reply(1);
     control.LeaveChat(1);
     OpenRoom("D en");
@@ -115,7 +120,7 @@ TEST_F(BanWire, AListOutlivesItsRoomAndStaysOfItsExchange) {
     control.Chat.Item(1)->Exchange = 5;
     control.Chat.Item(1)->EjectListIndex = 0;
     room = peers.back().get();
-    control.BanUser("ann", "ban", 1);
+    control.BanUser("ann", BanKind::Ban, 1);
     Reply(2);
     EXPECT_EQ(control.EjectLists.Count(), 2U);
     EXPECT_EQ(control.Chat.Item(1)->EjectListIndex, 2);

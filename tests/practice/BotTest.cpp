@@ -46,16 +46,16 @@ TEST(Bot, JoinsHearsBansAndIsRefused) {
         EXPECT_TRUE(stage.Until("UpdatedStats|#ofownedchats"));
         EXPECT_TRUE(stage.Until("ChatMessage|2|alice|ban bob"));
         EXPECT_TRUE(stage.Until("InstantMessage|carol|1:status|1"));
-        stage.control.BanUser("bob", "ban", 2);
+        stage.control.BanUser("bob", BanKind::Ban, 2);
         EXPECT_TRUE(stage.Until("AddedEject|bob"));
         EXPECT_TRUE(stage.Until("UserLeftChat|2|bob"));
         EXPECT_TRUE(stage.network.IsBanned("myroom", "bob"));
-        stage.control.UnbanUser("bob", "unban", 2);
+        stage.control.UnbanUser("bob", BanKind::Unban, 2);
         EXPECT_TRUE(stage.Until("RemovedEject|bob"));
         stage.network.Levers().SetOwner("myroom", "alice");
         auto said = stage.journal.size();
         stage.world.RunFor(12000);
-        stage.control.BanUser("carol", "ban", 2);
+        stage.control.BanUser("carol", BanKind::Ban, 2);
         stage.world.RunFor(2000);
         EXPECT_FALSE(stage.network.IsBanned("myroom", "carol"));
         EXPECT_TRUE(std::any_of(

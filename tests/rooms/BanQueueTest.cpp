@@ -8,8 +8,8 @@ class BanQueue : public RoomScenario {
   protected:
     Chats& Open(float pause) {
         auto& room = OpenRoom("Lobby", 3, pause);
-        room.QueueBan("bob", 3, 8, "ban", "");
-        room.QueueBan("cid", 3, 9, "ab", "c*");
+        room.QueueBan("bob", 3, 8, BanKind::Ban, "");
+        room.QueueBan("cid", 3, 9, BanKind::Autoban, "c*");
         room.tmrBan->SetEnabled(true); // a first ban has gone out at once
         return room;
     }

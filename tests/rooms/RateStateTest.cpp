@@ -14,11 +14,11 @@ class RateState : public RoomScenario {
 };
 
 TEST_F(RateState, BanningComesBackAfterTheLimit) {
-    room.QueueBan("bob", 3, 7, "ban", "");
+    room.QueueBan("bob", 3, 7, BanKind::Ban, "");
     room.tmrBan->SetEnabled(true);
     room.RateNotice(2, 1);
     room.RateNotice(3, 1); // one notice only
-    room.QueueBan("cid", 3, 8, "ban", "");
+    room.QueueBan("cid", 3, 8, BanKind::Ban, "");
     room.BanNextUser();
     EXPECT_EQ(room.BanQueue.Count(), 1U) << "waits, bob is gone";
     EXPECT_TRUE(room.IsRated(1));

@@ -23,7 +23,7 @@ TEST_F(RoomLists, KeepNamesOnceUnderTheirNormalForm) {
     }
     EXPECT_EQ(room.PeopleHere.Count(), 2U);
     list.UnbanAll(host);
-    Heard(Second(), "0 lift 7 unban someuser; 0 lift 7 unban cid");
+    Heard(Second(), "0 lift 7 someuser; 0 lift 7 cid");
     EXPECT_EQ(list.GetEjects().Count(), 2U); // they go when the service answers
     EXPECT_TRUE(list.IsOf("myROOM", 5));
     EXPECT_FALSE(list.IsOf("myroom", 4) || list.IsOf("myroom2", 5));

@@ -47,8 +47,8 @@ class RecordingHost : public RoomHost {
     void StoreRequest(const std::string& id, const std::string& record) override {
         Note("store " + id + " " + record);
     }
-    void LiftBan(const std::string& user, const std::string& type, std::int16_t room) override {
-        Note("lift " + std::to_string(room) + " " + type + " " + user);
+    void LiftBan(const std::string& user, std::int16_t room) override {
+        Note("lift " + std::to_string(room) + " " + user);
     }
     const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return lists; }
     std::string ChatSendText(int number) const override { return texts.Item(number); }

@@ -64,7 +64,7 @@ TEST_F(Panels, ARoomIsShownLeftAndClosed) {
     for (int row : {1, 2, 4, 5, 6, 8, 9})
         rows.push_back(window.chats.lblChatData[static_cast<std::size_t>(row)].Caption());
     EXPECT_EQ(rows, (Lines{"4", "0", "2", "[You]", "[None]", "48 + 2", "2"}));
-    control.BanUser("opal", "ban", control.Chat.Item(1)->ChatIndex);
+    control.BanUser("opal", BanKind::Ban, control.Chat.Item(1)->ChatIndex);
     Wait(5);
     window.chats.lstChats.Select(-1);
     window.chats.lstChats.Select(0);
