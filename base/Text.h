@@ -52,7 +52,9 @@ std::string StripHTML(std::string_view text);
 /// "d"). 0 when it begins with none; an exponent out of all bounds gives infinity or 0.
 double Val(std::string_view text);
 
-/// True when the whole of `text`, blanks at its ends aside, is such a number.
+/// The whole of `text`, blanks at its ends aside, as such a number; nothing when it isn't one.
+std::optional<double> ToNumber(std::string_view text);
+/// True when ToNumber gives one.
 bool IsNumeric(std::string_view text);
 
 /// The whole of `text` as an integer, a half rounded to the even number; nothing when it is no number or does

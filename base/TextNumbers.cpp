@@ -83,13 +83,6 @@ double ValueOf(const Number& number) {
     return form[0] == '-' ? -value : value;
 }
 
-std::optional<double> ToNumber(std::string_view text) {
-    auto trimmed = Trim(text);
-    auto number = ReadNumber(trimmed);
-    if (number.form.empty() || number.length != trimmed.size()) return std::nullopt;
-    return ValueOf(number);
-}
-
 template <typename Integer>
 std::optional<Integer> RoundTo(double value) {
     auto rounded = std::nearbyint(value);
@@ -116,6 +109,13 @@ double Val(std::string_view text) {
     std::string packed(text);
     std::erase(packed, ' ');
     return ValueOf(ReadNumber(packed));
+}
+
+std::optional<double> ToNumber(std::string_view text) {
+    auto trimmed = Trim(text);
+    auto number = ReadNumber(trimmed);
+    if (number.form.empty() || number.length != trimmed.size()) return std::nullopt;
+    return ValueOf(number);
 }
 
 bool IsNumeric(std::string_view text) { return ToNumber(text).has_value(); }

@@ -1,7 +1,7 @@
 #include "soak/DayRecord.h"
 
 #include "platform/sim/SimFiles.h"
-#include "surface/frmMain.h"
+#include "surface/EachControl.h"
 
 namespace halyard {
 

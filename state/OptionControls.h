@@ -76,4 +76,22 @@ struct OptionControls {
     CheckBox chkStrikethrough{"chkStrikethrough", "Strikethrough"};
 };
 
+/// The controls of the option model.
+template <typename Visit>
+void EachOptionControl(OptionControls& c, Visit&& visit) {
+    visit(c.txtSN), visit(c.txtPW), visit(c.cmbServer), visit(c.txtPort), visit(c.chkMD5Login);
+    visit(c.chkFullCaps), visit(c.chkSecureIM), visit(c.chkAutoLogin), visit(c.chkNotify);
+    visit(c.txtChat), visit(c.txtEx), visit(c.txtInstance), visit(c.chkAutoOwner);
+    visit(c.chkRejoinKick), visit(c.chkRejoinError), visit(c.lstOps), visit(c.lstImms);
+    visit(c.chkAutoImm), visit(c.lstABs), visit(c.lstAWs), visit(c.optAB), visit(c.chkAWOn);
+    visit(c.chkIncludeHTML), visit(c.chkWordBanAll), visit(c.chkBanGhosters), visit(c.chkBanICQs);
+    visit(c.chkCharBan), visit(c.txtCharBan), visit(c.chkChatSendOn), visit(c.chkAutoUnrate);
+    visit(c.chkABOnUnrate), visit(c.txtUnrate), visit(c.chkAutoSave), visit(c.txtAutoSaveFile);
+    visit(c.chkAutoSaveBans), visit(c.txtEjectListFileName), visit(c.txtCurrentUser), visit(c.txtBP);
+    visit(c.txtBGColor), visit(c.txtFontColor), visit(c.txtFontType), visit(c.chkBold);
+    visit(c.chkItalics), visit(c.chkUnderline), visit(c.chkStrikethrough);
+    for (auto& box : c.chkPartial) visit(box);
+    for (auto& box : c.chkChain) visit(box);
+}
+
 } // namespace halyard

@@ -99,8 +99,4 @@ bool IsListName(const std::string& name) {
     return name.size() >= 2 && name.size() <= 100 && !NormalizeName(name).empty();
 }
 
-std::optional<double> ToNumber(const std::string& value) {
-    return IsNumeric(value) ? std::optional(Val(value)) : std::nullopt;
-}
-
 } // namespace halyard

@@ -29,7 +29,5 @@ void ReadOption(SettingsReading& reading, const Option& option, const std::strin
 
 /// True for a name that lists take: 2 to 100 characters, and not blanks alone.
 bool IsListName(const std::string& name);
-/// The whole of `value` as a number; nothing when it isn't one.
-std::optional<double> ToNumber(const std::string& value);
 
 } // namespace halyard

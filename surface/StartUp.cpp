@@ -1,6 +1,6 @@
 // From the program's start to its first idle moment.
 
-#include "surface/frmMain.h"
+#include "surface/EachControl.h"
 #include "surface/look/Theme.h"
 
 namespace halyard {

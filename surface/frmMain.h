@@ -94,7 +94,8 @@ class frmMain : private TillerEvents, private MainWindowLink, private CommandHos
     /// Hides all panels but this one; 0 to 6.
     void ShowPanel(std::int16_t index);
 
-    /// Every control that the main window shows, the option model's included, menus excepted.
+    /// Every control that the main window shows, the option model's included, menus excepted. It stands in
+    /// surface/EachControl.h.
     template <typename Visit>
     void EachControl(Visit&& visit);
 
@@ -151,41 +152,5 @@ class frmMain : private TillerEvents, private MainWindowLink, private CommandHos
     void LockRemoved(LockKind kind, Text name) override { locksWindow.LockRemoved(kind, name); }
     void SetUserInfoTimer(bool enabled) override { tmrTimeout->SetEnabled(enabled); }
 };
-
-/// The controls of the option model.
-template <typename Visit>
-void EachOptionControl(OptionControls& c, Visit&& visit) {
-    visit(c.txtSN), visit(c.txtPW), visit(c.cmbServer), visit(c.txtPort), visit(c.chkMD5Login);
-    visit(c.chkFullCaps), visit(c.chkSecureIM), visit(c.chkAutoLogin), visit(c.chkNotify);
-    visit(c.txtChat), visit(c.txtEx), visit(c.txtInstance), visit(c.chkAutoOwner);
-    visit(c.chkRejoinKick), visit(c.chkRejoinError), visit(c.lstOps), visit(c.lstImms);
-    visit(c.chkAutoImm), visit(c.lstABs), visit(c.lstAWs), visit(c.optAB), visit(c.chkAWOn);
-    visit(c.chkIncludeHTML), visit(c.chkWordBanAll), visit(c.chkBanGhosters), visit(c.chkBanICQs);
-    visit(c.chkCharBan), visit(c.txtCharBan), visit(c.chkChatSendOn), visit(c.chkAutoUnrate);
-    visit(c.chkABOnUnrate), visit(c.txtUnrate), visit(c.chkAutoSave), visit(c.txtAutoSaveFile);
-    visit(c.chkAutoSaveBans), visit(c.txtEjectListFileName), visit(c.txtCurrentUser), visit(c.txtBP);
-    visit(c.txtBGColor), visit(c.txtFontColor), visit(c.txtFontType), visit(c.chkBold);
-    visit(c.chkItalics), visit(c.chkUnderline), visit(c.chkStrikethrough);
-    for (auto& box : c.chkPartial) visit(box);
-    for (auto& box : c.chkChain) visit(box);
-}
-
-template <typename Visit>
-void frmMain::EachControl(Visit&& visit) {
-    visit(form);
-    for (auto& frame : FrameTabs) visit(frame);
-    EachOptionControl(options.Controls, visit);
-    for (auto& label : counters.lblStat) visit(label);
-    visit(counters.lstActions);
-    slide.EachControl(visit);
-    rates.EachControl(visit);
-    connection.EachControl(visit);
-    chats.EachControl(visit);
-    people.EachControl(visit);
-    autobans.EachControl(visit);
-    ejects.EachControl(visit);
-    stats.EachControl(visit);
-    other.EachControl(visit);
-}
 
 } // namespace halyard

@@ -3,8 +3,6 @@
 #include "base/Text.h"
 #include "platform/Platform.h"
 #include "state/Options.h"
-#include "surface/WindowHost.h"
-#include "surface/look/Theme.h"
 
 #include <array>
 
@@ -18,7 +16,7 @@ constexpr std::array<std::size_t, CcomCount> LabelIndices{
 
 } // namespace
 
-frmCcoms::frmCcoms(const SurfaceContext& context) : context(context) {
+frmCcoms::frmCcoms(const SurfaceContext& context) : Opened(context) {
     form.SetVisible(false);
     chkComments.ToolTip = "This let's you comment after a ccom, such as \"ban user/comment\".";
     cmdSetCcoms.Click = [this] { SetClicked(); };
@@ -29,22 +27,12 @@ const Label& frmCcoms::LabelOf(int ccom) const {
     return lblMisc[LabelIndices[static_cast<std::size_t>(ccom)]];
 }
 
-void frmCcoms::Show() {
-    if (Loaded()) return context.windows.Focus(form);
-    chkComments.SetValue(0);
-    Fill();
-    EachControl(Theme());
-    form.SetVisible(true);
-    context.windows.Show(form);
-}
-
-void frmCcoms::Form_Unload() {
-    if (!Loaded()) return;
-    form.SetVisible(false);
-    context.windows.Unload(form);
-}
-
 void frmCcoms::Fill() {
+    chkComments.SetValue(0);
+    ShowTexts();
+}
+
+void frmCcoms::ShowTexts() {
     const auto& ccoms = context.options.Ccoms;
     for (int index = 0; auto& box : txtCcom) box.SetText(ccoms.GetCcom(index++));
     if (ccoms.GetCcomComments()) chkComments.SetValue(1);
@@ -66,7 +54,7 @@ void frmCcoms::SetClicked() {
 void frmCcoms::ResetClicked() {
     context.options.Ccoms.DefaultCcoms();
     chkComments.SetValue(0);
-    Fill();
+    ShowTexts();
 }
 
 } // namespace halyard

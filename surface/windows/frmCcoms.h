@@ -4,14 +4,14 @@
 
 #include "platform/Controls.h"
 #include "state/CcomTable.h"
-#include "surface/SurfaceContext.h"
 #include "surface/look/ControlArrays.h"
+#include "surface/windows/Opened.h"
 
 #include <deque>
 
 namespace halyard {
 
-class frmCcoms {
+class frmCcoms : public Opened<frmCcoms> {
   public:
     explicit frmCcoms(const SurfaceContext& context);
 
@@ -29,10 +29,6 @@ class frmCcoms {
     Button cmdSetCcoms{"cmdSetCcoms", "Set Ccoms"};
     Button cmdResetCcoms{"cmdResetCcoms", "Reset Ccoms"};
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
     /// The label beside the box of this ccom.
     const Label& LabelOf(int ccom) const;
 
@@ -44,11 +40,11 @@ class frmCcoms {
     }
 
   private:
+    friend class Opened<frmCcoms>;
     void Fill();
+    void ShowTexts();
     void SetClicked();
     void ResetClicked();
-
-    const SurfaceContext& context;
 };
 
 } // namespace halyard

@@ -2,8 +2,6 @@
 
 #include "oscar/TillerSock.h"
 #include "platform/Platform.h"
-#include "surface/WindowHost.h"
-#include "surface/look/Theme.h"
 
 namespace halyard {
 
@@ -26,7 +24,7 @@ constexpr const char* HelpTexts[] = {
 
 } // namespace
 
-frmChatSends::frmChatSends(const SurfaceContext& context) : context(context) {
+frmChatSends::frmChatSends(const SurfaceContext& context) : Opened(context) {
     form.SetVisible(false);
     ShowPage(0);
     BindButtons();
@@ -42,27 +40,17 @@ void frmChatSends::BindButtons() {
     cmdSetChatsends.Click = [this] { SetClicked(); };
     cmdDefaultChatsends.Click = [this] {
         context.control.DefaultChatSends();
-        Fill();
+        ShowTexts();
     };
     cmdHelp.Click = [this] { HelpClicked(); };
 }
 
-void frmChatSends::Show() {
-    if (Loaded()) return context.windows.Focus(form);
-    Fill();
-    ShowPage(0);
-    EachControl(Theme());
-    form.SetVisible(true);
-    context.windows.Show(form);
-}
-
-void frmChatSends::Form_Unload() {
-    if (!Loaded()) return;
-    form.SetVisible(false);
-    context.windows.Unload(form);
-}
-
 void frmChatSends::Fill() {
+    ShowTexts();
+    ShowPage(0);
+}
+
+void frmChatSends::ShowTexts() {
     for (int number = 1; auto& box : txtChatSend) box.SetText(context.control.ChatSends.Item(number++));
 }
 

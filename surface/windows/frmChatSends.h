@@ -4,14 +4,14 @@
 // set.
 
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
 #include "surface/look/ControlArrays.h"
+#include "surface/windows/Opened.h"
 
 #include <deque>
 
 namespace halyard {
 
-class frmChatSends {
+class frmChatSends : public Opened<frmChatSends> {
   public:
     explicit frmChatSends(const SurfaceContext& context);
 
@@ -30,11 +30,6 @@ class frmChatSends {
     /// Of which page a box is.
     static int PageOf(int box) { return box / BoxesOnPage; }
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
-
     template <typename Visit>
     void EachControl(Visit&& visit) {
         visit(form), visit(cmdNext), visit(cmdPrevious), visit(cmdSetChatsends);
@@ -45,16 +40,16 @@ class frmChatSends {
     }
 
   private:
+    friend class Opened<frmChatSends>;
+    void Fill();
     static constexpr int BoxesOnPage = 10; // the last page has four
 
     void BindButtons();
-    void Fill();
+    void ShowTexts();
     void ShowPage(int page);
     int ShownPage() const;
     void SetClicked();
     void HelpClicked();
-
-    const SurfaceContext& context;
 };
 
 } // namespace halyard

@@ -3,14 +3,14 @@
 // The window that tells about the program.
 
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
 #include "surface/look/ControlArrays.h"
+#include "surface/windows/Opened.h"
 
 #include <deque>
 
 namespace halyard {
 
-class frmCredits {
+class frmCredits : public Opened<frmCredits> {
   public:
     explicit frmCredits(const SurfaceContext& context);
 
@@ -30,11 +30,6 @@ class frmCredits {
     Label lblBugs{"lblBugs", "Everybody who was banned by mistake"};
     Label lblSite{"lblSite", "halyard.home.arpa"};
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
-
     template <typename Visit>
     void EachControl(Visit&& visit) {
         visit(form), visit(FrameMain), visit(FrameAbout), visit(lblTitle), visit(lblProgram);
@@ -44,7 +39,8 @@ class frmCredits {
     }
 
   private:
-    const SurfaceContext& context;
+    friend class Opened<frmCredits>;
+    void Fill();
 };
 
 } // namespace halyard

@@ -1,8 +1,6 @@
 #include "surface/windows/frmIMComs.h"
 
 #include "state/Options.h"
-#include "surface/WindowHost.h"
-#include "surface/look/Theme.h"
 #include "surface/windows/LogLimit.h"
 
 namespace halyard {
@@ -14,7 +12,7 @@ constexpr const char* TurnOff = "Turn Off IMComs";
 
 } // namespace
 
-frmIMComs::frmIMComs(const SurfaceContext& context) : context(context) {
+frmIMComs::frmIMComs(const SurfaceContext& context) : Opened(context) {
     form.SetVisible(false);
     cmdIMComs.Click = [this] {
         // What the caption says, which is older than settings loaded since.
@@ -24,19 +22,9 @@ frmIMComs::frmIMComs(const SurfaceContext& context) : context(context) {
     cmdClear.Click = [this] { txtIMs.SetText(""); };
 }
 
-void frmIMComs::Show() {
-    if (Loaded()) return context.windows.Focus(form);
+void frmIMComs::Fill() {
     txtIMs.SetText("");
     ShowSwitch();
-    EachControl(Theme());
-    form.SetVisible(true);
-    context.windows.Show(form);
-}
-
-void frmIMComs::Form_Unload() {
-    if (!Loaded()) return;
-    form.SetVisible(false);
-    context.windows.Unload(form);
 }
 
 void frmIMComs::ShowSwitch() { cmdIMComs.SetCaption(context.options.IMComsOn ? TurnOff : TurnOn); }

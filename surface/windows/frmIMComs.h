@@ -3,13 +3,13 @@
 // The window that shows instant messages and turns commands by instant message on and off.
 
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
+#include "surface/windows/Opened.h"
 
 #include <string>
 
 namespace halyard {
 
-class frmIMComs {
+class frmIMComs : public Opened<frmIMComs> {
   public:
     explicit frmIMComs(const SurfaceContext& context);
 
@@ -18,10 +18,6 @@ class frmIMComs {
     Button cmdIMComs{"cmdIMComs", "Turn On IMComs"};
     Button cmdClear{"cmdClear", "Clear"};
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
     void IncomingIM(const std::string& strUser, const std::string& strMessage);
 
     template <typename Visit>
@@ -30,9 +26,9 @@ class frmIMComs {
     }
 
   private:
+    friend class Opened<frmIMComs>;
+    void Fill();
     void ShowSwitch();
-
-    const SurfaceContext& context;
 };
 
 } // namespace halyard

@@ -4,9 +4,7 @@
 #include "commands/CommandEngine.h"
 #include "platform/Platform.h"
 #include "state/Options.h"
-#include "surface/WindowHost.h"
 #include "surface/look/ControlArrays.h"
-#include "surface/look/Theme.h"
 #include "surface/panels/ListEntry.h"
 
 #include <array>
@@ -26,7 +24,7 @@ void Copy(const List& from, ListBox& to) {
 
 } // namespace
 
-frmLocks::frmLocks(const SurfaceContext& context) : context(context) {
+frmLocks::frmLocks(const SurfaceContext& context) : Opened(context) {
     form.SetVisible(false);
     cmdNext.Click = [this] { ShowPage((shownPage + 1) % LockPages); };
     cmdPrevious.Click = [this] { ShowPage((shownPage + LockPages - 1) % LockPages); };
@@ -43,22 +41,12 @@ void frmLocks::BindLists() {
     BindRemoval(lstBanLocks, [&lists](const std::string& name) { lists.RemoveLockBan(name, 0); });
 }
 
-void frmLocks::Show() {
-    if (Loaded()) return context.windows.Focus(form);
+void frmLocks::Fill() {
     ShowPage(0);
     for (auto* box : {&txtAddLockOp, &txtAddLockImm, &txtAddLockBan}) box->SetText("");
     Copy(context.options.LockOps, lstOpLocks);
     Copy(context.options.LockImms, lstImmLocks);
     Copy(context.options.LockBans, lstBanLocks);
-    EachControl(Theme());
-    form.SetVisible(true);
-    context.windows.Show(form);
-}
-
-void frmLocks::Form_Unload() {
-    if (!Loaded()) return;
-    form.SetVisible(false);
-    context.windows.Unload(form);
 }
 
 void frmLocks::ShowPage(int page) {

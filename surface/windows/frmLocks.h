@@ -4,7 +4,7 @@
 
 #include "commands/CommandHost.h"
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
+#include "surface/windows/Opened.h"
 
 #include <cstdint>
 #include <string>
@@ -13,7 +13,7 @@ namespace halyard {
 
 class ListWorkers;
 
-class frmLocks {
+class frmLocks : public Opened<frmLocks> {
   public:
     explicit frmLocks(const SurfaceContext& context);
 
@@ -28,10 +28,6 @@ class frmLocks {
     Button cmdNext{"cmdNext", "Next"};
     Button cmdPrevious{"cmdPrevious", "Previous"};
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
     void LockAdded(LockKind kind, const std::string& name);
     void LockRemoved(LockKind kind, const std::string& name);
 
@@ -43,14 +39,14 @@ class frmLocks {
     }
 
   private:
+    friend class Opened<frmLocks>;
+    void Fill();
     void BindLists();
     void ShowPage(int page);
     void AddKey(TextBox& box, int key, void (ListWorkers::*add)(const std::string&, std::int16_t));
     ListBox& ListOf(LockKind kind);
 
     int shownPage = 0;
-
-    const SurfaceContext& context;
 };
 
 } // namespace halyard

@@ -3,14 +3,14 @@
 // The small window that tells of lost connections and of the attempts to come back, and stops them.
 
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
+#include "surface/windows/Opened.h"
 
 #include <functional>
 #include <string>
 
 namespace halyard {
 
-class frmNotice {
+class frmNotice : public Opened<frmNotice> {
   public:
     explicit frmNotice(const SurfaceContext& context);
 
@@ -20,10 +20,6 @@ class frmNotice {
 
     std::function<void()> onStop;
 
-    bool Loaded() const { return form.Visible(); }
-    /// Opens it, empty.
-    void Show();
-    void Form_Unload();
     /// Appends the text on a line of its own; a log of 65,535 characters starts anew.
     void AddNotice(const std::string& strNotice);
 
@@ -33,7 +29,8 @@ class frmNotice {
     }
 
   private:
-    const SurfaceContext& context;
+    friend class Opened<frmNotice>;
+    void Fill();
 };
 
 } // namespace halyard

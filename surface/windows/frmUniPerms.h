@@ -3,14 +3,14 @@
 // The window that edits the permissions which every new op gets.
 
 #include "platform/Controls.h"
-#include "surface/SurfaceContext.h"
 #include "surface/panels/PeoplePanel.h"
+#include "surface/windows/Opened.h"
 
 #include <deque>
 
 namespace halyard {
 
-class frmUniPerms {
+class frmUniPerms : public Opened<frmUniPerms> {
   public:
     explicit frmUniPerms(const SurfaceContext& context);
 
@@ -19,11 +19,6 @@ class frmUniPerms {
     Button cmdSetUniPerms{"cmdSetUniPerms", "Set Uni Perms"};
     Button cmdDefaultUniPerms{"cmdDefaultUniPerms", "Default Uni Perms"};
 
-    bool Loaded() const { return form.Visible(); }
-    /// Fills the window from the model, unless it is open, and shows it.
-    void Show();
-    void Form_Unload();
-
     template <typename Visit>
     void EachControl(Visit&& visit) {
         visit(form), visit(cmdSetUniPerms), visit(cmdDefaultUniPerms);
@@ -31,9 +26,8 @@ class frmUniPerms {
     }
 
   private:
+    friend class Opened<frmUniPerms>;
     void Fill();
-
-    const SurfaceContext& context;
 };
 
 } // namespace halyard

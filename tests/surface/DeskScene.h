@@ -7,7 +7,7 @@
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
-#include "surface/frmMain.h"
+#include "surface/EachControl.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

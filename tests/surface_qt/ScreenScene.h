@@ -6,7 +6,7 @@
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
-#include "surface/frmMain.h"
+#include "surface/EachControl.h"
 #include "surface/qt/QtWindows.h"
 #include "surface/qt/bind/Follow.h"
 
