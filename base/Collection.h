@@ -97,6 +97,18 @@ class Collection {
         return position != 0 && Remove(position);
     }
 
+    /// Removes every value for whose position, from 1, `gone` gives true: asked once each, in order.
+    template <typename Gone>
+    void RemoveIf(Gone gone) {
+        std::size_t position = 0;
+        const auto last = std::remove_if(nodes.begin(), nodes.end(), [&](const auto& node) {
+            const bool goes = gone(++position);
+            if (goes && !node->key.empty()) keys.erase(node->key);
+            return goes;
+        });
+        nodes.erase(last, nodes.end());
+    }
+
     void Clear() {
         keys.clear();
         nodes.clear();

@@ -1,5 +1,8 @@
 #include "rooms/Fold.h"
 
+#include <utility>
+#include <vector>
+
 namespace halyard {
 
 namespace {
@@ -7,35 +10,63 @@ namespace {
 class Fold {
   public:
     Fold(Collection<Msgs>& queue, const std::string& strType, std::size_t templateLength, bool sameOther)
-        : queue(queue), strType(strType), templateLength(templateLength), sameOther(sameOther) {}
+        : queue(queue), strType(strType), templateLength(templateLength), sameOther(sameOther),
+          taken(queue.Count()) {}
 
     // A pass that comes back unfinished has taken at least one entry, so this ends.
     std::optional<Msgs> Run() {
         while (!Pass()) {
         }
+        queue.RemoveIf([this](std::size_t position) { return taken[position - 1]; });
         if (strList.empty()) return std::nullopt;
         read.TheReplacement = strList;
         return read;
     }
 
   private:
-    // The count is taken once and the position moves on after a removal, on purpose: a pass steps over the
-    // entry that slips into the gap, and the next pass appends it. So three waiting names come out as first,
-    // third, second.
+    /// An entry that may still be taken, or, without one, what is read over for good.
+    struct Waiting {
+        const Msgs* entry;
+        std::size_t index;
+    };
+
+    // The position moves on after a removal, on purpose: a pass steps over the entry that slips into the gap,
+    // and the next pass appends it. So three waiting names come out as first, third, second. Each pass leaves
+    // at most half of what it could take, and of what it can't, one mark between: all of them together take
+    // the time of one walk.
     bool Pass() {
+        std::vector<Waiting> next;
+        const auto keep = [&next](const Waiting& waiting) {
+            if (waiting.entry || next.empty() || next.back().entry) next.push_back(waiting);
+        };
         bool done = true;
-        const auto count = queue.Count();
-        for (std::size_t i = 1; i <= count; ++i) {
-            if (i <= queue.Count() && !Read(queue.Item(static_cast<std::ptrdiff_t>(i)))) continue;
+        bool stepped = false;
+        const auto count = first ? taken.size() : left.size();
+        for (std::size_t at = 0; at < count; ++at) {
+            const auto waiting = At(at);
+            if (!waiting.entry || !Read(*waiting.entry)) {
+                keep({nullptr, 0});
+                continue;
+            }
             if (!Append()) return true;
             read.TheReplacement.clear();
-            if (queue.Count() < 1) return true;
-            // Behind the end nothing was read and nothing is removed; what moved the end has cleared `done`
-            // before.
-            queue.Remove(static_cast<std::ptrdiff_t>(i));
+            taken[waiting.index] = true;
             done = false;
+            if (++at == count) break;
+            stepped = true;
+            keep(At(at));
         }
+        // Having stepped over one, the pass looks behind the end, where there is a name without letters.
+        if (stepped && !Append()) return true;
+        left = std::move(next);
+        first = false;
         return done;
+    }
+
+    /// The first pass goes over the queue itself, of which it may need but the beginning.
+    Waiting At(std::size_t at) const {
+        if (first) return {&queue.Item(static_cast<std::ptrdiff_t>(at) + 1), at};
+        return left[at];
     }
 
     // An empty second value is not remembered as the first: the next entry of the key still sets it.
@@ -63,6 +94,9 @@ class Fold {
     const std::string& strType;
     const std::size_t templateLength;
     const bool sameOther;
+    std::vector<bool> taken; // by index in the queue
+    std::vector<Waiting> left;
+    bool first = true;
     std::string strList;
     std::string strFirstOther;
     Msgs read;
