@@ -6,6 +6,7 @@
 #include <bit>
 #include <limits>
 #include <map>
+#include <optional>
 
 namespace halyard {
 
@@ -27,7 +28,7 @@ std::uint64_t HashOf(std::string_view text) {
     return hash;
 }
 
-/// The hashes of all pieces of a text, each from the hashes of two heads of it.
+/// The hashes of all pieces of a text in lower case, each from the hashes of two heads of it.
 class PieceHashes {
   public:
     explicit PieceHashes(std::string_view text) {
@@ -36,7 +37,7 @@ class PieceHashes {
         heads.push_back(0);
         powers.push_back(1);
         for (char c : text) {
-            heads.push_back(Extend(heads.back(), c));
+            heads.push_back(Extend(heads.back(), LowerChar(c)));
             powers.push_back(powers.back() * base);
         }
     }
@@ -82,10 +83,9 @@ void OccurrenceIndex::Remove(std::string_view entry) {
 void OccurrenceIndex::Clear() { *this = OccurrenceIndex(patternOf); }
 
 std::string OccurrenceIndex::FirstIn(std::string_view text) const {
-    auto lower = Lower(text);
     auto oldest = std::numeric_limits<std::uint64_t>::max();
     const std::string* first = nullptr;
-    VisitCandidates(lower, [&](const Entry& entry, std::string_view piece) {
+    VisitCandidates(text, [&](const Entry& entry, std::string_view piece) {
         if (entry.order >= oldest || patternOf(entry.text) != piece) return;
         oldest = entry.order;
         first = &entry.text;
@@ -94,9 +94,8 @@ std::string OccurrenceIndex::FirstIn(std::string_view text) const {
 }
 
 std::vector<std::string> OccurrenceIndex::AllIn(std::string_view text) const {
-    auto lower = Lower(text);
     std::map<std::uint64_t, std::string> found;
-    VisitCandidates(lower, [&](const Entry& entry, std::string_view piece) {
+    VisitCandidates(text, [&](const Entry& entry, std::string_view piece) {
         if (patternOf(entry.text) == piece) found.emplace(entry.order, entry.text);
     });
     std::vector<std::string> all;
@@ -104,22 +103,35 @@ std::vector<std::string> OccurrenceIndex::AllIn(std::string_view text) const {
     return all;
 }
 
-/// Calls `visit` with each entry whose pattern hashes like a piece of `lower`, and that piece.
+/// Calls `visit` with each entry whose pattern hashes like a piece of `text` in lower case, and that piece.
+/// The hashes of up to the shortest head are made on the way; those of longer pieces need the whole text's.
 template <typename Visit>
-void OccurrenceIndex::VisitCandidates(std::string_view lower, Visit visit) const {
+void OccurrenceIndex::VisitCandidates(std::string_view text, Visit visit) const {
     if (entries.empty()) return;
-    PieceHashes hashes(lower);
-    for (std::size_t start = 0; start <= lower.size(); ++start) {
-        auto left = lower.size() - start;
+    std::optional<PieceHashes> hashes;
+    for (auto start = starts.Next(text, 0); start <= text.size(); start = starts.Next(text, start + 1)) {
+        const auto left = text.size() - start;
+        std::uint64_t rolling = 0;
+        std::size_t rolled = 0;
+        const auto hashOf = [&](std::size_t length) {
+            if (length > shortestHead) {
+                if (!hashes) hashes.emplace(text);
+                return hashes->At(start, length);
+            }
+            while (rolled < length) rolling = Extend(rolling, LowerChar(text[start + rolled++]));
+            return rolling;
+        };
         auto head = shortestHead;
         for (auto [length, count] : lengths) {
             if (length > left) break;
-            while (head < length && IsMarked(hashes.At(start, head))) head *= 2;
+            while (head < length && IsMarked(hashOf(head))) head *= 2;
             if (head < length) break;
-            auto hash = hashes.At(start, length);
+            const auto hash = hashOf(length);
             if (!IsMarked(hash)) continue;
             auto [first, last] = entries.equal_range(hash);
-            for (auto at = first; at != last; ++at) visit(at->second, lower.substr(start, length));
+            if (first == last) continue;
+            const auto piece = Lower(text.substr(start, length));
+            for (auto at = first; at != last; ++at) visit(at->second, piece);
         }
     }
 }
@@ -145,6 +157,7 @@ void OccurrenceIndex::Mark(std::uint64_t hash) {
 }
 
 void OccurrenceIndex::MarkEntry(std::string_view pattern) {
+    starts.Mark(pattern);
     Mark(HashOf(pattern));
     for (auto head = shortestHead; head < pattern.size(); head *= 2) Mark(HashOf(pattern.substr(0, head)));
 }
@@ -164,6 +177,7 @@ void OccurrenceIndex::RebuildFilter() {
     }
     filter.assign(std::max(smallestFilter, std::bit_ceil(wanted * 2 / marksPerWord)), 0);
     marks = 0;
+    starts = StartFilter(entries.size());
     for (const auto& [hash, entry] : entries) MarkEntry(patternOf(entry.text));
 }
 

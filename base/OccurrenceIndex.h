@@ -4,11 +4,13 @@
 // one. Kept beside a list by its owner, who adds and removes entries as the list does; the oldest entry is
 // the first.
 //
-// How: a text of n characters is hashed once so that the hash of every piece of it costs one multiplication.
-// At each position the pieces of those lengths that some entry has are looked for in a bit filter, and only
-// what passes it is looked up. Entries longer than a head's length leave a mark for their head too, so that
-// most positions are done with before the long lengths are tried. No step depends on how many entries start
-// alike.
+// How: a position where no entry's first characters stand (StartFilter) is done with at once. For the others
+// the text is hashed once so that the hash of every piece of it costs one multiplication; the pieces of those
+// lengths that some entry has are looked for in a bit filter, and only what passes it is looked up. Entries
+// longer than a head's length leave a mark for their head too, so that most positions are done with before
+// the long lengths are tried. No step depends on how many entries start alike.
+
+#include "base/StartFilter.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -49,7 +51,7 @@ class OccurrenceIndex {
     };
 
     template <typename Visit>
-    void VisitCandidates(std::string_view lower, Visit visit) const;
+    void VisitCandidates(std::string_view text, Visit visit) const;
     void CountLength(std::size_t length);
     void UncountLength(std::size_t length);
     void Mark(std::uint64_t hash);
@@ -60,6 +62,7 @@ class OccurrenceIndex {
     PatternOf patternOf;
     std::unordered_multimap<std::uint64_t, Entry> entries; // by the hash of their patterns
     std::vector<Length> lengths;                           // of the patterns, the shortest first
+    StartFilter starts;
     std::vector<std::uint64_t> filter; // a power of two of words; removed entries stay marked
     std::size_t marks = 0;
     std::uint64_t lastOrder = 0;

@@ -94,6 +94,7 @@ std::size_t FindNoCase(std::string_view text, std::string_view what) {
 
 std::string StripHTML(std::string_view text) {
     std::string stripped;
+    stripped.reserve(text.size());
     std::size_t from = 0;
     while (true) {
         auto open = text.find('<', from);

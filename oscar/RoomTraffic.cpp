@@ -7,10 +7,18 @@
 #include "oscar/wire/TlvWalk.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace halyard {
 
 namespace {
+
+// A line (000E 0006): its TLVs behind 8 bytes of cookie and 2 of channel, and those of its message.
+constexpr std::size_t LineAt = BodyAt + 10 - 1; // counted from 0
+constexpr std::string_view SenderTLV("\0\3", 2);
+constexpr std::string_view MessageTLV("\0\5", 2);
+constexpr std::string_view TextTLV("\0\1", 2);
+constexpr std::string_view EncodingTLV("\0\2", 2);
 
 /// What a rate change (0001 000A) says: a code of 2 bytes, a class of 2 bytes, and figures that aren't used.
 struct RateChange {
@@ -31,34 +39,29 @@ RateChange ReadRateNotice(const std::string& body) {
 } // namespace
 
 void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
-    auto body = Mid(strPacket, 27); // behind the SNAC, 8 bytes of cookie, 2 of channel
-    std::string sender;
-    std::string message;
-    ClearTLVData();
-    ParseTLVs(body, TLVData);
-    WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
-        if (type == "0003") sender = value;
-        if (type == "0005") message = value;
+    using View = std::string_view;
+    std::string_view sender;
+    std::string_view message;
+    EachTLV(View(strPacket).substr(std::min(strPacket.size(), LineAt)), [&](View type, View value) {
+        if (type == SenderTLV) sender = value;
+        if (type == MessageTLV) message = value;
         return true;
     });
-
-    std::string text;
+    std::string_view text;
     bool found = false;
-    ParseTLVs(message, TLVData);
-    WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
-        if (type == "0002") strEncoding = value; // holds for later lines that name none
-        if (type == "0001") {
-            text = value;
-            found = true;
-        }
+    EachTLV(message, [&](View type, View value) {
+        if (type == EncodingTLV) strEncoding = value; // holds for later lines that name none
+        found = type == TextTLV;
+        if (found) text = value;
         return !found;
     });
     ClearTLVData();
     if (!found) return;
 
-    if (strEncoding == "unicode-2-0") std::erase(text, '\0');
-    std::size_t nameLength = sender.empty() ? 0 : static_cast<unsigned char>(sender[0]);
-    events.ChatMessage(static_cast<std::int16_t>(Index), Mid(sender, 2, nameLength), text);
+    std::string line(text);
+    if (strEncoding == "unicode-2-0") std::erase(line, '\0');
+    const std::size_t nameLength = sender.empty() ? 0 : static_cast<unsigned char>(sender[0]);
+    events.ChatMessage(static_cast<std::int16_t>(Index), Mid(sender, 2, nameLength), line);
     ClearTLVData();
 }
 

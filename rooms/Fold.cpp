@@ -1,5 +1,6 @@
 #include "rooms/Fold.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -11,13 +12,13 @@ class Fold {
   public:
     Fold(Collection<Msgs>& queue, const std::string& strType, std::size_t templateLength, bool sameOther)
         : queue(queue), strType(strType), templateLength(templateLength), sameOther(sameOther),
-          taken(queue.Count()) {}
+          waitingCount(queue.Count()) {}
 
     // A pass that comes back unfinished has taken at least one entry, so this ends.
     std::optional<Msgs> Run() {
         while (!Pass()) {
         }
-        queue.RemoveIf([this](std::size_t position) { return taken[position - 1]; });
+        TakeOut();
         if (strList.empty()) return std::nullopt;
         read.TheReplacement = strList;
         return read;
@@ -41,7 +42,7 @@ class Fold {
         };
         bool done = true;
         bool stepped = false;
-        const auto count = first ? taken.size() : left.size();
+        const auto count = first ? waitingCount : left.size();
         for (std::size_t at = 0; at < count; ++at) {
             const auto waiting = At(at);
             if (!waiting.entry || !Read(*waiting.entry)) {
@@ -50,7 +51,7 @@ class Fold {
             }
             if (!Append()) return true;
             read.TheReplacement.clear();
-            taken[waiting.index] = true;
+            taken.push_back(waiting.index + 1);
             done = false;
             if (++at == count) break;
             stepped = true;
@@ -61,6 +62,20 @@ class Fold {
         left = std::move(next);
         first = false;
         return done;
+    }
+
+    void TakeOut() {
+        std::sort(taken.begin(), taken.end());
+        if (taken.size() <= FewTaken) { // the everyday case, at the front of a queue
+            for (auto at = taken.rbegin(); at != taken.rend(); ++at)
+                queue.Remove(static_cast<std::ptrdiff_t>(*at));
+            return;
+        }
+        queue.RemoveIf([next = taken.begin(), end = taken.end()](std::size_t position) mutable {
+            const bool goes = next != end && position == *next;
+            if (goes) ++next;
+            return goes;
+        });
     }
 
     /// The first pass goes over the queue itself, of which it may need but the beginning.
@@ -94,7 +109,10 @@ class Fold {
     const std::string& strType;
     const std::size_t templateLength;
     const bool sameOther;
-    std::vector<bool> taken; // by index in the queue
+    static constexpr std::size_t FewTaken = 40;
+
+    const std::size_t waitingCount;
+    std::vector<std::size_t> taken; // positions in the queue
     std::vector<Waiting> left;
     bool first = true;
     std::string strList;

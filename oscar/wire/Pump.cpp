@@ -15,13 +15,17 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
     }
     auto generation = Sock.Generation(Index);
     auto data = Sock.TakeBuffer(Index);
-    data += Sock.ReadAll(Index);
+    if (data.empty())
+        data = Sock.ReadAll(Index);
+    else
+        data += Sock.ReadAll(Index);
+    const auto size = data.size();
 
     std::size_t at = 0;
     std::size_t frameLength = 0;
     std::size_t unfinished = 0;
-    while (at < data.size()) {
-        auto left = data.size() - at;
+    while (at < size) {
+        auto left = size - at;
         // A header that is cut short leaves the length of the frame before: fewer than 6 bytes at the start
         // of a read are dropped, fewer than 6 behind a whole frame are kept.
         if (left >= SocketTable::HeaderSize)
@@ -32,7 +36,7 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
             unfinished = left;
             break;
         }
-        auto frame = data.substr(at, frameLength);
+        auto frame = left == size && frameLength == size ? std::move(data) : data.substr(at, frameLength);
         at += frameLength;
         ParsePacket(Index, frame);
     }

@@ -5,7 +5,9 @@
 #include "base/Collection.h"
 #include "oscar/wire/ModOscarFunctions.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace halyard {
 
@@ -18,6 +20,23 @@ void WalkTLVs(Collection<std::string>& list, Use use) {
         list.Remove(1);
         list.Remove(1);
         if (!goOn) return;
+    }
+}
+
+/// Calls `use(the type's bytes, value)` for each TLV at the front of `input`, at most 101, as ParseTLVs takes
+/// them, but without a list: both lie in `input`. `use` returns false to end the walk there.
+template <typename Use>
+void EachTLV(std::string_view input, Use use) {
+    if (input == std::string_view("\0\0", 2)) {
+        use(std::string_view(), std::string_view());
+        return;
+    }
+    for (int taken = 0; taken < 101 && !input.empty(); ++taken) {
+        const auto length = input.size() >= 4 ? StrToWord(input.substr(2)).value_or(0) : 0;
+        const auto value =
+            input.substr(std::min<std::size_t>(input.size(), 4), static_cast<std::size_t>(length));
+        if (!use(input.substr(0, 2), value)) return;
+        input.remove_prefix(std::min(input.size(), 4 + static_cast<std::size_t>(length)));
     }
 }
 

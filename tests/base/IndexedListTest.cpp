@@ -78,7 +78,8 @@ TEST_P(RandomLists, MasksAnswerLikeTryingInOrder) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Alphabets, RandomLists, testing::Values("a", "ab", "aB\xFC\xDC", "abcdefgh"));
+INSTANTIATE_TEST_SUITE_P(Alphabets, RandomLists,
+                         testing::Values("a", "ab", "aB\xFC\xDC", "s\x8A\x9A\x9F\xFFY", "abcdefgh"));
 
 } // namespace
 } // namespace halyard
