@@ -4,15 +4,19 @@
 // A look-up of what is not there gives a default-made value (an empty text, a null pointer),
 // because absence is tested everywhere by the emptiness of the result.
 
+#include "base/KeyTable.h"
+#include "base/NodePool.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <type_traits>
 #include <utility>
 
 namespace halyard {
@@ -20,11 +24,13 @@ namespace halyard {
 template <typename T>
 class Collection {
     struct Node {
-        T value;
-        std::string key;
-        std::uint64_t serial;
+        T value{};
+        std::unique_ptr<std::string> key;
+        bool ownKey = false; ///< a text that is its own key is kept once
+        std::uint64_t serial = 0;
     };
-    using Nodes = std::deque<std::unique_ptr<Node>>;
+    using Id = typename NodePool<Node>::Id;
+    using Order = std::deque<Id>;
 
   public:
     /// Walks the values in order; invalidated by every change of the collection.
@@ -36,8 +42,8 @@ class Collection {
         using pointer = const T*;
         using reference = const T&;
 
-        explicit Iterator(typename Nodes::const_iterator at) : at(at) {}
-        const T& operator*() const { return (*at)->value; }
+        Iterator(const NodePool<Node>& nodes, typename Order::const_iterator at) : nodes(&nodes), at(at) {}
+        const T& operator*() const { return (*nodes)[*at].value; }
         Iterator& operator++() { return ++at, *this; }
         Iterator operator++(int) {
             auto before = *this;
@@ -48,7 +54,8 @@ class Collection {
         bool operator==(const Iterator& other) const { return at == other.at; }
 
       private:
-        typename Nodes::const_iterator at;
+        const NodePool<Node>* nodes;
+        typename Order::const_iterator at;
     };
 
     Collection() = default;
@@ -56,39 +63,45 @@ class Collection {
     Collection& operator=(const Collection& other) {
         if (this == &other) return *this;
         Clear();
-        for (const auto& node : other.nodes) Add(node->value, node->key);
+        for (auto id : other.order) Add(other.nodes[id].value, KeyOf(other.nodes[id]));
         return *this;
     }
     Collection(Collection&&) noexcept = default;
     Collection& operator=(Collection&&) noexcept = default;
     ~Collection() = default;
 
-    std::size_t Count() const { return nodes.size(); }
+    std::size_t Count() const { return order.size(); }
 
     /// Appends `value`, under `key` unless that is empty. False, and no change, when the key is taken.
     bool Add(T value, std::string_view key = {}) {
-        if (!key.empty() && keys.contains(key)) return false;
-        nodes.push_back(std::make_unique<Node>(Node{std::move(value), std::string(key), ++lastSerial}));
-        if (!key.empty()) keys.emplace(nodes.back()->key, nodes.back().get());
+        if (!key.empty() && Find(key)) return false;
+        const auto id = nodes.Take();
+        auto& node = nodes[id];
+        if constexpr (std::is_same_v<T, std::string>) node.ownKey = !key.empty() && value == key;
+        if (!key.empty() && !node.ownKey) node.key = std::make_unique<std::string>(key);
+        node.value = std::move(value);
+        node.serial = ++lastSerial;
+        order.push_back(id);
+        if (const auto kept = KeyOf(node); !kept.empty()) keys.Add(kept, id);
         return true;
     }
 
     /// The value at `position`, from 1; a default-made one outside 1 to Count().
     const T& Item(std::ptrdiff_t position) const {
-        return Holds(position) ? nodes[static_cast<std::size_t>(position - 1)]->value : None();
+        return Holds(position) ? nodes[order[static_cast<std::size_t>(position - 1)]].value : None();
     }
     /// The value under `key`; a default-made one when the key is absent.
     const T& Item(std::string_view key) const {
-        auto found = keys.find(key);
-        return found == keys.end() ? None() : found->second->value;
+        const auto found = Find(key);
+        return found ? nodes[*found].value : None();
     }
 
     /// Removes the value at `position`, from 1. False when there is none.
     bool Remove(std::ptrdiff_t position) {
         if (!Holds(position)) return false;
-        auto at = nodes.begin() + (position - 1);
-        if (!(*at)->key.empty()) keys.erase((*at)->key);
-        nodes.erase(at);
+        const auto at = order.begin() + (position - 1);
+        Forget(*at);
+        order.erase(at);
         return true;
     }
     /// Removes the value under `key`. False when the key is absent.
@@ -101,44 +114,56 @@ class Collection {
     template <typename Gone>
     void RemoveIf(Gone gone) {
         std::size_t position = 0;
-        const auto last = std::remove_if(nodes.begin(), nodes.end(), [&](const auto& node) {
+        const auto last = std::remove_if(order.begin(), order.end(), [&](Id id) {
             const bool goes = gone(++position);
-            if (goes && !node->key.empty()) keys.erase(node->key);
+            if (goes) Forget(id);
             return goes;
         });
-        nodes.erase(last, nodes.end());
+        order.erase(last, order.end());
     }
 
     void Clear() {
-        keys.clear();
-        nodes.clear();
+        keys.Clear();
+        order.clear();
+        nodes.Clear();
     }
 
     /// The position of `key`, from 1; 0 when it is absent. Serials only grow, so the order is searchable.
     std::ptrdiff_t Position(std::string_view key) const {
-        auto found = keys.find(key);
-        if (found == keys.end()) return 0;
-        auto serial = found->second->serial;
-        auto at =
-            std::lower_bound(nodes.begin(), nodes.end(), serial,
-                             [](const auto& node, std::uint64_t wanted) { return node->serial < wanted; });
-        return at - nodes.begin() + 1;
+        const auto found = Find(key);
+        if (!found) return 0;
+        auto at = std::lower_bound(order.begin(), order.end(), nodes[*found].serial,
+                                   [this](Id id, std::uint64_t wanted) { return nodes[id].serial < wanted; });
+        return at - order.begin() + 1;
     }
 
-    Iterator begin() const { return Iterator(nodes.begin()); }
-    Iterator end() const { return Iterator(nodes.end()); }
+    Iterator begin() const { return Iterator(nodes, order.begin()); }
+    Iterator end() const { return Iterator(nodes, order.end()); }
 
   private:
     bool Holds(std::ptrdiff_t position) const {
-        return position >= 1 && static_cast<std::size_t>(position) <= nodes.size();
+        return position >= 1 && static_cast<std::size_t>(position) <= order.size();
     }
     static const T& None() {
         static const T none{};
         return none;
     }
+    static std::string_view KeyOf(const Node& node) {
+        if constexpr (std::is_same_v<T, std::string>)
+            if (node.ownKey) return node.value;
+        return node.key ? std::string_view(*node.key) : std::string_view();
+    }
+    std::optional<Id> Find(std::string_view key) const {
+        return keys.Find(key, [this](Id id) { return KeyOf(nodes[id]); });
+    }
+    void Forget(Id id) {
+        if (const auto key = KeyOf(nodes[id]); !key.empty()) keys.Remove(key, id);
+        nodes.Give(id);
+    }
 
-    Nodes nodes;
-    std::unordered_map<std::string_view, Node*> keys; // views into the nodes' own keys
+    NodePool<Node> nodes;
+    Order order;
+    KeyTable keys;
     std::uint64_t lastSerial = 0;
 };
 

@@ -35,6 +35,7 @@ class ListCommands::Act {
     const std::string& Name() const { return name; }
     void Count() const { workers.counters.UpdateStat(answers.stat, true); }
     void Say(const Answer& answer) const {
+        if (workers.control.Chat.Count() == 0) return; // nobody hears it, as while a file is read
         workers.control.PrepareSends(name, "%p", workers.control.ChatSends.Item(answer.number), "",
                                      answer.key, "msg1", intChatColIndex);
     }

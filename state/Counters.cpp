@@ -4,6 +4,9 @@
 #include "oscar/TillerSock.h"
 #include "state/Options.h"
 
+#include <string_view>
+#include <unordered_map>
+
 namespace halyard {
 
 namespace {
@@ -41,10 +44,17 @@ constexpr std::array<Stat, Counters::StatCount> stats{{
     {"totalchatcloseattempt", "Total Chat Close Attempts:"},
 }};
 
-int StatIndex(const std::string& name) {
+std::unordered_map<std::string_view, int> IndexStats() {
+    std::unordered_map<std::string_view, int> byName;
     for (int index = 0; index < Counters::StatCount; ++index)
-        if (name == Counters::StatName(index)) return index;
-    return -1;
+        byName.emplace(Counters::StatName(index), index); // the first of a name counts
+    return byName;
+}
+
+int StatIndex(const std::string& name) {
+    static const auto byName = IndexStats();
+    const auto found = byName.find(name);
+    return found == byName.end() ? -1 : found->second;
 }
 
 double CurrentBans(const TillerSock& control) {

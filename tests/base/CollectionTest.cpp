@@ -1,6 +1,11 @@
 #include "base/Collection.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace halyard {
 namespace {
@@ -46,6 +51,34 @@ TEST(Collection, PositionsCloseUpBehindARemoval) {
     EXPECT_EQ(texts.Position("key d"), 0);
     EXPECT_TRUE(texts.Add("b", "key b"));
     EXPECT_EQ(texts.Position("key b"), 4);
+}
+
+// Keys close to each other in the table, some gone and some new, and each found where it is.
+TEST(Collection, FindsEveryKeyWhateverCameAndWent) {
+    std::mt19937 random(7);
+    Collection<std::string> list;
+    std::vector<std::pair<std::string, std::string>> wanted; // key, value
+    for (int step = 0; step < 20000; ++step) {
+        const auto key = std::to_string(random() % 300);
+        const auto value = random() % 2 ? key : "value " + std::to_string(step);
+        const auto has =
+            std::find_if(wanted.begin(), wanted.end(), [&](const auto& e) { return e.first == key; });
+        const auto place = has - wanted.begin() + 1;
+        ASSERT_EQ(list.Position(key), has == wanted.end() ? 0 : place);
+        ASSERT_EQ(list.Item(key), has == wanted.end() ? "" : has->second);
+        if (has == wanted.end()) {
+            ASSERT_TRUE(list.Add(value, key));
+            wanted.emplace_back(key, value);
+        } else if (random() % 3 != 0) {
+            ASSERT_TRUE(random() % 2 ? list.Remove(key) : list.Remove(place));
+            wanted.erase(has);
+        } else {
+            ASSERT_FALSE(list.Add(value, key));
+        }
+    }
+    list.RemoveIf([](std::size_t position) { return position % 2 == 0; });
+    for (std::size_t at = 0; at < wanted.size(); ++at)
+        ASSERT_EQ(list.Item(wanted[at].first), at % 2 != 0 ? "" : wanted[at].second);
 }
 
 TEST(Collection, ACopyKeepsItsKeysWhenTheOriginalChanges) {
