@@ -45,10 +45,8 @@ void Chats::SetNewTimer(const std::shared_ptr<PoolTimer>& TheTimer, const std::s
         tmrPing = TheTimer;
     else if (strType == "unrate")
         tmrUnrate = TheTimer;
-    else if (strType == "firstjoin") {
-        tmrFirstJoin = TheTimer;
-        tmrFirstJoin->SetEnabled(true);
-    }
+    else if (strType == "firstjoin")
+        tmrFirstJoin = TheTimer; // the pool starts it
 }
 
 void Chats::EnableSendTimer(int Index) {

@@ -81,7 +81,7 @@ TEST_F(CommandEntry, Ghosts) {
     options.Autowords.Add("dice");
     Play("Bob", "hello ->");
     Play("Casper", "hello -> ban casper # success says nothing, on purpose");
-    Play("OnlineHost", R"(has entered ->
+    Play("OnlineHost", R"(has entered with dice ->
                           Holy Rolled 2 dice ->
                           <b>Al Bo</b> ROLLED 2 dice -> ban albo | ban albo | 106 albo=2=dice # by word)");
     Play("Holy", "hello -> ban holy # a direct ghost's immunity isn't asked, on purpose");

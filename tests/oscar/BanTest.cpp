@@ -124,6 +124,14 @@ TEST_F(BanWire, AListOutlivesItsRoomAndStaysOfItsExchange) {
     Reply(2);
     EXPECT_EQ(control.EjectLists.Count(), 2U);
     EXPECT_EQ(control.Chat.Item(1)->EjectListIndex, 2);
+    control.Chat.Item(1)->EjectListIndex = 0;
+    world.RunFor(20000);
+    Sent();
+    control.BanUser("cid", BanKind::Ban, 1);
+    Reply(3);
+    EXPECT_EQ(control.Chat.Item(1)->EjectListIndex, 2) << "found again by name and exchange";
+    EXPECT_EQ(control.EjectLists.Item(2)->GetEjects().Count(), 2U);
+    EXPECT_EQ(Sent(), (Lines{"ban 3 cid", "\xAB Banned: cid, Bans: 1 \xBB"})) << "counted by name alone";
     control.RemoveEjectList("den");
     EXPECT_EQ(control.EjectLists.Count(), 1U);
     EXPECT_EQ(control.EjectLists.Item(1)->Exchange, 5);

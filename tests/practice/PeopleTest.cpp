@@ -91,6 +91,8 @@ TEST(People, ScriptProblemsNameTheLine) {
         EXPECT_FALSE(ParseScript(text, problem)) << text;
         EXPECT_EQ(problem.substr(0, 5), "line ") << text;
     }
+    std::string none;
+    EXPECT_TRUE(ParseScript("room r\nexchange 5", none)) << none;
 }
 
 TEST(People, LobbyGoesOnForHours) {

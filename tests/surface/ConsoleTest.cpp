@@ -94,6 +94,10 @@ TEST_F(Console, IsOpenedOnceAndWorksAgainAfterARejoin) {
     EXPECT_TRUE(console->txtSend.Enabled());
     EXPECT_EQ(console->lblPeopleHere.Caption(), "People Here: 2");
 
+    window.consoles.Open("deck");
+    EXPECT_EQ(window.consoles.ChatConsoles.Count(), 2U);
+    window.consoles.DestroyChatConsole("DECK");
+    EXPECT_EQ(window.consoles.Named("lobby"), console) << "the other one went";
     console->Form_Unload();
     EXPECT_EQ(window.consoles.ChatConsoles.Count(), 0U);
     EXPECT_EQ(windows.lines.back(), "unload frmConsole");

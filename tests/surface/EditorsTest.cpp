@@ -53,9 +53,10 @@ TEST_F(Editors, LocksGoRoundAndFollowTheLists) {
     Lines pages;
     for (auto* button : {&editor.cmdNext, &editor.cmdNext, &editor.cmdNext, &editor.cmdPrevious}) {
         button->Press();
-        pages.push_back(editor.FrameMain.Caption());
+        const bool imms = editor.lstImmLocks.Visible() && editor.txtAddLockImm.Visible();
+        pages.push_back(editor.FrameMain.Caption() + (imms ? ", shown" : ""));
     }
-    EXPECT_EQ(pages, (Lines{"Imm Locks", "Ban Locks", "Op Locks", "Ban Locks"}));
+    EXPECT_EQ(pages, (Lines{"Imm Locks, shown", "Ban Locks", "Op Locks", "Ban Locks"}));
     EXPECT_TRUE(editor.lstBanLocks.Visible() && editor.txtAddLockBan.Visible());
     EXPECT_FALSE(editor.lstOpLocks.Visible() || editor.txtAddLockOp.Visible());
     Type(editor.txtAddLockBan, "x");

@@ -129,6 +129,11 @@ TEST_F(MainWindow, RatedRoomsAreListedUntilTheyAreFree) {
     control.Chat.Item(1)->RateNotice(3, 5);
     control.Chat.Item(1)->RateNotice(3, 1);
     EXPECT_EQ(Listed(rates.lstRated[1]), Lines{"lobby"});
+    control.Chat.Item(1)->RateNotice(5, 1);
+    for (auto& list : rates.lstRated) list.Clear();
+    rates.ListRatedRooms();
+    EXPECT_EQ(Listed(rates.lstRated[1]), Lines{"lobby"}) << "of the class that talks, the other being free";
+    control.Chat.Item(1)->RateNotice(3, 1);
     rates.lstRated[1].DblClick(); // nothing is selected
     rates.lstRated[1].Select(0);
     rates.lstRated[1].DblClick();

@@ -255,6 +255,7 @@ TEST_F(Comeback, JoinFailuresByCode) {
         EXPECT_EQ(LastAction(), std::string("Join chat failed: ") + action);
         EXPECT_EQ(queue.Item(1), triesAnother ? "deck:4:0" : "lobby:4:0");
         EXPECT_EQ(retry.Enabled(), triesAnother);
+        EXPECT_EQ(window.reconnection.Rejoining, triesAnother);
         EXPECT_EQ(retry.Interval(), interval);
         EXPECT_EQ(window.chats.lblChatStatus.Caption(), "told so");
     }
