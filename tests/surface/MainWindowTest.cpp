@@ -48,9 +48,11 @@ TEST_F(MainWindow, TheMenuSlidesInAndStopsWhileMinimised) {
     Wait(.01);
     EXPECT_EQ(window.form.Width(), 7545 + 10 * 40);
     EXPECT_EQ(slide.FrameContents.BackColor(), 0x8D0014 | 44 << 8); // 30 and nine steps of 1.5, to even
+    Wait(.001);
+    EXPECT_EQ(slide.FrameContents.BackColor(), 0x8D0014 | 45 << 8);
     window.form.SetState(WindowState::Minimized);
     Wait(.1);
-    EXPECT_EQ(window.form.Width(), 7545 + 10 * 40);
+    EXPECT_EQ(window.form.Width(), 7545 + 11 * 40);
     window.menus.mnuShow.Click();
     Wait(.1);
     EXPECT_EQ(window.form.Width(), 9305);

@@ -98,9 +98,15 @@ TEST_F(Panels, ARoomIsShownLeftAndClosed) {
 TEST_F(Panels, UserAndBanPause) {
     SignOn();
     Join("lobby");
+    int profiles = 0;
+    network.onEvent = [&](const PracticeEvent& event) { profiles += event.what == "sets a profile"; };
     boxes.txtCurrentUser.SetText(" <b>Ann</b> ");
     window.other.cmdSetUser.Press();
     EXPECT_EQ(window.options.strCurrentUser, "Ann");
+    Wait(1);
+    EXPECT_EQ(profiles, 1);
+    Wait(31);
+    EXPECT_EQ(profiles, 2) << "and with every save of the statistics";
     boxes.txtCurrentUser.SetText("  ");
     window.other.cmdSetUser.Press();
     EXPECT_EQ(boxes.txtCurrentUser.Text(), "Ann");
@@ -118,6 +124,7 @@ TEST_F(Panels, UserAndBanPause) {
         EXPECT_EQ(control.sngBanPause, pause);
     }
     EXPECT_EQ(Boxes(), Lines(3, "Note: Ban pause values must be from .001 to 999!"));
+    network.onEvent = nullptr;
 }
 
 TEST_F(Panels, OpsAndTheirPermissions) {
