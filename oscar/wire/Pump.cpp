@@ -36,8 +36,12 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
             unfinished = left;
             break;
         }
-        auto frame = left == size && frameLength == size ? std::move(data) : data.substr(at, frameLength);
         at += frameLength;
+        if (frameLength == size) { // the usual case: it came alone
+            ParsePacket(Index, data);
+            break;
+        }
+        auto frame = data.substr(at - frameLength, frameLength);
         ParsePacket(Index, frame);
     }
 
