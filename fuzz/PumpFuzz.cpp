@@ -19,6 +19,8 @@ constexpr const char* rows[] = {"00170007", "00170003", "00010003", "00010018", 
 constexpr int rowCount = static_cast<int>(std::size(rows));
 /// The smallest interval of the window's own timers is 10 ms: more time a step would only make inputs slow.
 constexpr int longestWait = 20000;
+/// Inputs from one whole sign-on to the next: it takes longer than most inputs do.
+constexpr unsigned inputsOfASignOn = 8;
 
 void Step(FuzzDesk& desk, Input& input) {
     auto first = input.Byte();
@@ -54,7 +56,11 @@ void CheckState(const FuzzDesk& desk) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto& desk = KeptDesk(data, size);
-    desk.SignOnAndJoin();
+    static unsigned inputs = 0;
+    if (inputs++ % inputsOfASignOn == 0)
+        desk.SignOnAndJoin();
+    else
+        desk.BeInLobby();
     Require(desk.control.LoggedOn() && desk.control.Room(1)); // whatever a service did before
     desk.FillLists();
     for (Input input(data, size); !input.Empty();) Step(desk, input);

@@ -111,11 +111,14 @@ void WriteCcoms(Options& options, TextLines& lines) {
 /// characters.
 template <typename Slots>
 void ReadSlot(Slots& slots, Text line, std::size_t shortest, std::size_t longest) {
-    auto fields = Split(line, ":", 3);
-    if (fields.size() < 3 || fields[2].size() < shortest || fields[2].size() > longest) return;
-    auto index = ToInt16(fields[1]);
+    auto first = line.find(':');
+    auto second = first == line.npos ? first : line.find(':', first + 1);
+    if (second == line.npos) return;
+    auto value = line.substr(second + 1);
+    if (value.size() < shortest || value.size() > longest) return;
+    auto index = ToInt16(line.substr(first + 1, second - first - 1));
     if (index && *index >= 0 && static_cast<std::size_t>(*index) < slots.size())
-        slots[static_cast<std::size_t>(*index)] = fields[2];
+        slots[static_cast<std::size_t>(*index)] = value;
 }
 
 void ReadCcom(SettingsReading& reading, Text line, Text) {
