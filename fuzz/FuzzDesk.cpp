@@ -94,7 +94,7 @@ FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size) {
     static int uses = 0;
     if (uses++ % inputs == 0) {
         desk.reset();
-        if (desks++ % desksOfALeakCheck == 0) Require(__lsan_do_recoverable_leak_check() == 0);
+        if (++desks % desksOfALeakCheck == 0) Require(__lsan_do_recoverable_leak_check() == 0);
         desk = std::make_unique<FuzzDesk>();
         record.Begin();
     }
