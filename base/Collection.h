@@ -12,23 +12,31 @@
 #include <cstdint>
 #include <deque>
 #include <iterator>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 
 namespace halyard {
 
 template <typename T>
 class Collection {
-    struct Node {
+    static constexpr bool OfTexts = std::is_same_v<T, std::string>;
+    struct KeyedNode {
         T value{};
-        std::unique_ptr<std::string> key;
-        bool ownKey = false; ///< a text that is its own key is kept once
+        std::string key;
         std::uint64_t serial = 0;
     };
+    /// Texts are mostly their own keys, and kept once; `otherKeys` has the others.
+    struct TextNode {
+        T value{};
+        std::uint64_t ownKey : 1 = 0;
+        std::uint64_t otherKey : 1 = 0;
+        std::uint64_t serial : 62 = 0;
+    };
+    using Node = std::conditional_t<OfTexts, TextNode, KeyedNode>;
     using Id = typename NodePool<Node>::Id;
     using Order = std::deque<Id>;
 
@@ -63,7 +71,7 @@ class Collection {
     Collection& operator=(const Collection& other) {
         if (this == &other) return *this;
         Clear();
-        for (auto id : other.order) Add(other.nodes[id].value, KeyOf(other.nodes[id]));
+        for (auto id : other.order) Add(other.nodes[id].value, other.KeyOf(id));
         return *this;
     }
     Collection(Collection&&) noexcept = default;
@@ -77,12 +85,17 @@ class Collection {
         if (!key.empty() && Find(key)) return false;
         const auto id = nodes.Take();
         auto& node = nodes[id];
-        if constexpr (std::is_same_v<T, std::string>) node.ownKey = !key.empty() && value == key;
-        if (!key.empty() && !node.ownKey) node.key = std::make_unique<std::string>(key);
+        if constexpr (OfTexts) {
+            node.ownKey = !key.empty() && value == key;
+            node.otherKey = !key.empty() && !node.ownKey;
+            if (node.otherKey) otherKeys.emplace(id, key);
+        } else {
+            node.key = key;
+        }
         node.value = std::move(value);
-        node.serial = ++lastSerial;
+        node.serial = ++lastSerial & LargestSerial;
         order.push_back(id);
-        if (const auto kept = KeyOf(node); !kept.empty()) keys.Add(kept, id);
+        if (!key.empty()) keys.Add(KeyOf(id), id);
         return true;
     }
 
@@ -126,6 +139,7 @@ class Collection {
         keys.Clear();
         order.clear();
         nodes.Clear();
+        otherKeys.clear();
     }
 
     /// The position of `key`, from 1; 0 when it is absent. Serials only grow, so the order is searchable.
@@ -148,22 +162,29 @@ class Collection {
         static const T none{};
         return none;
     }
-    static std::string_view KeyOf(const Node& node) {
-        if constexpr (std::is_same_v<T, std::string>)
-            if (node.ownKey) return node.value;
-        return node.key ? std::string_view(*node.key) : std::string_view();
+    std::string_view KeyOf(Id id) const {
+        const auto& node = nodes[id];
+        if constexpr (!OfTexts)
+            return node.key;
+        else if (node.ownKey)
+            return node.value;
+        else
+            return node.otherKey ? std::string_view(otherKeys.at(id)) : std::string_view();
     }
     std::optional<Id> Find(std::string_view key) const {
-        return keys.Find(key, [this](Id id) { return KeyOf(nodes[id]); });
+        return keys.Find(key, [this](Id id) { return KeyOf(id); });
     }
     void Forget(Id id) {
-        if (const auto key = KeyOf(nodes[id]); !key.empty()) keys.Remove(key, id);
+        if (const auto key = KeyOf(id); !key.empty()) keys.Remove(key, id);
+        otherKeys.erase(id);
         nodes.Give(id);
     }
 
     NodePool<Node> nodes;
     Order order;
     KeyTable keys;
+    std::unordered_map<Id, std::string> otherKeys;
+    static constexpr std::uint64_t LargestSerial = ~std::uint64_t{0} >> 2;
     std::uint64_t lastSerial = 0;
 };
 

@@ -23,22 +23,20 @@ IndexedList::IndexedList(Matching wanted)
 
 bool IndexedList::Add(std::string_view text) {
     if (text.empty() || !list.Add(std::string(text), text)) return false;
-    if (IsIndexed(text)) index.Add(text);
+    if (IsIndexed(text)) index.Add(list.Item(static_cast<std::ptrdiff_t>(list.Count())));
     return true;
 }
 
 bool IndexedList::Remove(std::string_view text) { return Remove(list.Position(text)); }
 
 bool IndexedList::Remove(std::ptrdiff_t position) {
-    const std::string text = list.Item(position);
-    if (!list.Remove(position)) return false;
-    if (IsIndexed(text)) index.Remove(text);
-    return true;
+    if (const auto& text = list.Item(position); IsIndexed(text)) index.Remove(text);
+    return list.Remove(position);
 }
 
 void IndexedList::Clear() {
-    list.Clear();
     index.Clear();
+    list.Clear();
 }
 
 std::string IndexedList::FirstWordIn(std::string_view text) const {

@@ -24,6 +24,8 @@ enum class Matching {
 class IndexedList {
   public:
     explicit IndexedList(Matching matching = Matching::whole);
+    IndexedList(const IndexedList&) = delete; // the index points into the list
+    IndexedList& operator=(const IndexedList&) = delete;
 
     /// Appends `text`, which is normalised already. False, and no change, when it is empty or there already.
     bool Add(std::string_view text);
@@ -59,8 +61,8 @@ class IndexedList {
     const std::string& EqualEntry(std::string_view name) const;
 
     Matching matching;
-    Collection<std::string> list;
-    OccurrenceIndex index; // of all words, or of the masks that hold an asterisk
+    Collection<std::string> list; // its entries stay where they are
+    OccurrenceIndex index;        // of all words, or of the masks that hold an asterisk
 };
 
 } // namespace halyard

@@ -63,9 +63,11 @@ std::size_t WordOf(std::uint64_t mixed, std::size_t words) {
 
 OccurrenceIndex::OccurrenceIndex(PatternOf pattern) : patternOf(pattern), filter(smallestFilter) {}
 
-void OccurrenceIndex::Add(std::string_view entry) {
+void OccurrenceIndex::Add(const std::string& entry) {
     auto pattern = patternOf(entry);
-    entries.emplace(HashOf(pattern), Entry{std::string(entry), ++lastOrder});
+    const auto id = entries.Take();
+    entries[id] = {&entry, ++lastOrder};
+    byHash.Add(HashOf(pattern), id);
     CountLength(pattern.size());
     MarkEntry(pattern);
     if (marks > filter.size() * marksPerWord) RebuildFilter();
@@ -73,10 +75,16 @@ void OccurrenceIndex::Add(std::string_view entry) {
 
 void OccurrenceIndex::Remove(std::string_view entry) {
     auto pattern = patternOf(entry);
-    auto [first, last] = entries.equal_range(HashOf(pattern));
-    auto found = std::find_if(first, last, [entry](const auto& held) { return held.second.text == entry; });
-    if (found == last) return;
-    entries.erase(found);
+    const auto hash = HashOf(pattern);
+    std::optional<Id> found;
+    byHash.Visit(hash, [&](Id id) {
+        if (*entries[id].text != entry) return false;
+        found = id;
+        return true;
+    });
+    if (!found) return;
+    byHash.Remove(hash, *found);
+    entries.Give(*found);
     UncountLength(pattern.size());
 }
 
@@ -84,22 +92,22 @@ void OccurrenceIndex::Clear() { *this = OccurrenceIndex(patternOf); }
 
 std::string OccurrenceIndex::FirstIn(std::string_view text) const {
     auto oldest = std::numeric_limits<std::uint64_t>::max();
-    const std::string* first = nullptr;
+    std::string_view first;
     VisitCandidates(text, [&](const Entry& entry, std::string_view piece) {
-        if (entry.order >= oldest || patternOf(entry.text) != piece) return;
+        if (entry.order >= oldest || patternOf(*entry.text) != piece) return;
         oldest = entry.order;
-        first = &entry.text;
+        first = *entry.text;
     });
-    return first ? *first : std::string();
+    return std::string(first);
 }
 
 std::vector<std::string> OccurrenceIndex::AllIn(std::string_view text) const {
-    std::map<std::uint64_t, std::string> found;
+    std::map<std::uint64_t, std::string_view> found;
     VisitCandidates(text, [&](const Entry& entry, std::string_view piece) {
-        if (patternOf(entry.text) == piece) found.emplace(entry.order, entry.text);
+        if (patternOf(*entry.text) == piece) found.emplace(entry.order, *entry.text);
     });
     std::vector<std::string> all;
-    for (auto& [order, entry] : found) all.push_back(std::move(entry));
+    for (const auto& [order, entry] : found) all.emplace_back(entry);
     return all;
 }
 
@@ -107,7 +115,7 @@ std::vector<std::string> OccurrenceIndex::AllIn(std::string_view text) const {
 /// The hashes of up to the shortest head are made on the way; those of longer pieces need the whole text's.
 template <typename Visit>
 void OccurrenceIndex::VisitCandidates(std::string_view text, Visit visit) const {
-    if (entries.empty()) return;
+    if (lengths.empty()) return;
     std::optional<PieceHashes> hashes;
     for (auto start = starts.Next(text, 0); start <= text.size(); start = starts.Next(text, start + 1)) {
         const auto left = text.size() - start;
@@ -122,16 +130,19 @@ void OccurrenceIndex::VisitCandidates(std::string_view text, Visit visit) const 
             return rolling;
         };
         auto head = shortestHead;
-        for (auto [length, count] : lengths) {
+        for (const auto& each : lengths) {
+            const auto length = each.length; // a name that the lambda below may take
             if (length > left) break;
             while (head < length && IsMarked(hashOf(head))) head *= 2;
             if (head < length) break;
             const auto hash = hashOf(length);
             if (!IsMarked(hash)) continue;
-            auto [first, last] = entries.equal_range(hash);
-            if (first == last) continue;
-            const auto piece = Lower(text.substr(start, length));
-            for (auto at = first; at != last; ++at) visit(at->second, piece);
+            std::optional<std::string> piece;
+            byHash.Visit(hash, [&](Id id) {
+                if (!piece) piece = Lower(text.substr(start, length));
+                visit(entries[id], *piece);
+                return false;
+            });
         }
     }
 }
@@ -171,14 +182,16 @@ bool OccurrenceIndex::IsMarked(std::uint64_t hash) const {
 /// Forgets the marks of removed entries and leaves room for as many marks again.
 void OccurrenceIndex::RebuildFilter() {
     std::size_t wanted = 0;
+    std::size_t all = 0;
     for (auto [length, count] : lengths) {
-        wanted += count;
+        all += count;
         for (auto head = shortestHead; head < length; head *= 2) wanted += count;
     }
+    wanted += all;
     filter.assign(std::max(smallestFilter, std::bit_ceil(wanted * 2 / marksPerWord)), 0);
     marks = 0;
-    starts = StartFilter(entries.size());
-    for (const auto& [hash, entry] : entries) MarkEntry(patternOf(entry.text));
+    starts = StartFilter(all);
+    byHash.VisitAll([this](Id id) { MarkEntry(patternOf(*entries[id].text)); });
 }
 
 } // namespace halyard

@@ -5,19 +5,20 @@
 // the first.
 //
 // How: a position where no entry's first characters stand (StartFilter) is done with at once. For the others
-// the text is hashed once so that the hash of every piece of it costs one multiplication; the pieces of those
-// lengths that some entry has are looked for in a bit filter, and only what passes it is looked up. Entries
-// longer than a head's length leave a mark for their head too, so that most positions are done with before
-// the long lengths are tried. No step depends on how many entries start alike.
+// the pieces of those lengths that some entry has are hashed and looked for in a bit filter, and only what
+// passes it is looked up. Pieces of up to eight characters are hashed on the way; for longer ones the text is
+// hashed once, so that the hash of every piece costs one multiplication. Entries longer than a head's length
+// leave a mark for their head too, so that most positions are done with before the long lengths are tried. No
+// step depends on how many entries start alike.
 
+#include "base/HashSlots.h"
+#include "base/NodePool.h"
 #include "base/StartFilter.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace halyard {
@@ -29,9 +30,10 @@ class OccurrenceIndex {
 
     explicit OccurrenceIndex(PatternOf patternOf);
 
-    /// Adds `entry` behind all others. The owner does not add one that is there already.
-    void Add(std::string_view entry);
-    /// Removes `entry`; one that is not there changes nothing.
+    /// Adds `entry` behind all others. The owner does not add one that is there already, and keeps it
+    /// where it is until it is removed.
+    void Add(const std::string& entry);
+    /// Removes `entry`, which is still where it was; one that is not in the index changes nothing.
     void Remove(std::string_view entry);
     void Clear();
 
@@ -42,9 +44,10 @@ class OccurrenceIndex {
 
   private:
     struct Entry {
-        std::string text;
-        std::uint64_t order;
+        const std::string* text = nullptr;
+        std::uint64_t order = 0;
     };
+    using Id = HashSlots::Id;
     struct Length {
         std::size_t length;
         std::size_t entries;
@@ -60,8 +63,9 @@ class OccurrenceIndex {
     void RebuildFilter();
 
     PatternOf patternOf;
-    std::unordered_multimap<std::uint64_t, Entry> entries; // by the hash of their patterns
-    std::vector<Length> lengths;                           // of the patterns, the shortest first
+    NodePool<Entry> entries;
+    HashSlots byHash;            // the entries by the hashes of their patterns
+    std::vector<Length> lengths; // of the patterns, the shortest first
     StartFilter starts;
     std::vector<std::uint64_t> filter; // a power of two of words; removed entries stay marked
     std::size_t marks = 0;

@@ -44,8 +44,10 @@ std::string Trim(std::string_view text) {
 }
 
 std::string NormalizeName(std::string_view text) {
-    auto name = Lower(text);
-    std::erase(name, ' ');
+    std::string name;
+    name.reserve(text.size());
+    for (char c : text)
+        if (c != ' ') name.push_back(LowerChar(c));
     return name;
 }
 

@@ -96,6 +96,7 @@ template <typename Real>
 std::string RealText(Real value) {
     if (value == 0) return "0"; // minus zero too
     auto size = std::fabs(value);
+    if (size <= Real(1 << 24) && value == std::trunc(value)) return std::to_string(static_cast<int>(value));
     auto everyday = size >= Real(1e-7) && size < Real(1e15);
     char buffer[64];
     auto end = std::to_chars(buffer, buffer + sizeof buffer, value,

@@ -25,7 +25,7 @@ void SetCheck(CheckBox* box, const std::string& value) {
 
 struct OptionReader {
     SettingsReading& reading;
-    const std::string& line;
+    std::string_view line;
     const std::string& value;
 
     void operator()(const FlagOption& flag) const;
@@ -90,13 +90,13 @@ OptionsByKey IndexOptions() {
     return byKey;
 }
 
-void ReadOption(SettingsReading& reading, const Option& option, const std::string& line,
+void ReadOption(SettingsReading& reading, const Option& option, std::string_view line,
                 const std::string& value) {
     std::visit(OptionReader{reading, line, value}, option);
 }
 
-bool IsListName(const std::string& name) {
-    return name.size() >= 2 && name.size() <= 100 && !NormalizeName(name).empty();
+bool IsListName(std::string_view name) {
+    return name.size() >= 2 && name.size() <= 100 && name.find_first_not_of(' ') != name.npos;
 }
 
 } // namespace halyard

@@ -24,10 +24,10 @@ using OptionsByKey = std::unordered_map<std::string_view, const Option*>;
 OptionsByKey IndexOptions();
 
 /// `line` is the whole line, `value` what stands behind its first colon.
-void ReadOption(SettingsReading& reading, const Option& option, const std::string& line,
+void ReadOption(SettingsReading& reading, const Option& option, std::string_view line,
                 const std::string& value);
 
 /// True for a name that lists take: 2 to 100 characters, and not blanks alone.
-bool IsListName(const std::string& name);
+bool IsListName(std::string_view name);
 
 } // namespace halyard

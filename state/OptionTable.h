@@ -12,6 +12,7 @@
 #include <limits>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace halyard {
@@ -91,7 +92,7 @@ struct SpecialOption {
     const char* key;
     void (*write)(Options&, TextLines&);
     /// `line` is the whole line, `value` what stands behind its first colon.
-    void (*read)(SettingsReading&, const std::string& line, const std::string& value);
+    void (*read)(SettingsReading&, std::string_view line, const std::string& value);
 };
 
 using Option = std::variant<FlagOption, TextOption, ListOption, SpecialOption>;

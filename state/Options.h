@@ -33,8 +33,9 @@ class Options {
     Options(Platform& platform, TillerSock& control, OscarSettings& settings);
     ~Options();
 
-    // Lists: normalised text as item and key; Perms is keyed by the op's name.
-    Collection<std::string> Ops, Perms, Immunes;
+    // Lists: normalised text as item and key.
+    Collection<std::string> Ops, Immunes;
+    OpPermissions Perms;
     IndexedList Autobans{Matching::masks};
     IndexedList Autowords{Matching::words};
     Collection<std::string> LockOps, LockImms;

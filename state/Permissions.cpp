@@ -27,4 +27,21 @@ bool PermShown(const std::string& strPerms, int index) {
            DigitAllows(strPerms, static_cast<long>(strPerms.size()) - (CcomCount - 1) + index);
 }
 
+bool OpPermissions::Add(const std::string& strPerms, std::string_view name) {
+    if (name.empty()) return false;
+    if (!last || *last != strPerms) last = std::make_shared<const std::string>(strPerms);
+    return byName.Add(last, name);
+}
+
+void OpPermissions::Clear() {
+    byName.Clear();
+    last.reset();
+}
+
+const std::string& OpPermissions::Item(std::string_view name) const {
+    static const std::string none;
+    const auto& found = byName.Item(name);
+    return found ? *found : none;
+}
+
 } // namespace halyard

@@ -4,7 +4,11 @@
 // agree for exactly 28 digits and differ, on purpose, for the shorter and longer texts that older files may
 // hold.
 
+#include "base/Collection.h"
+
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace halyard {
 
@@ -15,5 +19,24 @@ inline constexpr const char* FullPerms = "1111111111111111111111111111";
 bool CommandAllowed(const std::string& strPerms, int index);
 /// How the help list, the op panel and the universal permissions read: every index from the right end.
 bool PermShown(const std::string& strPerms, int index);
+
+/// The permissions by the op's name. Ops who come one after the other with equal texts share one.
+class OpPermissions {
+  public:
+    /// False, and no change, when `name` has permissions already or is empty.
+    bool Add(const std::string& strPerms, std::string_view name);
+    /// False when `name` has none.
+    bool Remove(std::string_view name) { return byName.Remove(name); }
+    void Clear();
+    std::size_t Count() const { return byName.Count(); }
+    /// Empty when `name` has none.
+    const std::string& Item(std::string_view name) const;
+
+  private:
+    using Shared = std::shared_ptr<const std::string>;
+
+    Collection<Shared> byName;
+    Shared last;
+};
 
 } // namespace halyard

@@ -35,19 +35,19 @@ void ReadLines(const SettingsTarget& target, SettingsReading& reading, LineReade
     const auto byKey = IndexOptions();
     std::string_view lastKey; // of many lines in a row
     const Option* option = nullptr;
+    std::string value;
     while (auto next = lines.Next()) {
         auto colon = next->find(':');
         if (colon == std::string_view::npos) continue;
         auto key = next->substr(0, colon);
-        const std::string line(*next);
-        const auto value = line.substr(colon + 1);
+        value = next->substr(colon + 1);
         if (key != lastKey || !option) {
             const auto found = byKey.find(key);
             option = found == byKey.end() ? nullptr : found->second;
             lastKey = key;
         }
         if (option)
-            ReadOption(reading, *option, line, value);
+            ReadOption(reading, *option, *next, value);
         else if (key == "menu" && value == "1" && target.openMenu) // read, and never written
             target.openMenu();
     }

@@ -9,26 +9,48 @@
 #include "state/Options.h"
 #include "state/TextFile.h"
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace halyard::special {
 
 namespace {
 
+using Line = std::string_view;
+
 void WriteOps(Options& options, TextLines& lines) {
-    for (const auto& name : options.Ops) lines.Add("op:" + options.Perms.Item(name) + ":", name);
+    std::string head;
+    for (const auto& name : options.Ops) {
+        head.assign("op:").append(options.Perms.Item(name)).append(":");
+        lines.Add(head, name);
+    }
 }
 
-void ReadOp(SettingsReading& reading, Text line, Text) {
-    auto fields = Split(line, ":", 3);
-    if (fields.size() < 3 || !IsListName(fields[2])) return;
-    bool whole = fields[1].size() == static_cast<std::size_t>(CcomCount);
-    reading.lists.AddOp(fields[2], 0, whole ? fields[1] : DefaultPerms);
+/// What stands between the first and the second colon of a line, and what behind the second; nothing when
+/// there is only one.
+struct Fields {
+    std::string_view second, third;
+};
+std::optional<Fields> FieldsOf(std::string_view line) {
+    const auto first = line.find(':');
+    const auto second = first == line.npos ? first : line.find(':', first + 1);
+    if (second == line.npos) return std::nullopt;
+    return Fields{line.substr(first + 1, second - first - 1), line.substr(second + 1)};
+}
+
+void ReadOp(SettingsReading& reading, Line line, Text) {
+    const auto fields = FieldsOf(line);
+    if (!fields || !IsListName(fields->third)) return;
+    const bool whole = fields->second.size() == static_cast<std::size_t>(CcomCount);
+    reading.lists.AddOp(std::string(fields->third), 0, whole ? std::string(fields->second) : DefaultPerms);
 }
 
 void WriteLevel(Options& options, TextLines& lines) {
     lines.Add("ablevel:", std::to_string(options.AutobanLevel));
 }
 
-void ReadLevel(SettingsReading& reading, Text, Text value) {
+void ReadLevel(SettingsReading& reading, Line, Text value) {
     auto level = ToInt16(value);
     if (!level) return;
     reading.options.Controls.optAB.Select(*level);
@@ -40,7 +62,7 @@ void WriteCharBan(Options& options, TextLines& lines) {
     lines.Add("charbannum:", std::to_string(options.CharBanNum));
 }
 
-void ReadCharBan(SettingsReading& reading, Text, Text value) {
+void ReadCharBan(SettingsReading& reading, Line, Text value) {
     auto length = ToNumber(value);
     if (!reading.options.CharBanOn || !length || *length <= 0 || *length > 100) return;
     if (auto rounded = RoundToInt16(*length)) reading.options.CharBanNum = *rounded;
@@ -52,7 +74,7 @@ void WriteUnratePause(Options& options, TextLines& lines) {
     lines.Add("unratepause:", std::to_string(options.UnratePause));
 }
 
-void ReadUnratePause(SettingsReading& reading, Text, Text value) {
+void ReadUnratePause(SettingsReading& reading, Line, Text value) {
     auto& options = reading.options;
     auto pause = ToInt16(value);
     // 100 and not the 9999 of the box, on purpose.
@@ -68,7 +90,7 @@ void WriteBanPause(Options& options, TextLines& lines) {
     lines.Add("banpause:", NumberText(options.Control().sngBanPause));
 }
 
-void ReadBanPause(SettingsReading& reading, Text, Text value) {
+void ReadBanPause(SettingsReading& reading, Line, Text value) {
     auto pause = ToNumber(value);
     if (!pause || *pause < .001 || *pause > 999) return; // the button takes less than .001, a file doesn't
     auto& control = reading.options.Control();
@@ -89,16 +111,16 @@ void WriteStrike(Options& options, TextLines& lines) { lines.Add("strike:", opti
 void ReadStyle(CheckBox& box, const char* tag, Text value) {
     if (value == tag) box.SetValue(1);
 }
-void ReadBold(SettingsReading& reading, Text, Text value) {
+void ReadBold(SettingsReading& reading, Line, Text value) {
     ReadStyle(reading.options.Controls.chkBold, "<b>", value);
 }
-void ReadItalics(SettingsReading& reading, Text, Text value) {
+void ReadItalics(SettingsReading& reading, Line, Text value) {
     ReadStyle(reading.options.Controls.chkItalics, "<i>", value);
 }
-void ReadUnderline(SettingsReading& reading, Text, Text value) {
+void ReadUnderline(SettingsReading& reading, Line, Text value) {
     ReadStyle(reading.options.Controls.chkUnderline, "<u>", value);
 }
-void ReadStrike(SettingsReading& reading, Text, Text value) {
+void ReadStrike(SettingsReading& reading, Line, Text value) {
     ReadStyle(reading.options.Controls.chkStrikethrough, "<s>", value);
 }
 
@@ -110,18 +132,15 @@ void WriteCcoms(Options& options, TextLines& lines) {
 /// The index in the second field of a line, below `count`, whose third field has `shortest` to `longest`
 /// characters.
 template <typename Slots>
-void ReadSlot(Slots& slots, Text line, std::size_t shortest, std::size_t longest) {
-    auto first = line.find(':');
-    auto second = first == line.npos ? first : line.find(':', first + 1);
-    if (second == line.npos) return;
-    auto value = line.substr(second + 1);
-    if (value.size() < shortest || value.size() > longest) return;
-    auto index = ToInt16(line.substr(first + 1, second - first - 1));
+void ReadSlot(Slots& slots, Line line, std::size_t shortest, std::size_t longest) {
+    const auto fields = FieldsOf(line);
+    if (!fields || fields->third.size() < shortest || fields->third.size() > longest) return;
+    const auto index = ToInt16(fields->second);
     if (index && *index >= 0 && static_cast<std::size_t>(*index) < slots.size())
-        slots[static_cast<std::size_t>(*index)] = value;
+        slots[static_cast<std::size_t>(*index)] = fields->third;
 }
 
-void ReadCcom(SettingsReading& reading, Text line, Text) {
+void ReadCcom(SettingsReading& reading, Line line, Text) {
     ReadSlot(reading.options.Ccoms.CcomNames, line, 1, 10);
 }
 
@@ -131,7 +150,7 @@ void WriteChatSends(Options& options, TextLines& lines) {
         lines.Add("chatsend:" + std::to_string(index++) + ":", text);
 }
 
-void ReadChatSend(SettingsReading& reading, Text line, Text) {
+void ReadChatSend(SettingsReading& reading, Line line, Text) {
     ReadSlot(reading.chatSends, line, 0, ChatSendMaxLength);
 }
 
