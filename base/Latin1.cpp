@@ -76,4 +76,25 @@ std::string ToUtf8(std::string_view text) {
     return utf8;
 }
 
+std::string FromUtf16(std::string_view utf16) {
+    const bool lowFirst = utf16.starts_with("\xFF\xFE");
+    if (lowFirst || utf16.starts_with("\xFE\xFF")) utf16.remove_prefix(2);
+    std::string text;
+    bool pair = false; // the first half of a character beyond 16 bits went before
+    for (std::size_t at = 0; at < utf16.size(); at += 2) {
+        const auto one = static_cast<unsigned char>(utf16[at]);
+        const auto other = at + 1 < utf16.size() ? static_cast<unsigned char>(utf16[at + 1]) : 0;
+        const char32_t unit = lowFirst ? other << 8 | one : one << 8 | other;
+        const bool whole = at + 1 < utf16.size();
+        const bool second = unit >= 0xDC00 && unit <= 0xDFFF;
+        if (pair && second) {
+            pair = false; // told already
+            continue;
+        }
+        pair = whole && unit >= 0xD800 && unit <= 0xDBFF;
+        text.push_back(whole ? FromCharacter(unit) : '?');
+    }
+    return text;
+}
+
 } // namespace halyard

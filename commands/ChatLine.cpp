@@ -54,6 +54,11 @@ std::optional<std::string> CommandText(const CcomTable& ccoms, const std::string
 
 void CommandEngine::ChatMessage(std::int16_t intChatIndex, const std::string& strUser,
                                 const std::string& strMessage) {
+    HandleLine(intChatIndex, strUser, strMessage, true);
+}
+
+void CommandEngine::HandleLine(std::int16_t intChatIndex, const std::string& strUser,
+                               const std::string& strMessage, bool fromWire) {
     const auto& options = context.options;
     ChatLine line{strMessage, StripHTML(strMessage), intChatIndex};
     context.host.ConsoleMessage(intChatIndex, strUser, line.stripped);
@@ -62,11 +67,14 @@ void CommandEngine::ChatMessage(std::int16_t intChatIndex, const std::string& st
     if (!room || room->JoinTimerEnabled()) return;
 
     auto strUserNorm = NormalizeName(strUser);
-    bool isOp = CheckCollection(strUserNorm, options.Ops);
+    // A name from the wire with brackets is nobody's of the desk's own.
+    const bool talkOnly = fromWire && context.control.Departs(Departure::NamesAreNoCommands) &&
+                          strUserNorm.find_first_of("[]") != std::string::npos;
+    bool isOp = !talkOnly && CheckCollection(strUserNorm, options.Ops);
     if (options.AutobanGhosts && !CheckCollection(strUserNorm, room->PeopleHere) &&
         !HandleGhost(context, strUserNorm, line))
         return;
-    bool internal = strUserNorm == InternalSender;
+    bool internal = !talkOnly && strUserNorm == InternalSender;
     if (isOp || internal) {
         auto strCommand = CommandText(options.Ccoms, NormalizeName(line.stripped));
         if (!strCommand) return; // an op's line without the trigger is not even searched for autowords

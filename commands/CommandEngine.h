@@ -24,6 +24,7 @@ class CommandEngine {
     ListWorkers& Lists() { return *lists; }
 
     // Events of the control.
+    /// A line from the wire.
     void ChatMessage(std::int16_t intChatIndex, const std::string& strUser, const std::string& strMessage);
     void UserJoinedChat(std::int16_t intChatIndex, const std::string& strUser);
     void UserLeftChat(std::int16_t intChatIndex, const std::string& strUser);
@@ -43,6 +44,9 @@ class CommandEngine {
     void InternalCommand(const std::string& text);
 
   private:
+    void HandleLine(std::int16_t intChatIndex, const std::string& strUser, const std::string& strMessage,
+                    bool fromWire);
+
     std::unique_ptr<ListWorkers> lists;
     CommandContext context;
 };

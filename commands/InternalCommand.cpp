@@ -17,7 +17,7 @@ void CommandEngine::InternalCommand(const std::string& text) {
                                    "format: chat:command");
     auto room = RoomByName(context.control, parts[0]);
     if (!room) return context.boxes.Error("Error", "Error: Chat given was not found!");
-    ChatMessage(room->ChatIndex, "[Manual Command]", parts[1]);
+    HandleLine(room->ChatIndex, "[Manual Command]", parts[1], false);
 }
 
 } // namespace halyard

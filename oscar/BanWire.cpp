@@ -74,6 +74,7 @@ BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::in
     auto frame = BanRequest(BanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
+    if (news) news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Ban, strUser);
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
     if (room->tmrBan) room->tmrBan->SetEnabled(true);
@@ -88,6 +89,7 @@ BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::
     auto frame = BanRequest(UnbanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
+    if (news) news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Unban, strUser);
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
     return BanOutcome::Asked;
@@ -100,7 +102,10 @@ void TillerSock::CloseChat(std::int16_t intChatIndex) {
 
 void TillerSock::SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,
                                 const std::string& strUser) {
-    if (auto id = ToInt32(strRequestID)) SendPacket(intChatIndex, 2, BanRequest(BanHead, *id, strUser));
+    auto id = ToInt32(strRequestID);
+    if (!id) return;
+    if (news) news->BanAsked(intChatIndex, *id, BanRequestKind::Ban, strUser);
+    SendPacket(intChatIndex, 2, BanRequest(BanHead, *id, strUser));
 }
 
 void TillerSock::StoreRequest(const std::string& strRequestID, const std::string& strRecord) {
@@ -117,6 +122,11 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto pending = Split(RequestIDs.Item(id), ":", 5); // type, room, id, user, other
     pending.resize(pending.empty() ? 0 : 5);
     auto body = Mid(strPacket, BodyAt);
+    TellBanAnswer(intChatIndex, id, body);
+    if (Departs(Departure::UnenforcedBans) && body.size() == 2 && body != std::string(2, '\0')) {
+        RequestIDs.Remove(id);
+        return;
+    }
     ClearTLVData();
     ParseTLVs(body, TLVData);
     const auto refused = [&](int chatSend) {
@@ -137,6 +147,16 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
         RequestIDs.Remove(id);
         return true;
     });
+}
+
+/// A reply is two zero bytes, or a refusing word, mostly with what is refused in TLV 0008.
+void TillerSock::TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body) {
+    if (!news) return;
+    const auto number = ToInt32(id).value_or(0);
+    if (body == std::string(2, '\0')) return news->BanAnswered(intChatIndex, number, BanVerdict::Accepted, 0);
+    const bool bare = body.size() <= 2;
+    const auto word = StrToWord(bare ? body : Mid(body, 7, 2)).value_or(0);
+    news->BanAnswered(intChatIndex, number, bare ? BanVerdict::NotEnforced : BanVerdict::Refused, word);
 }
 
 void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,

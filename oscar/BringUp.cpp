@@ -59,17 +59,18 @@ void TillerSock::HandleFamilies(const std::string& strPacket) {
     for (std::size_t at = BodyAt; at + 1 <= strPacket.size() && versions.Count() < MostServiceVersions;
          at += 2)
         versions.Add(StrToHex(Mid(strPacket, at, 2)));
-    events.LoginStatus("Requesting Supported Services Versions...");
+    TellStage("Requesting Supported Services Versions...");
     SendPacket(0, 2, HexToStr("00010017000000000001") + HexToStr(BOSVersions));
 }
 
 void TillerSock::HandleVersions() {
-    events.LoginStatus("Requesting Rate Limit Information...");
+    TellStage("Requesting Rate Limit Information...");
     SendPacket(0, 2, HexToStr("00010006000000000001"));
 }
 
-void TillerSock::HandleRates() {
-    events.LoginStatus("Sending Service Requests...");
+void TillerSock::HandleRates(const std::string& strPacket) {
+    if (Departs(Departure::RateClassesAsTold)) rateTables[0] = RateTable::Read(Mid(strPacket, BodyAt));
+    TellStage("Sending Service Requests...");
     for (const char* literal : BringUpRequests) SendPacket(0, 2, HexToStr(literal));
 }
 
@@ -81,7 +82,7 @@ void TillerSock::HandleICBMParameters(const std::string& strPacket) {
 }
 
 void TillerSock::FinishBringUp() {
-    events.LoginStatus("Login Completed!");
+    TellStage("Login Completed!");
     SendPacket(0, 2, HexToStr("00130007000000000007"));
     SendPacket(0, 2,
                HexToStr("00020004000000000004") + MakeTLV("0005", 2, CapabilityBlock(0)) +
@@ -93,10 +94,12 @@ void TillerSock::FinishBringUp() {
     if (signOn.LoggedOn) { // back from a migration
         signOn.ServerPaused = false;
         ClearService();
+        StartNextRequest();
         return;
     }
     StopLoginTimer();
     signOn.LoggedOn = true;
+    if (news) news->SignedOn(signOn.strLoginName);
     events.LoggedIn(signOn.strLoginName, signOn.strLoginEmail, service.strServiceHost);
     ClearService();
 }
@@ -131,8 +134,9 @@ void TillerSock::HandleMigration(const std::string& strPacket) {
         if (type == "0006") service.strServiceCookie = value;
         return true;
     });
+    if (Departs(Departure::OneServiceRequest)) signOn.ServerPaused = true; // until it is back
     Sock.Close(indices.BOSIndex);
-    Sock.Connect(indices.BOSIndex, service.strServiceHost, service.lngServicePort);
+    Sock.Connect(indices.BOSIndex, HostOf(service.strServiceHost), service.lngServicePort);
 }
 
 } // namespace halyard

@@ -7,6 +7,7 @@
 #include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -23,10 +24,11 @@ constexpr std::array<ErrorText, 3> NavigationErrors{{
     {"0033", "Join chat failed, invalid chat name."},
     {"0032", "Join chat failed, objectional chat name."},
 }};
+constexpr ErrorText AlreadyIn{"002E", "Join chat failed, you are already in this chat."};
 constexpr std::array<ErrorText, 5> JoinErrors{{
     {"004A", "Join chat failed, ejected."},
     {"0018", "Join chat failed, full."},
-    {"002E", "Join chat failed, you are already in this chat."},
+    AlreadyIn,
     {"0030", "Join chat failed, rated."},
     {"0032", "Join chat failed, objectional chat name."},
 }};
@@ -38,19 +40,36 @@ const char* TextOf(const std::array<ErrorText, Size>& texts, const std::string& 
     return otherwise;
 }
 
+/// True when `room` has bytes for an exchange, a cookie with its length, and an instance.
+bool HoldsRoom(const std::string& room) {
+    return room.size() >= 3 && room.size() >= 3U + static_cast<unsigned char>(room[2]) + 2U;
+}
+
 } // namespace
 
 void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchange,
                           std::int16_t intInstance) {
     if (intExchange < 0 ||
         intInstance < 0) { // no word holds them: the frame would be short, and the service hang up
-        events.Error(UnknownJoinError, 0, 0, "000D");
+        Refuse(UnknownJoinError, 0, "000D");
         return;
     }
+    const RoomWish wish{Trim(strChatName), intExchange, intInstance};
+    if (Departs(Departure::RefusedSecondJoins) && IsIn(wish)) return Refuse(AlreadyIn.second, 0x2E, "000D");
+    if (!WaitsItsTurn(wish)) AskForRoom(wish);
+}
+
+bool TillerSock::IsIn(const RoomWish& wish) const {
+    return std::any_of(Chat.begin(), Chat.end(), [&wish](const auto& room) {
+        return room->Exchange == wish.intExchange && SameName(room->ChatName, wish.strName);
+    });
+}
+
+void TillerSock::AskForRoom(const RoomWish& wish) {
     request.JoinPending = true;
-    request.strJoinName = Trim(strChatName);
-    request.intJoinExchange = intExchange;
-    request.intJoinInstance = intInstance;
+    request.strJoinName = wish.strName;
+    request.intJoinExchange = wish.intExchange;
+    request.intJoinInstance = wish.intInstance;
     if (indices.ChatNavIndex != 0) {
         SendRoomCreation();
         return;
@@ -60,6 +79,7 @@ void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchan
 }
 
 void TillerSock::SendRoomCreation() {
+    ++request.creationsUnanswered;
     SendPacket(indices.ChatNavIndex, 2,
                HexToStr("000D0008000000000008") + WordToStr(request.intJoinExchange) +
                    MakeTLV("", 1, "create") + WordToStr(request.intJoinInstance) + HexToStr("010003") +
@@ -68,8 +88,11 @@ void TillerSock::SendRoomCreation() {
 }
 
 void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
+    const bool strict = Departs(Departure::NavigationAnswers);
     if (request.ChatNavPending) {
+        if (strict && Sock.Tag(Index) != "[Chat_Navigation]connecting") return;
         request.ChatNavPending = false;
+        request.creationsUnanswered = 0;
         indices.ChatNavIndex = Index;
         SendServiceReady(Index, "0001000200000000000100010004001008E5000D0001001008E5");
         Sock.SetTag(Index, "[Chat_Navigation]connected");
@@ -82,6 +105,10 @@ void TillerSock::HandleNavigation(int Index, const std::string& strPacket) {
     ParseTLVs(body, TLVData);
     auto room = TLVData.Item(2);
     ClearTLVData();
+    if (strict) {
+        if (Index != indices.ChatNavIndex || request.creationsUnanswered == 0 || !HoldsRoom(room)) return;
+        --request.creationsUnanswered;
+    }
     // Exchange, cookie length, cookie, instance.
     if (auto exchange = StrToWord(room)) AssignInt16(request.intJoinExchange, *exchange);
     auto cookieLength = room.size() >= 3 ? static_cast<unsigned char>(room[2]) : 0;
@@ -102,14 +129,22 @@ void TillerSock::HandleNavigationError(const std::string& strPacket) {
     body.erase(0, 2);
     ClearTLVData();
     ParseTLVs(body, TLVData);
-    WalkTLVs(TLVData, [this](const std::string& type, const std::string& value) {
+    bool told = false;
+    WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
         if (type != "0008") return true;
+        told = true;
         std::int16_t code = 0;
         if (auto word = StrToWord(value)) AssignInt16(code, *word);
-        events.Error(TextOf(NavigationErrors, StrToHex(Left(value, 2)), UnknownJoinError), code, 0,
-                     strLastErrorCode);
+        Refuse(TextOf(NavigationErrors, StrToHex(Left(value, 2)), UnknownJoinError), code, strLastErrorCode);
         return true;
     });
+    if (request.creationsUnanswered > 0) --request.creationsUnanswered;
+    if (!told && Departs(Departure::BareJoinRefusals)) {
+        std::int16_t code = 0;
+        if (auto word = StrToWord(HexToStr(strLastErrorCode))) AssignInt16(code, *word);
+        Refuse(UnknownJoinError, code, "000D");
+    }
+    EndRequest();
 }
 
 void TillerSock::HandleJoinError(const std::string& strPacket) {
@@ -117,6 +152,7 @@ void TillerSock::HandleJoinError(const std::string& strPacket) {
     const bool prefixed = IsFlagged(strPacket) && body.size() >= 2;
     if (prefixed) body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // a byte behind the prefix
     if (!ReadJoinError(body) && prefixed) ReadJoinError(BodyBehindPrefix(strPacket));
+    EndRequest();
 }
 
 bool TillerSock::ReadJoinError(std::string strBody) {
@@ -131,7 +167,7 @@ bool TillerSock::ReadJoinError(std::string strBody) {
     strLastErrorCode = family;
     std::int16_t code = 0;
     if (auto word = StrToWord(value)) AssignInt16(code, *word);
-    events.Error(TextOf(JoinErrors, StrToHex(Left(value, 2)), "Unknown Error."), code, 0, strLastErrorCode);
+    Refuse(TextOf(JoinErrors, StrToHex(Left(value, 2)), "Unknown Error."), code, strLastErrorCode);
     return true;
 }
 
@@ -162,6 +198,7 @@ void TillerSock::LeaveChat(std::int16_t lngChatIndex, const std::string& strChat
 
 void TillerSock::Leave(std::int16_t intChatColIndex) {
     auto room = Chat.Item(intChatColIndex);
+    if (news) news->RoomLeft(room->ChatIndex, room->ChatName, "manual");
     events.LeftChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, "manual");
     Sock.CloseSock(room->ChatIndex);
     auto position = GetChatIndex(room->ChatIndex); // the listener may have moved it

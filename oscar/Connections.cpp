@@ -36,7 +36,7 @@ TillerSock::TillerSock(Platform& platform, OscarSettings& settings, TillerEvents
     timers.onPing = [this](int intChatIndex) { SendPacket(intChatIndex, 5, ""); };
     timers.onTimeBans = [this] { CheckTimeBans(); };
     tmrTimeout->SetInterval(SignOnTimeout);
-    tmrTimeout->onTick = [this] { this->events.LoginError("Attempt to connect has timed out.", -1); };
+    tmrTimeout->onTick = [this] { TellLoginError("Attempt to connect has timed out.", -1); };
 }
 
 std::int16_t TillerSock::GetChatIndex(std::int16_t Index) const {
@@ -50,10 +50,11 @@ std::int16_t TillerSock::GetChatIndex(std::int16_t Index) const {
 
 void TillerSock::SocketError(int Index) {
     auto index = static_cast<std::int16_t>(Index);
+    ownService.erase(Index);
     for (const auto& lost : LostTexts) {
         if (indices.*lost.slot != Index) continue;
         indices.*lost.slot = 0;
-        events.ConnectionLost(index, lost.text);
+        TellLost(Index, lost.text);
         Sock.CloseSock(Index);
         return;
     }
@@ -65,7 +66,7 @@ void TillerSock::SocketError(int Index) {
                ", Instance: " + std::to_string(room->Instance) + " has been lost.";
         LoseRoom(position);
     }
-    events.ConnectionLost(index, text);
+    TellLost(Index, text);
     Sock.CloseSock(Index);
 }
 
@@ -85,6 +86,7 @@ void TillerSock::LoseRoom(std::int16_t intChatColIndex) {
     timers.UnloadChatTimers(intChatColIndex);
     Sock.CloseSock(room->ChatIndex);
     Chat.Remove(intChatColIndex);
+    if (news) news->RoomLeft(room->ChatIndex, room->ChatName, "error");
     events.LeftChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, "error");
 }
 
@@ -96,6 +98,11 @@ void TillerSock::ResetAll() {
     strEncoding.clear();
     strLastErrorCode.clear();
     ClearTLVData();
+    ++resets;
+    ownService.clear();
+    rateTables.clear();
+    waitingRooms.clear();
+    if (tmrRequest) tmrRequest->SetEnabled(false);
 }
 
 void TillerSock::CloseAllSocks() {
@@ -125,6 +132,7 @@ void TillerSock::ClearChatRequest() { request = {}; }
 void TillerSock::LogOff() {
     StopLoginTimer();
     ResetAll();
+    if (news) news->SignedOff();
     events.LoggedOff();
 }
 

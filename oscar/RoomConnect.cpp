@@ -14,14 +14,15 @@ void TillerSock::HandleRedirect(const std::string& strPacket) {
     auto free = Sock.TakeFree();
     if (free < 0) {
         ClearService();
-        events.ConnectionLost(NoSock, "Connection to a service has been lost: all " +
-                                          std::to_string(SocketTable::MaxSpeaking) + " sockets are in use.");
+        TellLost(NoSock, "Connection to a service has been lost: all " +
+                             std::to_string(SocketTable::MaxSpeaking) + " sockets are in use.");
         return;
     }
     indices.FreeSockIndex = free;
     auto body = Mid(strPacket, IsFlagged(strPacket) ? BodyAt + 2 : BodyAt);
     ClearTLVData();
     ParseTLVs(body, TLVData);
+    const auto ofBOS = service;
     ClearService();
     WalkTLVs(TLVData, [this](const std::string& type, const std::string& value) {
         if (type == "000D") {
@@ -36,7 +37,12 @@ void TillerSock::HandleRedirect(const std::string& strPacket) {
         return true;
     });
     ClearTLVData();
-    Sock.Connect(indices.FreeSockIndex, service.strServiceHost, service.lngServicePort);
+    Sock.Connect(indices.FreeSockIndex, HostOf(service.strServiceHost), service.lngServicePort);
+    if (Departs(Departure::OneServiceRequest)) {
+        service.wish = {request.strJoinName, request.intJoinExchange, request.intJoinInstance};
+        ownService[indices.FreeSockIndex] = service;
+        service = ofBOS;
+    }
     indices.FreeSockIndex = 0;
 }
 
@@ -68,7 +74,8 @@ void TillerSock::SendServiceReady(int Index, const std::string& head) {
     SendPacket(Index, 2, ready);
 }
 
-void TillerSock::HandleServiceRates(int Index) {
+void TillerSock::HandleServiceRates(int Index, const std::string& strPacket) {
+    if (Departs(Departure::RateClassesAsTold)) rateTables[Index] = RateTable::Read(Mid(strPacket, BodyAt));
     SendPacket(Index, 2, HexToStr("0001000800000000000800010002000300040005"));
     auto tag = Sock.Tag(Index);
     if (tag == "[Chat_Navigation]connecting") {
@@ -91,9 +98,10 @@ void TillerSock::OpenRoom(int Index) {
     auto intChatIndex = static_cast<std::int16_t>(Index);
     if (Room(intChatIndex)) return; // a service that repeats itself gets no second room on this socket
     auto room = std::make_shared<Chats>(*this, sngBanPause);
-    room->ChatName = request.strJoinName;
-    room->Exchange = request.intJoinExchange;
-    room->Instance = request.intJoinInstance;
+    const bool own = Departs(Departure::OneServiceRequest);
+    room->ChatName = own ? service.wish.strName : request.strJoinName;
+    room->Exchange = own ? service.wish.intExchange : request.intJoinExchange;
+    room->Instance = own ? service.wish.intInstance : request.intJoinInstance;
     room->ChatIndex = intChatIndex;
     room->SetAutoUnrate(window.GetAutoUnrate());
     room->SetUnratePause(window.GetUnratePause());
@@ -141,8 +149,10 @@ void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) 
     room->ChatIndex = static_cast<std::int16_t>(Index);
     room->ServerIP = Sock.RemoteAddress(Index);
     Sock.SetTag(Index, "[Chat]connected");
+    if (news) news->RoomEntered(room->ChatIndex, room->ChatName);
     events.JoinedChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, room->MaxPeople,
                       room->MaxMessageLength, room->ServerIP, room->DetailLevel);
+    EndRequest();
 }
 
 } // namespace halyard

@@ -1,13 +1,16 @@
 // What arrives on a room's connection (family 000E, and rate changes of family 0001): lines, people, the
 // owner notice.
 
+#include "base/Latin1.h"
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace halyard {
 
@@ -36,6 +39,12 @@ RateChange ReadRateNotice(const std::string& body) {
     return {true, *type, *classID};
 }
 
+/// The name at the head of user information: a length of one byte, and the name.
+std::string NameIn(std::string_view information) {
+    const std::size_t length = information.empty() ? 0 : static_cast<unsigned char>(information[0]);
+    return Mid(information, 2, length);
+}
+
 } // namespace
 
 void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
@@ -47,6 +56,7 @@ void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
         if (type == MessageTLV) message = value;
         return true;
     });
+    if (Departs(Departure::WholeMessageBlocks)) return HearWholeBlock(Index, sender, message);
     std::string_view text;
     bool found = false;
     EachTLV(message, [&](View type, View value) {
@@ -60,9 +70,23 @@ void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
 
     std::string line(text);
     if (strEncoding == "unicode-2-0") std::erase(line, '\0');
-    const std::size_t nameLength = sender.empty() ? 0 : static_cast<unsigned char>(sender[0]);
-    events.ChatMessage(static_cast<std::int16_t>(Index), Mid(sender, 2, nameLength), line);
+    events.ChatMessage(static_cast<std::int16_t>(Index), NameIn(sender), line);
     ClearTLVData();
+}
+
+/// Text and encoding in any order; the first of each counts.
+void TillerSock::HearWholeBlock(int Index, std::string_view sender, std::string_view message) {
+    std::optional<std::string_view> text;
+    std::optional<std::string_view> encoding;
+    EachTLV(message, [&](std::string_view type, std::string_view value) {
+        if (type == EncodingTLV && !encoding) encoding = value;
+        if (type == TextTLV && !text) text = value;
+        return true;
+    });
+    if (!text) return;
+    const bool wide = encoding && *encoding == "unicode-2-0";
+    const auto name = NameIn(sender);
+    events.ChatMessage(static_cast<std::int16_t>(Index), name, wide ? FromUtf16(*text) : std::string(*text));
 }
 
 void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool joined) {
@@ -80,6 +104,7 @@ void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool join
         for (; count > 0 && at < strPacket.size(); --count)
             at += 4 + static_cast<std::size_t>(wordAt(at + 2));
         if (auto room = Room(intChatIndex)) joined ? room->UserJoined(name) : room->UserLeft(name);
+        if (news) joined ? news->PersonCame(intChatIndex, name) : news->PersonWent(intChatIndex, name);
         joined ? events.UserJoinedChat(intChatIndex, name) : events.UserLeftChat(intChatIndex, name);
     }
 }
@@ -101,7 +126,23 @@ void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
         notice = ReadRateNotice(Mid(rest, 1 + length + 2)); // a byte behind the prefix
         if (!notice.IsKnown()) notice = ReadRateNotice(BodyBehindPrefix(strPacket));
     }
-    if (notice.read) room->RateNotice(notice.type, notice.classID);
+    if (!notice.read) return;
+    const auto table = rateTables.find(Index);
+    if (!Departs(Departure::RateClassesAsTold) || table == rateTables.end() || !table->second.Known())
+        return room->RateNotice(notice.type, notice.classID);
+    const std::pair<std::uint32_t, int> rated[] = {{BanRequestKey, 1}, {RoomLineRequest, 5}};
+    for (const auto& [key, laidDown] : rated) // under the class that the room knows for it
+        if (table->second.ClassOf(key) == notice.classID) room->RateNotice(notice.type, laidDown);
+}
+
+/// Nothing is laid down for one on the main connection. Its own table says whether it is about messages.
+void TillerSock::HandleMainRateChange(const std::string& strPacket) {
+    if (!Departs(Departure::RateClassesAsTold)) return;
+    const auto notice =
+        ReadRateNotice(IsFlagged(strPacket) ? BodyBehindPrefix(strPacket) : Mid(strPacket, BodyAt));
+    const auto table = rateTables.find(indices.BOSIndex);
+    if (!notice.IsKnown() || table == rateTables.end() || !table->second.Known()) return;
+    if (table->second.ClassOf(MessageRequest) == notice.classID) signOn.MessagesRated = notice.type <= 3;
 }
 
 } // namespace halyard

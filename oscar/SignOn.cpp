@@ -55,29 +55,32 @@ void TillerSock::Login(const std::string& strUser, const std::string& strPasswor
     signOn.LoginInvisible = blnInvisible;
     signOn.OnAuthServer = true;
     Sock.SetTag(0, "[Auth]connecting");
-    events.LoginStatus("Connecting to Auth server...");
+    TellStage("Connecting to Auth server...");
     tmrTimeout->SetEnabled(true);
+    if (Departs(Departure::OneServiceRequest)) ownService[0] = service;
     Sock.Connect(0, signOn.strAuthHost, service.lngServicePort);
 }
 
 void TillerSock::HandleHello(int Index) {
+    if (signOn.OnAuthServer) signOn.strPeer = Sock.RemoteAddress(Index);
     if (!signOn.OnAuthServer) {
-        if (!signOn.LoggedOn) events.LoginStatus("Sending Ack and Cookie to BOS Server...");
+        if (!signOn.LoggedOn) TellStage("Sending Ack and Cookie to BOS Server...");
         SendCookie(Index);
         return;
     }
     if (Settings.LoginMD5) {
-        events.LoginStatus("Sending Ack to Auth Server...");
+        TellStage("Sending Ack to Auth Server...");
         SendPacket(Index, 1, HexToStr("00000001"));
-        events.LoginStatus("Requesting Auth Key...");
+        TellStage("Requesting Auth Key...");
         SendPacket(Index, 2, HexToStr("001700060000000000010001") + MakeTLV("", 2, signOn.strLoginName));
         return;
     }
-    events.LoginStatus("Sending roasted login...");
-    // The roasted password goes out under type 0025 too.
+    TellStage("Sending roasted login...");
+    // The roasted password goes out under type 0025 too, as laid down.
+    const auto* type = Departs(Departure::RoastedPasswordType) ? "0002" : "0025";
     SendPacket(Index, 1,
                HexToStr("00000001") + MakeTLV("0001", 2, signOn.strLoginName) +
-                   MakeTLV("0025", 2, Secrets.Roast(signOn.strLoginPassword)) + IdentityTLVs());
+                   MakeTLV(type, 2, Secrets.Roast(signOn.strLoginPassword)) + IdentityTLVs());
 }
 
 void TillerSock::SendCookie(int Index) {
@@ -87,7 +90,7 @@ void TillerSock::SendCookie(int Index) {
 void TillerSock::HandleAuthKey(const std::string& strPacket) {
     auto length = static_cast<unsigned char>(strPacket.size() >= 18 ? strPacket[17] : 0);
     auto hash = Secrets.Hash(Mid(strPacket, 19, length), signOn.strLoginPassword);
-    events.LoginStatus("Sending Login Information...");
+    TellStage("Sending Login Information...");
     SendPacket(0, 2,
                HexToStr("00170002000000000001") + MakeTLV("0001", 2, signOn.strLoginName) +
                    MakeTLV("0025", 2, hash) + MakeTLV("004C", 2, "") + IdentityTLVs() +
@@ -113,7 +116,7 @@ void TillerSock::HandleAuthReply(std::string strTLVs, bool blnMD5) {
     if (failed) {
         int code = error.empty() ? 0 : static_cast<unsigned char>(error[0]);
         if (blnMD5) StopLoginTimer(); // the roasted reply leaves it running
-        events.LoginError(LoginErrorText(code), static_cast<std::int16_t>(code));
+        TellLoginError(LoginErrorText(code), code);
         ClearTLVData();
         ResetAll();
         return;
@@ -122,8 +125,8 @@ void TillerSock::HandleAuthReply(std::string strTLVs, bool blnMD5) {
     Sock.Close(0);
     signOn.OnAuthServer = false;
     Sock.SetTag(0, "[BOS]connecting");
-    events.LoginStatus("Connecting to BOS Server...");
-    Sock.Connect(0, service.strServiceHost, service.lngServicePort);
+    TellStage("Connecting to BOS Server...");
+    Sock.Connect(0, HostOf(service.strServiceHost), service.lngServicePort);
 }
 
 } // namespace halyard

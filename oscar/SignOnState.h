@@ -16,12 +16,21 @@ struct SignOnState {
     std::string strLoginPassword;
     std::string strLoginEmail;
     std::string strAuthHost;
+    std::string strPeer; ///< the auth server's address
     bool OnAuthServer = false;
     bool LoggedOn = false;
     bool UseMD5Reply = true;
     bool LoginInvisible = false; ///< stored and otherwise unused
     bool ServerPaused = false;
+    bool MessagesRated = false; ///< the class of messages is limited, with Departure::RateClassesAsTold
     std::array<std::string, 7> ICBMParameters; ///< 0004 0005, sent back by 0004 0002
+};
+
+/// A room that somebody wants to be in.
+struct RoomWish {
+    std::string strName;
+    std::int16_t intExchange = 0;
+    std::int16_t intInstance = 0;
 };
 
 /// Where the next connection goes, and what it serves.
@@ -31,6 +40,7 @@ struct ServiceState {
     std::string strServiceCookie;
     std::string strServiceFamily; ///< four hex digits
     Collection<std::string> ServiceVersions;
+    RoomWish wish; ///< the room that a connection of family 000E was asked for
 };
 
 /// Which socket serves what; 0 is none, which for BOS is also its socket.
@@ -51,6 +61,9 @@ struct RoomRequest {
     std::string strJoinCookie;
     bool ChatNavPending = false; ///< navigation is being brought up
     bool JoinPending = false;
+    int creationsUnanswered = 0; ///< on the navigation connection that stands
+    bool underWay = false;       ///< asked for, and neither opened nor refused
+    int tries = 0;
 };
 
 /// What the account's list on the service says of privacy and presence (family 0013).

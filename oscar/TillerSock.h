@@ -1,16 +1,20 @@
 #pragma once
 
 // The protocol control: every connection to the OSCAR network, what comes over them, and the rooms. One
-// source file a topic: SignOn, BringUp, ServiceList, ChatNavigation, RoomConnect, RoomTraffic, SendChat,
-// Messaging, BanWire, Ejects, TimeBans, Connections. The main window owns the one control and listens to its
-// events.
+// source file a topic: SignOn, BringUp, ServiceList, ChatNavigation, RoomRequests, RoomConnect, RoomTraffic,
+// SendChat, Messaging, BanWire, Ejects, TimeBans, Connections, NetworkWays. The main window owns the one
+// control and listens to its events.
 
 #include "base/Collection.h"
+#include "base/News.h"
+#include "oscar/Departures.h"
 #include "oscar/NetworkSecrets.h"
 #include "oscar/OscarSettings.h"
 #include "oscar/SignOnState.h"
 #include "oscar/SocketTable.h"
 #include "oscar/TillerEvents.h"
+#include "oscar/networks/Network.h"
+#include "oscar/wire/RateTable.h"
 #include "platform/Platform.h"
 #include "rooms/Chats.h"
 #include "rooms/EjectList.h"
@@ -18,8 +22,11 @@
 #include "rooms/TimerPool.h"
 
 #include <cstdint>
+#include <deque>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace halyard {
 
@@ -45,6 +52,14 @@ class TillerSock : public RoomHost {
 
     NetworkSecrets Secrets = DefaultSecrets();
     OscarSettings& Settings;
+
+    // The network (NetworkWays.cpp).
+    /// Takes over the secrets and ways for the next sign-on; those of "Laid down" are there at the start.
+    void UseNetwork(const Network& network);
+    bool Departs(Departure departure) const { return departures.On(departure); }
+    Departures& Switches() { return departures; }
+    /// One listener, who outlives the control; null for none.
+    void SetNews(News* listener) { news = listener; }
 
     // Connection (SignOn.cpp, Connections.cpp).
     void Login(const std::string& strUser, const std::string& strPassword, std::int32_t lngPort,
@@ -96,11 +111,15 @@ class TillerSock : public RoomHost {
     void RemoveEjectList(const std::string& strChatName);
 
     // People (Messaging.cpp).
+    /// Lost without a word while the network limits messages (Departure::RateClassesAsTold).
     void SendIM(const std::string& strScreenname, const std::string& strMessage);
     void GetUserInfo(const std::string& strScreenname, std::int32_t TheType = 0);
     void SetProfile(const std::string& strProfile);
     void SetCapabilities(const Collection<std::string>& UUIDs);
     void SetPrivacy(std::int16_t intPrivacyLevel, std::int32_t lngAllowUserClassOnly = 0);
+
+    /// The host to connect to for one that the service named.
+    std::string HostOf(const std::string& strHost) const;
 
     // Timers and wire.
     void CreateTimer(const std::string& strType) { timers.CreateTimer(strType); }
@@ -132,14 +151,29 @@ class TillerSock : public RoomHost {
     }
     void RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) override;
 
+    // RoomRequests.cpp: one request for a service at a time, with Departure::OneServiceRequest.
+    bool WaitsItsTurn(const RoomWish& wish);
+    void AskForRoom(const RoomWish& wish);
+    bool IsIn(const RoomWish& wish) const;
+    void EndRequest();
+    void StartNextRequest();
+    void RequestTimedOut();
+    void ParseWithOwnService(int Index, std::string& strPacket);
+
     // Pump.cpp: bytes to frames. Dispatch.cpp: frames to handlers.
     void DataArrival(int Index, std::size_t available);
+    void Dispatch(int Index, std::string& strPacket);
     void ParseSignOnSocket(int Index, std::string& strPacket);
     void ParseServiceSocket(int Index, std::string& strPacket);
 
     // Connections.cpp: what happens when a connection ends.
     void SocketError(int Index);
     void HandleSignOff(int Index);
+    void HandleMainSignOff(int Index, const std::string& strBody);
+    void Refuse(const char* text, std::int16_t code, const std::string& family);
+    void TellLost(int Index, const std::string& text);
+    void TellStage(const char* text);
+    void TellLoginError(const std::string& text, int code);
     void LoseRoom(std::int16_t intChatColIndex);
     void ResetAll();
     void CloseAllSocks();
@@ -156,7 +190,7 @@ class TillerSock : public RoomHost {
     // BringUp.cpp, ServiceList.cpp: families 0001 to 0013 on BOS.
     void HandleFamilies(const std::string& strPacket);
     void HandleVersions();
-    void HandleRates();
+    void HandleRates(const std::string& strPacket);
     void HandleICBMParameters(const std::string& strPacket);
     void FinishBringUp();
     void HandleSSIList(const std::string& strPacket);
@@ -168,7 +202,7 @@ class TillerSock : public RoomHost {
     void HandleRedirect(const std::string& strPacket);
     void HandleServiceFamilies(int Index, const std::string& strPacket);
     void HandleServiceVersions(int Index, const std::string& strPacket);
-    void HandleServiceRates(int Index);
+    void HandleServiceRates(int Index, const std::string& strPacket);
     void SendServiceReady(int Index, const std::string& head);
     void HandleNavigation(int Index, const std::string& strPacket);
     void SendRoomCreation();
@@ -183,9 +217,11 @@ class TillerSock : public RoomHost {
 
     // RoomTraffic.cpp: family 000E.
     void HandleChatMessage(int Index, const std::string& strPacket);
+    void HearWholeBlock(int Index, std::string_view sender, std::string_view message);
     void HandlePeople(int Index, const std::string& strPacket, bool joined);
     void HandleOwner(int Index, const std::string& strPacket);
     void HandleRateChange(int Index, const std::string& strPacket);
+    void HandleMainRateChange(const std::string& strPacket);
 
     // Messaging.cpp: families 0002 and 0004.
     void HandleInstantMessage(const std::string& strPacket);
@@ -195,12 +231,15 @@ class TillerSock : public RoomHost {
 
     // BanWire.cpp, Ejects.cpp.
     void HandleBanReply(int Index, const std::string& strPacket);
+    void TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body);
     void ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
                     std::int16_t intChatIndex);
     void AddEject(const std::string& strUser, std::int16_t intChatIndex);
     void RemoveEject(const std::string& strUser, std::int16_t intChatIndex);
 
     Platform& platform;
+    Departures departures;
+    News* news = nullptr;
     TillerEvents& events;
     MainWindowLink& window;
     SocketTable Sock;
@@ -208,8 +247,13 @@ class TillerSock : public RoomHost {
     std::unique_ptr<Timer> tmrTimeout; // 15 s from Login to "Login Completed!"
     SignOnState signOn;
     ServiceState service;
+    std::map<int, ServiceState> ownService; // by socket, with Departure::OneServiceRequest
+    unsigned resets = 0;
     ServiceSlots indices;
     RoomRequest request;
+    std::deque<RoomWish> waitingRooms;
+    std::unique_ptr<Timer> tmrRequest;   // made when the first request is timed
+    std::map<int, RateTable> rateTables; // by socket
     PresenceState presence;
     std::string strEncoding; // of the last message that named one
     std::int16_t ChatMessageID = 0;

@@ -14,7 +14,7 @@ namespace {
 
 /// True when the request may go on to its handler.
 bool PassesRates(World& world, Connection& connection, const Snac& snac) {
-    auto classId = RateClassOf(snac.family, snac.subtype);
+    auto classId = RateClassOf(snac.family, snac.subtype, world.options.Has(Departure::RateClassesAsTold));
     if (classId == 0) return true;
     auto verdict = connection.rates.Count(classId, world.Now());
     if (verdict.notice != RateCode::None) SendRateNotice(world, connection, classId, verdict.notice);

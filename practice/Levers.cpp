@@ -53,7 +53,7 @@ void PracticeLevers::Say(const std::string& room, const std::string& name, const
     auto found = world.rooms.FindName(room);
     if (!found || !found->Find(name)) return;
     world.Note(found->name, name, "says " + text);
-    SayInRoom(world, *found, name, std::string(8, '\0'), TextBlock(text), nullptr, 0);
+    SayInRoom(world, *found, name, std::string(8, '\0'), TextBlock(world, text), nullptr, 0);
 }
 
 void PracticeLevers::Message(const std::string& from, const std::string& to, const std::string& text) {
@@ -118,7 +118,8 @@ void PracticeLevers::Migrate(const std::string& name) {
         world.Note("", name, "is sent to migrate");
         bos.migrating = true;
         auto cookie = world.NewCookie({.name = bos.name, .service = Service::Bos, .migration = true});
-        bos.SendSnac(0x0001, 0x0012, 0, WordToStr(0) + Tlv(0x0005, world.Address()) + Tlv(0x0006, cookie));
+        bos.SendSnac(0x0001, 0x0012, 0,
+                     WordToStr(0) + Tlv(0x0005, world.RedirectAddress()) + Tlv(0x0006, cookie));
     });
 }
 

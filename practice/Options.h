@@ -1,5 +1,6 @@
 #pragma once
 
+#include "oscar/Departures.h"
 #include "oscar/NetworkSecrets.h"
 #include "practice/service/RateClasses.h"
 
@@ -23,6 +24,9 @@ struct PracticeOptions {
     int signOnSeconds = 60;      ///< a connection that has not said who it is by then is closed
     std::size_t maxConnections = 1000;
     std::size_t maxRooms = 500;
+    Ways ways; ///< the habits of other services: for each departure, the one that it is there for
+
+    bool Has(Departure habit) const { return ways.test(static_cast<std::size_t>(habit)); }
 };
 
 } // namespace halyard

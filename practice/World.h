@@ -45,6 +45,10 @@ class World {
     void Note(const std::string& room, const std::string& who, const std::string& what);
     /// Host, ":" and port for redirects.
     std::string Address() const { return options.address + ":" + std::to_string(port); }
+    /// The same as redirects tell it.
+    std::string RedirectAddress() const {
+        return options.Has(Departure::ReachableRedirects) ? "0.0.0.0:" + std::to_string(port) : Address();
+    }
     /// Gives out a cookie for a ticket that has none yet.
     std::string NewCookie(Ticket ticket);
     /// The user information of a person, on line or not.

@@ -6,9 +6,21 @@
 #include "oscar/wire/ModOscarFunctions.h"
 #include "oscar/wire/SnacFrame.h"
 
+#include <string_view>
+
 namespace halyard {
 
 void TillerSock::ParsePacket(int Index, std::string& strPacket) {
+    if (news && strPacket.size() >= SocketTable::HeaderSize)
+        news->Frame(Index, false, static_cast<unsigned char>(strPacket[ChannelAt - 1]),
+                    std::string_view(strPacket).substr(SocketTable::HeaderSize));
+    if (Departs(Departure::OneServiceRequest))
+        ParseWithOwnService(Index, strPacket);
+    else
+        Dispatch(Index, strPacket);
+}
+
+void TillerSock::Dispatch(int Index, std::string& strPacket) {
     if (Index == 0)
         ParseSignOnSocket(Index, strPacket);
     else
@@ -20,6 +32,8 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
     if (channel == ByteToStr(1)) HandleHello(Index);
     if (channel == ByteToStr(4)) {
         if (signOn.LoggedOn && !signOn.ServerPaused) {
+            if (Departs(Departure::MainSignOffs)) return HandleMainSignOff(Index, Mid(strPacket, 7));
+            if (news) news->ConnectionEnded(Index, "The service has ended the main connection.");
             HandleSignOff(Index);
             ResetAll();
             return;
@@ -33,14 +47,18 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
     if (key == "00170003") return HandleAuthReply(Mid(strPacket, BodyAt), true);
     if (key == "00010003") return HandleFamilies(strPacket);
     if (key == "00010018") return HandleVersions();
-    if (key == "00010007") return HandleRates();
+    if (key == "00010007") return HandleRates(strPacket);
     if (key == "00040005") return HandleICBMParameters(strPacket);
     if (key == "00090003") return FinishBringUp();
     if (key == "00130006") return HandleSSIList(strPacket);
     if (key == "00010005") return HandleRedirect(strPacket);
     if (key == "00010001") return HandleJoinError(strPacket);
     if (key == "0001000B") return HandlePause();
-    if (key == "0001000D") signOn.ServerPaused = false;
+    if (key == "0001000D") {
+        signOn.ServerPaused = false;
+        StartNextRequest();
+    }
+    if (key == "0001000A") return HandleMainRateChange(strPacket);
     if (key == "00010012") return HandleMigration(strPacket);
     if (key == "00020001") return HandleLocationError(strPacket);
     if (key == "00020006") return HandleUserInfo(strPacket);
@@ -63,7 +81,7 @@ void TillerSock::ParseServiceSocket(int Index, std::string& strPacket) {
     if (key == "0001000A") return HandleRateChange(Index, strPacket);
     if (key == "00010003") return HandleServiceFamilies(Index, strPacket);
     if (key == "00010018") return HandleServiceVersions(Index, strPacket);
-    if (key == "00010007") return HandleServiceRates(Index);
+    if (key == "00010007") return HandleServiceRates(Index, strPacket);
     if (key == "000D0009") return HandleNavigation(Index, strPacket);
     if (key == "000D0001") return HandleNavigationError(strPacket);
 }

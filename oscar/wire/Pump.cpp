@@ -41,6 +41,7 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
             ParsePacket(Index, data);
             break;
         }
+        if (Departs(Departure::OneServiceRequest) && Sock.Generation(Index) != generation) return;
         auto frame = data.substr(at - frameLength, frameLength);
         ParsePacket(Index, frame);
     }
@@ -56,6 +57,7 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
 }
 
 void TillerSock::SendPacket(int Index, int intChannel, const std::string& strPacket) {
+    if (news) news->Frame(Index, true, intChannel, strPacket);
     Sock.SendPacket(Index, intChannel, strPacket);
 }
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace halyard {
@@ -30,6 +31,8 @@ class SimNetwork {
     SimNetwork& operator=(const SimNetwork&) = delete;
 
     SimFaults faults;
+    /// The address of the one machine that there is. While it isn't a loopback address, those lead nowhere.
+    std::string address = "127.0.0.1";
 
     /// Resets every connection: both sides see an error, what was under way is lost.
     void DropAll();
@@ -64,6 +67,9 @@ class SimNetwork {
     /// Counts an operation; true when it is the one to fail.
     bool Fails(Operation operation);
     Fate NextConnect();
+    bool LeadsHere(const std::string& host) const {
+        return address == "127.0.0.1" || (host != "127.0.0.1" && host != "0.0.0.0");
+    }
     std::int64_t Latency() { return random.Between(faults.latencyMin, faults.latencyMax); }
     /// The port taken, 0 when that is not possible.
     std::int32_t Listen(SimServer& server, std::int32_t port);

@@ -27,7 +27,8 @@ void SimSocket::Connect(const std::string& host, std::int32_t port) {
     if (host.empty() || port < 1 || port > 65535) return FailIn(0, badAddress, "Address is not available");
     auto fate = network.NextConnect();
     if (fate == SimNetwork::Fate::Unanswered) return FailIn(silence, timedOut, "Connection timed out");
-    if (fate == SimNetwork::Fate::Refused) return FailIn(network.Latency(), refused, "Connection refused");
+    if (fate == SimNetwork::Fate::Refused || !network.LeadsHere(host))
+        return FailIn(network.Latency(), refused, "Connection refused");
     auto deadline = network.clock.Now() + silence;
     connecting = network.clock.In(network.Latency(), [this, port, deadline] { Reach(port, deadline); });
 }
@@ -60,7 +61,9 @@ void SimSocket::Close() {
     state = SocketState::Closed;
 }
 
-std::string SimSocket::RemoteAddress() const { return state == SocketState::Connected ? "127.0.0.1" : ""; }
+std::string SimSocket::RemoteAddress() const {
+    return state == SocketState::Connected ? network.address : "";
+}
 
 void SimSocket::SetLowWaterMark(std::size_t bytes) {
     lowWaterMark = std::max<std::size_t>(bytes, 1);

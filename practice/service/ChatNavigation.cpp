@@ -31,6 +31,11 @@ bool Refuse(Connection& connection, const Snac& snac, int word) {
     return true;
 }
 
+bool RefuseBare(Connection& connection, const Snac& snac, int word) {
+    connection.SendSnac(0x000D, 0x0001, snac.id, WordToStr(word));
+    return true;
+}
+
 bool Create(World& world, Connection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto exchange = reader.Word();
@@ -45,6 +50,17 @@ bool Create(World& world, Connection& connection, const Snac& snac) {
     if (!name || NormalizeName(*name).empty() || name->size() > longestName)
         return Refuse(connection, snac, wordInvalidName);
     if (instance == lastInstance) instance = 0;
+    if (world.options.Has(Departure::BareJoinRefusals)) {
+        constexpr int publicExchange = 5; // whose rooms the service makes itself
+        Room asked;
+        asked.exchange = exchange;
+        asked.instance = instance;
+        asked.name = *name;
+        const bool known = world.rooms.FindCookie(asked.Cookie());
+        if (exchange != publicExchange && exchange != publicExchange - 1)
+            return RefuseBare(connection, snac, 0x0008);
+        if (exchange == publicExchange && !known) return RefuseBare(connection, snac, 0x0014);
+    }
     auto room = world.rooms.FindOrCreate(exchange, instance, *name, world.options.maxPeople);
     if (!room) return Refuse(connection, snac, wordTooManyRooms);
     if (room->owner.empty()) {

@@ -21,11 +21,21 @@ constexpr Member members[] = {
     {3, 0x0004, 0x0006}, {3, 0x0004, 0x0014}, {4, 0x0002, 0x0005}, {4, 0x0002, 0x0015}, {5, 0x000E, 0x0005},
 };
 
-std::string GroupBytes(int classId) {
+/// The class of a request where common services sort it: they know no bans in rooms.
+int ClassElsewhere(const Member& member) {
+    if (member.family == 0x000E) return member.subtype == 0x0005 ? 2 : 0;
+    return member.family == 0x0002 && member.subtype != 0x0004 ? 3 : member.classId;
+}
+
+int ClassOf(const Member& member, bool asElsewhere) {
+    return asElsewhere ? ClassElsewhere(member) : member.classId;
+}
+
+std::string GroupBytes(int classId, bool asElsewhere) {
     std::string pairs;
     int count = 0;
     for (const auto& member : members) {
-        if (member.classId != classId) continue;
+        if (ClassOf(member, asElsewhere) != classId) continue;
         pairs += WordToStr(member.family) + WordToStr(member.subtype);
         ++count;
     }
@@ -46,9 +56,9 @@ RateClasses DefaultRateClasses() {
              {10, 5500, 5300, 4200, 3000, 8000}}};
 }
 
-int RateClassOf(int family, int subtype) {
+int RateClassOf(int family, int subtype, bool asElsewhere) {
     for (const auto& member : members)
-        if (member.family == family && member.subtype == subtype) return member.classId;
+        if (member.family == family && member.subtype == subtype) return ClassOf(member, asElsewhere);
     return 0;
 }
 
@@ -108,10 +118,10 @@ std::string RateMeter::ClassBytes(int classId, bool longForm, std::int64_t now) 
     return bytes;
 }
 
-std::string RateMeter::Answer(bool longForm, std::int64_t now) const {
+std::string RateMeter::Answer(bool longForm, std::int64_t now, bool asElsewhere) const {
     auto bytes = WordToStr(5);
     for (int classId = 1; classId <= 5; ++classId) bytes += ClassBytes(classId, longForm, now);
-    for (int classId = 1; classId <= 5; ++classId) bytes += GroupBytes(classId);
+    for (int classId = 1; classId <= 5; ++classId) bytes += GroupBytes(classId, asElsewhere);
     return bytes;
 }
 

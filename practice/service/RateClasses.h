@@ -26,7 +26,8 @@ using RateClasses = std::array<RateClass, 5>;
 RateClasses DefaultRateClasses();
 
 /// The class that governs a request; 0 for one that is not counted.
-int RateClassOf(int family, int subtype);
+/// `asElsewhere`: as common services sort them, room lines in class 2, messages and user information in 3.
+int RateClassOf(int family, int subtype, bool asElsewhere = false);
 
 /// The codes of a rate notice (0001 000A).
 enum class RateCode { None = 0, Alert = 2, Limit = 3, Clear = 4 };
@@ -55,7 +56,7 @@ class RateMeter {
     void Force(int classId, RateCode code);
 
     /// The answer to a rate request (0001 0007): the classes, then what belongs to them.
-    std::string Answer(bool longForm, std::int64_t now) const;
+    std::string Answer(bool longForm, std::int64_t now, bool asElsewhere = false) const;
     /// One class as it stands in answers and notices: 35 bytes in the long form, 30 in the short.
     std::string ClassBytes(int classId, bool longForm, std::int64_t now) const;
 

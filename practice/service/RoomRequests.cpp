@@ -35,6 +35,11 @@ void Answer(World& world, Connection& connection, const Snac& snac, int word) {
     connection.SendSnac(0x000E, 0x0001, snac.id, word == 0 ? WordToStr(0) : ErrorBody(codeDenied, word));
 }
 
+/// For a service that doesn't know the family of bans: a bare word.
+bool RefuseAsUnknown(Connection& connection, const Snac& snac) {
+    return connection.SendSnac(0x000E, 0x0001, snac.id, WordToStr(1)), true;
+}
+
 bool HandleBan(World& world, Connection& connection, const Snac& snac) {
     auto tlvs = ReadTlvs(snac.body);
     auto target = tlvs ? FindTlv(*tlvs, 0x0001) : nullptr;
@@ -64,6 +69,11 @@ bool HandleRoom(World& world, Connection& connection, const Snac& snac) {
     if (!connection.room) return true; // before 0001 0002 nothing is said
     switch (snac.subtype) {
     case 0x0005: return HandleSay(world, connection, snac);
+    default: break;
+    }
+    const bool bans = snac.subtype == 0x0023 || snac.subtype == 0x0024 || snac.subtype == 0x0025;
+    if (bans && world.options.Has(Departure::UnenforcedBans)) return RefuseAsUnknown(connection, snac);
+    switch (snac.subtype) {
     case 0x0023: return HandleClose(world, connection, snac);
     case 0x0024:
     case 0x0025: return HandleBan(world, connection, snac);

@@ -39,6 +39,11 @@ int RefusalOf(const Room& room, const std::string& name) {
     return room.IsFull() ? wordFull : 0;
 }
 
+void ReplaceMember(World& world, Room& room, const std::string& name) {
+    const auto* member = room.Find(name);
+    if (member && member->connection) world.Dismiss(*member->connection);
+}
+
 std::string RoomBlock(const World& world, const Room& room) {
     return WordToStr(room.exchange) + ShortString(room.Cookie()) + WordToStr(room.instance) + ByteToStr(2) +
            WordToStr(5) + Tlv(0x006A, room.name) + WordTlv(0x00D1, world.options.maxMessageLength) +
@@ -84,7 +89,15 @@ void SayInRoom(World& world, Room& room, const std::string& name, std::string_vi
     if (reflectTo) reflectTo->SendSnac(0x000E, 0x0006, id, message);
 }
 
-std::string TextBlock(std::string_view text) {
+std::string TextBlock(const World& world, std::string_view text) {
+    const bool plain =
+        std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 128; });
+    if (world.options.Has(Departure::WholeMessageBlocks)) {
+        std::string wide; // Windows-1252 and UTF-16 have the same numbers, but for 128 to 159
+        for (const char c : text) wide += ByteToStr(0) + c;
+        return plain ? Tlv(0x0001, text) + Tlv(0x0002, "us-ascii") + Tlv(0x0003, "en")
+                     : Tlv(0x0001, wide) + Tlv(0x0002, "unicode-2-0") + Tlv(0x0003, "en");
+    }
     return Tlv(0x0002, "us-ascii") + Tlv(0x0003, "en") + Tlv(0x0001, text);
 }
 

@@ -13,6 +13,8 @@ namespace halyard {
 /// Why a person cannot come in, as the word of TLV 0008: 004A kept out, 002E in already, 0018 full; 0 for
 /// welcome.
 int RefusalOf(const Room& room, const std::string& name);
+/// Where a second session takes the place of the first: puts out the client of this name, if it is in.
+void ReplaceMember(World& world, Room& room, const std::string& name);
 /// The room block: exchange, cookie, instance, detail level 2, and the TLVs that describe the room.
 std::string RoomBlock(const World& world, const Room& room);
 /// 0001 0002 came on a chat connection: its person is in.
@@ -28,7 +30,7 @@ void LeaveRoom(World& world, Room& room, const std::string& name);
 void SayInRoom(World& world, Room& room, const std::string& name, std::string_view cookie,
                std::string_view block, Connection* reflectTo, std::uint32_t id);
 /// A plain text as a message block.
-std::string TextBlock(std::string_view text);
+std::string TextBlock(const World& world, std::string_view text);
 /// The word that refuses a ban or unban by `by`: 0048 for one who is not the owner, 0049 for the owner as the
 /// target.
 int BanRefusal(const Room& room, const std::string& by, const std::string& target);

@@ -13,6 +13,9 @@ namespace {
 /// Error code "request denied"; what is denied stands in TLV 0008.
 constexpr int wordInvalidRoom = 0x0033;
 
+/// The reason for which a name's older connection ends, and a page about it.
+const std::string SignedOnElsewhere = Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced");
+
 std::string FamiliesOf(Service service) {
     if (service == Service::Bos)
         return HexToStr("0001001300020003000400060008"
@@ -60,6 +63,8 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
         block.Word(); // the exchange stands in the cookie as well
         auto room = world.rooms.FindCookie(block.Name());
         if (!block.Ok()) return false;
+        if (room && world.options.Has(Departure::RefusedSecondJoins))
+            ReplaceMember(world, *room, connection.name);
         auto word = room ? RefusalOf(*room, connection.name) : wordInvalidRoom;
         if (auto asked = std::exchange(world.refusals.join, 0)) word = asked;
         if (word != 0) return connection.SendSnac(0x0001, 0x0001, snac.id, ErrorBody(codeDenied, word)), true;
@@ -69,7 +74,7 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
     default: return connection.SendSnac(0x0001, 0x0001, snac.id, WordToStr(0x0005)), true; // no such service
     }
     connection.SendSnac(0x0001, 0x0005, snac.id,
-                        WordTlv(0x000D, family) + Tlv(0x0005, world.Address()) +
+                        WordTlv(0x000D, family) + Tlv(0x0005, world.RedirectAddress()) +
                             Tlv(0x0006, world.NewCookie(std::move(ticket))));
     return true;
 }
@@ -92,13 +97,16 @@ bool HandleGeneric(World& world, Connection& connection, const Snac& snac) {
     case 0x0002:
         if (connection.ready) return true;
         connection.ready = true;
+        if (world.options.Has(Departure::NavigationAnswers) && connection.service != Service::Bos)
+            connection.SendSnac(0x000D, 0x0009, 0, Tlv(0x0002, ByteToStr(11)));
         if (connection.service == Service::Chat) ConnectionReady(world, connection);
         if (connection.service == Service::Bos) world.Note("", connection.name, "is ready");
         return true;
     case 0x0004: return RequestService(world, connection, snac);
     case 0x0006:
         connection.SendSnac(0x0001, 0x0007, snac.id,
-                            connection.rates.Answer(connection.genericVersion >= 2, world.Now()));
+                            connection.rates.Answer(connection.genericVersion >= 2, world.Now(),
+                                                    world.options.Has(Departure::RateClassesAsTold)));
         return true;
     case 0x000E: connection.SendSnac(0x0001, 0x000F, snac.id, world.InfoOf(connection.name)); return true;
     case 0x0017:
@@ -123,7 +131,10 @@ void SignedOff(World& world, Connection& connection) {
 
 void DismissOthers(World& world, const std::string& name, const Connection* except) {
     world.EachConnection([&](Connection& other) {
-        if (&other != except && SameName(other.name, name)) world.Dismiss(other);
+        if (&other == except || !SameName(other.name, name)) return;
+        const bool tells =
+            except && other.service == Service::Bos && world.options.Has(Departure::MainSignOffs);
+        world.Dismiss(other, tells ? SignedOnElsewhere : std::string());
     });
 }
 

@@ -33,7 +33,7 @@ std::string Answer(World& world, const std::string& name, int code) {
         world.Note("", name, "is refused at sign-on, code " + std::to_string(code));
         return answer + WordTlv(0x0008, code);
     }
-    return answer + Tlv(0x0005, world.Address()) +
+    return answer + Tlv(0x0005, world.RedirectAddress()) +
            Tlv(0x0006, world.NewCookie({.name = name, .service = Service::Bos})) +
            Tlv(0x0011, NormalizeName(name) + "@localhost");
 }
@@ -41,7 +41,7 @@ std::string Answer(World& world, const std::string& name, int code) {
 bool RoastedSignOn(World& world, Connection& connection, const TlvList& tlvs) {
     auto name = FindTlv(tlvs, 0x0001);
     auto password = FindTlv(tlvs, 0x0002); // public clients; the bot sends its roasted password as 0025
-    if (!password) password = FindTlv(tlvs, 0x0025);
+    if (!password && !world.options.Has(Departure::RoastedPasswordType)) password = FindTlv(tlvs, 0x0025);
     if (!name) return false;
     auto code = !IsName(*name) ? codeBadName : !password || password->empty() ? codeBadPassword : 0;
     world.Dismiss(connection, Answer(world, *name, code));

@@ -1,0 +1,57 @@
+#pragma once
+
+// What the desk tells the bridge: one method a fact, told once, where it becomes true. Every method has an
+// empty body; with nobody listening a fact costs one null check. Texts are Windows-1252, one character a
+// byte.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace halyard {
+
+/// What a request about a person asks of a room.
+enum class BanRequestKind { Ban, Unban };
+
+/// What became of a request to ban, to let in again or to close a room.
+enum class BanVerdict { Accepted, Refused, NotEnforced };
+
+class News {
+  public:
+    virtual ~News() = default;
+
+    // Connections.
+    /// A stage of signing on, in the words that the window shows.
+    virtual void SignOnStage(const std::string& /*text*/) {}
+    /// `code` is that of TLV 0008 of the sign-on's answer (0017 0003, or channel 4); -1 is the 15 seconds'
+    /// end.
+    virtual void SignOnRefused(int /*code*/, const std::string& /*text*/) {}
+    virtual void SignedOn(const std::string& /*name*/) {}
+    virtual void SignedOff() {}
+    /// The main connection was ended by the service because the name signed on elsewhere. `reason` is the
+    /// value of TLV 0009, 0 when there is none; `page` is TLV 000B.
+    virtual void SignedOffElsewhere(int /*reason*/, const std::string& /*page*/) {}
+    virtual void ConnectionEnded(int /*socket*/, const std::string& /*text*/) {}
+
+    /// A FLAP frame that goes out or came in: its channel, and what stands behind the six bytes of its head.
+    /// It holds whatever the wire holds, secrets too.
+    virtual void Frame(int /*socket*/, bool /*sent*/, int /*channel*/, std::string_view /*body*/) {}
+
+    // Rooms and people, by the room's socket slot.
+    virtual void RoomEntered(std::int16_t /*room*/, const std::string& /*name*/) {}
+    /// `reason` is "manual" or "error".
+    virtual void RoomLeft(std::int16_t /*room*/, const std::string& /*name*/, const std::string& /*reason*/) {
+    }
+    /// `code` is the refusal's word, `family` the four hex digits of what refused.
+    virtual void RoomRefused(int /*code*/, const std::string& /*family*/, const std::string& /*text*/) {}
+    virtual void PersonCame(std::int16_t /*room*/, const std::string& /*name*/) {}
+    virtual void PersonWent(std::int16_t /*room*/, const std::string& /*name*/) {}
+
+    // Bans. `id` is the request id on the room's connection.
+    virtual void BanAsked(std::int16_t /*room*/, std::int32_t /*id*/, BanRequestKind,
+                          const std::string& /*name*/) {}
+    /// `word` is the refusal's, 0 for an accepted request.
+    virtual void BanAnswered(std::int16_t /*room*/, std::int32_t /*id*/, BanVerdict, int /*word*/) {}
+};
+
+} // namespace halyard

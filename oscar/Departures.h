@@ -1,0 +1,72 @@
+#pragma once
+
+// The departures: behaviour that is laid down and fails on some networks, each with its cure. A departure is
+// off unless a network's ways or the operator's guards switch it on, and where it is off the desk does what
+// is laid down. The one set of switches belongs to the protocol control, which asks it at as few places as
+// the behaviour has.
+
+#include <array>
+#include <bitset>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace halyard {
+
+enum class Departure {
+    NavigationAnswers, ///< an answer of the navigation service is one to a creation that was sent there
+    BareJoinRefusals,
+    UnenforcedBans,
+    MainSignOffs,
+    WholeMessageBlocks,
+    RoastedPasswordType,
+    RateClassesAsTold,
+    OneServiceRequest,
+    RefusedSecondJoins,
+    ReachableRedirects,
+    NamesAreNoCommands,
+    Count
+};
+
+inline constexpr std::size_t DepartureCount = static_cast<std::size_t>(Departure::Count);
+
+/// How a departure is told of: `name` is its key in files and on command lines.
+struct DepartureText {
+    const char* name;
+    const char* laidDown;
+    const char* instead;
+};
+const DepartureText& TextOf(Departure departure);
+/// Nothing for a name that none has. Case counts.
+std::optional<Departure> DepartureNamed(std::string_view name);
+
+/// The departures that a network needs.
+using Ways = std::bitset<DepartureCount>;
+
+/// All of `departures`, set.
+template <typename... Each>
+Ways WaysOf(Each... departures) {
+    Ways ways;
+    (ways.set(static_cast<std::size_t>(departures)), ...);
+    return ways;
+}
+
+class Departures {
+  public:
+    enum class Guard { Unset, On, Off };
+
+    /// True when the network's ways or the operator say so; the operator's Off wins.
+    bool On(Departure departure) const {
+        const auto index = static_cast<std::size_t>(departure);
+        return guards[index] == Guard::On || (guards[index] == Guard::Unset && ways.test(index));
+    }
+    void SetWays(const Ways& ofNetwork) { ways = ofNetwork; }
+    const Ways& OfNetwork() const { return ways; }
+    void SetGuard(Departure departure, Guard guard) { guards[static_cast<std::size_t>(departure)] = guard; }
+
+  private:
+    Ways ways;
+    std::array<Guard, DepartureCount> guards{};
+};
+
+} // namespace halyard

@@ -1,0 +1,64 @@
+// What a network's ways change beyond a line of a handler, and what is told to both listeners.
+
+#include "oscar/TillerSock.h"
+#include "oscar/networks/Reach.h"
+#include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
+
+#include <string_view>
+
+namespace halyard {
+
+void TillerSock::UseNetwork(const Network& network) {
+    Secrets = network.secrets;
+    departures.SetWays(network.ways);
+}
+
+std::string TillerSock::HostOf(const std::string& strHost) const {
+    return Departs(Departure::ReachableRedirects) ? ReachableHost(strHost, signOn.strPeer) : strHost;
+}
+
+/// The main connection's end by the service. With TLV 0009, or with four bytes that are its type and value
+/// without a length, the name signed on elsewhere: to come back would only start a fight.
+void TillerSock::HandleMainSignOff(int Index, const std::string& strBody) {
+    constexpr std::string_view reasonType("\0\x09", 2);
+    constexpr std::string_view pageType("\0\x0B", 2);
+    std::string reason;
+    std::string page;
+    bool elsewhere = strBody.size() == 4;
+    if (elsewhere)
+        reason = Mid(strBody, 3);
+    else
+        EachTLV(strBody, [&](std::string_view type, std::string_view value) {
+            if (type == reasonType) elsewhere = true, reason = value;
+            if (type == pageType) page = value;
+            return true;
+        });
+    if (!elsewhere) return SocketError(Index);
+    int number = 0;
+    for (const char c : Left(reason, 2)) number = number << 8 | static_cast<unsigned char>(c);
+    if (news) news->SignedOffElsewhere(number, page);
+    LogOff();
+}
+
+void TillerSock::Refuse(const char* text, std::int16_t code, const std::string& family) {
+    if (news) news->RoomRefused(code, family, text);
+    events.Error(text, code, 0, family);
+}
+
+void TillerSock::TellStage(const char* text) {
+    if (news) news->SignOnStage(text);
+    events.LoginStatus(text);
+}
+
+void TillerSock::TellLoginError(const std::string& text, int code) {
+    if (news) news->SignOnRefused(code, text);
+    events.LoginError(text, static_cast<std::int16_t>(code));
+}
+
+void TillerSock::TellLost(int Index, const std::string& text) {
+    if (news) news->ConnectionEnded(Index, text);
+    events.ConnectionLost(static_cast<std::int16_t>(Index), text);
+}
+
+} // namespace halyard
