@@ -52,13 +52,17 @@ std::string BanRequest(const char* head, std::int32_t id, const std::string& str
     return HexToStr(head) + WordToStr(id) + MakeTLV("0001", 2, strUser);
 }
 
+/// Lines and closes go out under ids of their own, and a refusal of one carries it.
+bool IsTaken(std::int32_t id) { return id == 0x05 || id == 0x23; }
+
 constexpr const char* BanHead = "000E002400000000";
 constexpr const char* UnbanHead = "000E002500000000";
 
 } // namespace
 
 void TillerSock::UpdateRequestID() {
-    CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
+    do CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
+    while (Departs(Departure::UnenforcedBans) && IsTaken(CurrentRequestID));
 }
 
 BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
@@ -123,7 +127,7 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     pending.resize(pending.empty() ? 0 : 5);
     auto body = Mid(strPacket, BodyAt);
     TellBanAnswer(intChatIndex, id, body);
-    if (Departs(Departure::UnenforcedBans) && body.size() == 2 && body != std::string(2, '\0')) {
+    if (Departs(Departure::UnenforcedBans) && body.size() <= 2 && body != std::string(2, '\0')) {
         RequestIDs.Remove(id);
         return;
     }

@@ -30,6 +30,7 @@ std::string World::InfoOf(const std::string& name) {
 }
 
 void World::Accept(std::unique_ptr<Socket> socket) {
+    if (Now() < closedUntil) return socket->Close();
     ended.clear();
     if (connections.size() >= options.maxConnections) return socket->Close();
     connections.push_back(std::make_unique<Connection>(std::move(socket), options.rateClasses, Now()));

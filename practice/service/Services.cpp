@@ -13,9 +13,6 @@ namespace {
 /// Error code "request denied"; what is denied stands in TLV 0008.
 constexpr int wordInvalidRoom = 0x0033;
 
-/// The reason for which a name's older connection ends, and a page about it.
-const std::string SignedOnElsewhere = Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced");
-
 std::string FamiliesOf(Service service) {
     if (service == Service::Bos)
         return HexToStr("0001001300020003000400060008"
@@ -129,12 +126,14 @@ void SignedOff(World& world, Connection& connection) {
     if (!connection.migrating && !person->scripted) world.people.Remove(connection.name);
 }
 
+std::string ElsewhereBody() { return Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced"); }
+
 void DismissOthers(World& world, const std::string& name, const Connection* except) {
     world.EachConnection([&](Connection& other) {
         if (&other == except || !SameName(other.name, name)) return;
         const bool tells =
             except && other.service == Service::Bos && world.options.Has(Departure::MainSignOffs);
-        world.Dismiss(other, tells ? SignedOnElsewhere : std::string());
+        world.Dismiss(other, tells ? ElsewhereBody() : std::string());
     });
 }
 
