@@ -154,7 +154,7 @@ void TillerSock::HandleJoinError(const std::string& strPacket) {
     const bool prefixed = IsFlagged(strPacket) && body.size() >= 2;
     if (prefixed) body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // a byte behind the prefix
     const bool told = ReadJoinError(body) || (prefixed && ReadJoinError(BodyBehindPrefix(strPacket)));
-    if (!told && request.underWay && body.size() == 2 && Departs(Departure::BareJoinRefusals))
+    if (!told && request.JoinPending && body.size() == 2 && Departs(Departure::BareJoinRefusals))
         RefuseBare(body);
     EndRequest();
 }

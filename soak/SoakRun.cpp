@@ -24,9 +24,12 @@ std::int64_t WayBack(std::size_t rooms) {
     return (75 + 75 + 30 + 60) * second + static_cast<std::int64_t>(rooms) * 16 * second;
 }
 
+Network OpenServer() { return *FindNetwork(BuiltInNetworks(), "Open server"); }
+
 PracticeOptions NetworkOptions(const SoakPlan& plan) {
     PracticeOptions options;
     options.maxPeople = plan.people + 10;
+    if (plan.openServer) options.ways = OpenServer().ways;
     return options;
 }
 
@@ -47,6 +50,9 @@ SoakRun::SoakRun(const SoakPlan& plan)
         NoteAction(window.counters.lstActions.List(index));
     };
     world.afterEvent = [this] { invariants.Check(); };
+    if (!plan.openServer) return;
+    window.Control().UseNetwork(OpenServer());
+    faults.openServer = invariants.openServer = true;
 }
 
 std::string SoakRun::Violation() const {

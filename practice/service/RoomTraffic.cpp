@@ -53,6 +53,7 @@ std::string RoomBlock(const World& world, const Room& room) {
 
 void ConnectionReady(World& world, Connection& connection) {
     auto room = world.rooms.FindCookie(connection.roomCookie);
+    if (!room && world.options.Has(Departure::NavigationAnswers)) return; // kept, and in no room
     if (!room || RefusalOf(*room, connection.name) != 0) return world.Dismiss(connection);
     connection.room = room;
     EnterRoom(world, *room, connection.name, &connection);
