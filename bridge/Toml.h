@@ -23,7 +23,7 @@ struct TomlMember;
 struct TomlValue {
     enum class Kind { Text, Number, Switch, List, Table, Other };
 
-    Kind kind = Kind::Other; ///< fractions, dates and times are Other
+    Kind kind = Kind::Other; ///< fractions and dates are Other
     TomlPlace place;
     std::string text;
     std::int64_t number = 0;
@@ -43,8 +43,8 @@ struct TomlMistake {
     std::string text;
 };
 
-/// The table that `utf8` is, or the first mistake of its form. Keys of more than 128 parts and values of more
-/// than 16 in each other count as mistakes.
+/// The table that `utf8` is, or the first mistake of its form. Times, texts of several lines, keys of more
+/// than 128 parts and values of more than 16 in each other count as mistakes.
 std::variant<TomlValue, TomlMistake> ReadToml(std::string_view utf8);
 
 } // namespace halyard

@@ -109,6 +109,14 @@ TEST_F(BridgeFileTest, TellsEveryMistakeWithItsPlace) {
     std::string deep = "a"; // what would make a table of each part
     while (deep.size() < (1 << 20) - 4) deep += ".a";
     EXPECT_EQ(Load(deep + "=1"), "line 1, column 258: the key has too many parts\n");
+    const std::string sound = "# a: '\xC3\xBC\n[networks.Den]\nsalt = \"\\\"'\xC3\xBC:\\\\\" # : \"\n";
+    EXPECT_EQ(Load(sound), "");
+    for (const std::string wrong : {"'\"\"\xC3\xBC', 1:2", "\"\",'..',\xC3\xBC", "1,      \x7F"})
+        EXPECT_EQ(Load(sound + "hosts=[" + wrong),
+                  "line 4, column 16: this character may only stand in quotes\n");
+    EXPECT_EQ(Load(sound + "x=''''"), "line 4, column 3: a text may have but one line\n");
+    EXPECT_EQ(Load("[\n[]"), "line 1, column 2: Error while parsing key: expected bare key starting "
+                             "character or string delimiter, saw '\\n'\n");
     EXPECT_TRUE(Load("a=" + std::string(1 << 19, '[')).starts_with("line 1, column 19: "));
 }
 
