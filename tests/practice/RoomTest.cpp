@@ -49,6 +49,23 @@ TEST_F(InRoom, LinesGoToAllAndBackWhenAsked) {
     EXPECT_TRUE(Noted("r|alice|says more than the room takes, which is dropped"));
 }
 
+TEST_F(InRoom, OtherLettersAreReadableInTheJournal) {
+    const auto wide = HexToStr("00480061006C006C00F6002020AC0430"); // "Hallö €" and a Cyrillic letter
+    const auto said = [&](const std::string& block) {
+        alice.chat->Ask(0x0E, 5,
+                        Replace(Guest::Line(""), Tlv(5, Tlv(1, "") + Tlv(2, "us-ascii")), Tlv(5, block)));
+        return Mid(journal.back(), 14);
+    };
+    EXPECT_EQ(said(Tlv(1, wide) + Tlv(2, "unicode-2-0")), "Hall\xF6 \x80?");
+    EXPECT_EQ(said(Tlv(2, "iso-8859-1") + Tlv(1, "<b>gr\xFC\xDF</b>")), "gr\xFC\xDF");
+    for (const auto& [charset, text, shown] : {std::tuple("0002", wide, "Hall\xF6 \x80?"),
+                                               std::tuple("0003", std::string("gr\xFC\xDF"), "gr\xFC\xDF")}) {
+        const auto part = Tlv(0x0501, "\1") + Tlv(0x0101, HexToStr(charset) + HexToStr("0000") + text);
+        alice.bos->Ask(4, 6, "12345678" + WordToStr(1) + ShortString("bot") + Tlv(2, part));
+        EXPECT_EQ(journal.back(), std::string("|alice|sends Bot the message ") + shown);
+    }
+}
+
 TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     Stage stage;
     Guest bot(stage, "Bot"), bob(stage, "Bob The Rower"), eve(stage, "eve");
