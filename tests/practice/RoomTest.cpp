@@ -1,5 +1,7 @@
 #include "tests/practice/RawClient.h"
 
+#include <deque>
+
 namespace halyard {
 namespace {
 
@@ -91,6 +93,7 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     };
     EXPECT_EQ(again(bob), "000D00080002004A");
     EXPECT_EQ(again(eve), "000D00080002002E");
+    EXPECT_TRUE(stage.Noted("r|Bob The Rower|is not let in: banned"));
     EXPECT_EQ(ban(bot, 0x25, "bob the rower"), "0000");
     bob.Join("r");
     EXPECT_TRUE(stage.network.IsInRoom("r", "bobtherower"));
@@ -114,6 +117,7 @@ TEST(Room, FullRefusedAndInvalid) {
     stage.network.Levers().Fill("r");
     EXPECT_EQ(stage.network.People("r").size(), 5u);
     EXPECT_EQ(word("r"), "0018");
+    EXPECT_TRUE(stage.Noted("r|other|is not let in: full, with 5 people"));
 
     auto navigation = bot.Open(0x0D);
     navigation->Ask(0x0D, 2);
@@ -126,6 +130,7 @@ TEST(Room, FullRefusedAndInvalid) {
 TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     PracticeOptions options;
     options.maxRooms = 2;
+    options.maxConnections = 12;
     Stage stage(options);
     Guest bot(stage, "Bot");
     bot.Join("kept");
@@ -133,6 +138,14 @@ TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     EXPECT_NE(bot.Create("two"), "");
     EXPECT_EQ(stage.network.Owner("one"), "");
     EXPECT_TRUE(stage.network.IsInRoom("kept", "bot"));
+    Guest other(stage, "other");
+    other.Join("two");
+    EXPECT_EQ(other.Create("three"), "");
+    EXPECT_TRUE(stage.Noted("three|other|is refused a new room: full, with 2 rooms"));
+    std::deque<RawClient> crowd;
+    while (stage.network.Connections() < 12) crowd.emplace_back(stage);
+    EXPECT_TRUE(RawClient(stage).closed);
+    EXPECT_TRUE(stage.Noted("|a stranger|is turned away: full, with 12 connections"));
 }
 
 } // namespace
