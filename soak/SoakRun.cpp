@@ -27,6 +27,7 @@ std::int64_t WayBack(std::size_t rooms) {
 PracticeOptions NetworkOptions(const SoakPlan& plan) {
     PracticeOptions options;
     options.maxPeople = plan.people + 10;
+    options.cookieLength = 32; // every cookie draws from the randomness that the rest of the day comes from
     return options;
 }
 

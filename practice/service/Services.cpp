@@ -66,6 +66,7 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
         if (room && world.options.Has(Departure::RefusedSecondJoins))
             ReplaceMember(world, *room, connection.name);
         auto word = room ? RefusalOf(*room, connection.name) : wordInvalidRoom;
+        if (room) NoteRefusal(world, *room, connection.name, word);
         if (auto asked = std::exchange(world.refusals.join, 0)) word = asked;
         if (word != 0) return connection.SendSnac(0x0001, 0x0001, snac.id, ErrorBody(codeDenied, word)), true;
         ticket.room = std::string(Reader(wanted->substr(2)).Name());
