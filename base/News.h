@@ -31,6 +31,9 @@ class News {
     /// The main connection was ended by the service because the name signed on elsewhere. `reason` is the
     /// value of TLV 0009, 0 when there is none; `page` is TLV 000B.
     virtual void SignedOffElsewhere(int /*reason*/, const std::string& /*page*/) {}
+    /// A socket's error in the machine's own words, before what becomes of it. Over TLS these are all that
+    /// says what is wrong with a certificate; their number is TlsFailed.
+    virtual void SocketFailed(int /*socket*/, int /*number*/, const std::string& /*words*/) {}
     virtual void ConnectionEnded(int /*socket*/, const std::string& /*text*/) {}
 
     /// A FLAP frame that goes out or came in: its channel, and what stands behind the six bytes of its head.

@@ -19,6 +19,7 @@ namespace {
 /// A socket that is always connected and gives what it was fed.
 class FedSocket : public Socket {
   public:
+    void SetTls(std::optional<TlsTerms>) override {}
     void Connect(const std::string&, std::int32_t) override {}
     void Send(std::string_view bytes) override { benchmark::DoNotOptimize(bytes.data()); }
     std::string ReadAll() override { return std::exchange(waiting, {}); }

@@ -33,6 +33,7 @@ class FedSocket : public Socket {
     FedSocket& operator=(const FedSocket&) = delete;
     ~FedSocket() override { all.erase(number); }
 
+    void SetTls(std::optional<TlsTerms>) override {}
     void Connect(const std::string&, std::int32_t port) override {
         open = port >= 1 && port <= 65535;
         waiting.clear();

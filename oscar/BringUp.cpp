@@ -129,14 +129,14 @@ void TillerSock::HandleMigration(const std::string& strPacket) {
     WalkTLVs(TLVData, [this](const std::string& type, const std::string& value) {
         if (type == "0005") {
             service.lngServicePort = DefaultPort;
-            SplitAddress(value, service.strServiceHost, service.lngServicePort);
+            TakeAddress(value);
         }
         if (type == "0006") service.strServiceCookie = value;
         return true;
     });
     if (Departs(Departure::OneServiceRequest)) signOn.ServerPaused = true; // until it is back
     Sock.Close(indices.BOSIndex);
-    Sock.Connect(indices.BOSIndex, HostOf(service.strServiceHost), service.lngServicePort);
+    ConnectService(indices.BOSIndex);
 }
 
 } // namespace halyard

@@ -32,7 +32,10 @@ TillerSock::TillerSock(Platform& platform, OscarSettings& settings, TillerEvents
     : Settings(settings), platform(platform), events(events), window(window), Sock(platform),
       timers(platform, Chat), tmrTimeout(platform.NewTimer()) {
     Sock.onData = [this](int Index, std::size_t available) { DataArrival(Index, available); };
-    Sock.onError = [this](int Index, int, const std::string&) { SocketError(Index); };
+    Sock.onError = [this](int Index, int number, const std::string& description) {
+        if (news) news->SocketFailed(Index, number, description);
+        SocketError(Index);
+    };
     timers.onPing = [this](int intChatIndex) { SendPacket(intChatIndex, 5, ""); };
     timers.onTimeBans = [this] { CheckTimeBans(); };
     tmrTimeout->SetInterval(SignOnTimeout);

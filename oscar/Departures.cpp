@@ -28,6 +28,8 @@ constexpr std::array<DepartureText, DepartureCount> texts{{
      "that one is further out."},
     {"names-are-no-commands", "A person with the name of internal commands is obeyed with every permission.",
      "An internal command is known by the call it came by; names with brackets are heard as talk only."},
+    {"tls", "Connections go plain.",
+     "Every connection of the network, sign-on and redirects, goes over TLS, and never goes plain instead."},
 }};
 
 } // namespace

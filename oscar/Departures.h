@@ -25,6 +25,7 @@ enum class Departure {
     RefusedSecondJoins,
     ReachableRedirects,
     NamesAreNoCommands,
+    Tls,
     Count
 };
 

@@ -1,6 +1,7 @@
 // What a network's ways change beyond a line of a handler, and what is told to both listeners.
 
 #include "oscar/TillerSock.h"
+#include "oscar/networks/HostAndPort.h"
 #include "oscar/networks/Reach.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "oscar/wire/TlvWalk.h"
@@ -12,10 +13,28 @@ namespace halyard {
 void TillerSock::UseNetwork(const Network& network) {
     Secrets = network.secrets;
     departures.SetWays(network.ways);
+    strPin = network.pin;
 }
 
 std::string TillerSock::HostOf(const std::string& strHost) const {
     return Departs(Departure::ReachableRedirects) ? ReachableHost(strHost, signOn.strPeer) : strHost;
+}
+
+std::optional<TlsTerms> TillerSock::TermsOf(const std::string& strHost) const {
+    auto terms = signOn.tls; // as at sign-on, whatever was switched since
+    if (terms && !IsAddress(strHost)) terms->host = strHost;
+    return terms;
+}
+
+void TillerSock::TakeAddress(const std::string& strAddress) {
+    const bool whole = Departs(Departure::ReachableRedirects) || signOn.tls;
+    const auto split = whole ? SplitHostAndPort : SplitAddress;
+    split(strAddress, service.strServiceHost, service.lngServicePort);
+}
+
+void TillerSock::ConnectService(int Index) {
+    const auto host = HostOf(service.strServiceHost);
+    Sock.Connect(Index, host, service.lngServicePort, TermsOf(host));
 }
 
 /// The main connection's end by the service. With TLV 0009, or with four bytes that are its type and value

@@ -31,13 +31,13 @@ void TillerSock::HandleRedirect(const std::string& strPacket) {
         }
         if (type == "0005") {
             service.lngServicePort = DefaultPort;
-            SplitAddress(value, service.strServiceHost, service.lngServicePort);
+            TakeAddress(value);
         }
         if (type == "0006") service.strServiceCookie = value;
         return true;
     });
     ClearTLVData();
-    Sock.Connect(indices.FreeSockIndex, HostOf(service.strServiceHost), service.lngServicePort);
+    ConnectService(indices.FreeSockIndex);
     if (Departs(Departure::OneServiceRequest)) {
         service.wish = {request.strJoinName, request.intJoinExchange, request.intJoinInstance};
         ownService[indices.FreeSockIndex] = service;

@@ -58,7 +58,8 @@ void TillerSock::Login(const std::string& strUser, const std::string& strPasswor
     TellStage("Connecting to Auth server...");
     tmrTimeout->SetEnabled(true);
     if (Departs(Departure::OneServiceRequest)) ownService[0] = service;
-    Sock.Connect(0, signOn.strAuthHost, service.lngServicePort);
+    if (Departs(Departure::Tls)) signOn.tls = TlsTerms{BareHost(host), strPin};
+    Sock.Connect(0, signOn.strAuthHost, service.lngServicePort, signOn.tls);
 }
 
 void TillerSock::HandleHello(int Index) {
@@ -104,7 +105,7 @@ void TillerSock::HandleAuthReply(std::string strTLVs, bool blnMD5) {
     ParseTLVs(strTLVs, TLVData);
     WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
         if (type == "0001") signOn.strLoginName = value;
-        if (type == "0005") SplitAddress(value, service.strServiceHost, service.lngServicePort);
+        if (type == "0005") TakeAddress(value);
         if (type == "0006") service.strServiceCookie = value;
         if (type == "0011") signOn.strLoginEmail = value;
         if (type == "0008") {
@@ -122,11 +123,12 @@ void TillerSock::HandleAuthReply(std::string strTLVs, bool blnMD5) {
         return;
     }
     ClearTLVData();
+    if (StopAtAuthAnswer) return LogOff();
     Sock.Close(0);
     signOn.OnAuthServer = false;
     Sock.SetTag(0, "[BOS]connecting");
     TellStage("Connecting to BOS Server...");
-    Sock.Connect(0, HostOf(service.strServiceHost), service.lngServicePort);
+    ConnectService(0);
 }
 
 } // namespace halyard

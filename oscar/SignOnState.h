@@ -3,9 +3,11 @@
 // The small parts of the protocol control's state, each emptied as a whole by a reset.
 
 #include "base/Collection.h"
+#include "platform/Tls.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace halyard {
@@ -16,7 +18,8 @@ struct SignOnState {
     std::string strLoginPassword;
     std::string strLoginEmail;
     std::string strAuthHost;
-    std::string strPeer; ///< the auth server's address
+    std::string strPeer;         ///< the auth server's address
+    std::optional<TlsTerms> tls; ///< those of the auth server; nothing: the whole session is plain
     bool OnAuthServer = false;
     bool LoggedOn = false;
     bool UseMD5Reply = true;

@@ -43,10 +43,12 @@ void SocketTable::CloseAllSocks() {
     Sock.resize(1);
 }
 
-void SocketTable::Connect(int Index, const std::string& host, std::int32_t port) {
+void SocketTable::Connect(int Index, const std::string& host, std::int32_t port,
+                          const std::optional<TlsTerms>& tls) {
     if (!Has(Index)) return;
     Renew(Index);
     auto& socket = *Sock[static_cast<std::size_t>(Index)].socket;
+    socket.SetTls(tls);
     socket.Connect(host, port);
     socket.SetLowWaterMark(HeaderSize);
 }

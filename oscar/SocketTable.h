@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,7 +43,9 @@ class SocketTable {
     void CloseAllSocks();
 
     /// Starts a fresh stream: nothing of an earlier connection on this index is kept but its sequence number.
-    void Connect(int Index, const std::string& host, std::int32_t port);
+    /// Without terms it goes plain.
+    void Connect(int Index, const std::string& host, std::int32_t port,
+                 const std::optional<TlsTerms>& tls = {});
     void Close(int Index);
     bool IsConnected(int Index) const;
     std::string RemoteAddress(int Index) const;

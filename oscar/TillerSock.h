@@ -25,6 +25,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,7 @@ class TillerSock : public RoomHost {
 
     NetworkSecrets Secrets = DefaultSecrets();
     OscarSettings& Settings;
+    bool StopAtAuthAnswer = false; ///< a sign-on that is let in ends there, by LogOff, and reaches no BOS
 
     // The network (NetworkWays.cpp).
     /// Takes over the secrets and ways for the next sign-on; those of "Laid down" are there at the start.
@@ -120,6 +122,9 @@ class TillerSock : public RoomHost {
 
     /// The host to connect to for one that the service named.
     std::string HostOf(const std::string& strHost) const;
+    /// What a connection to such a host asks of it: a certificate for the host's own name, or for the sign-on
+    /// host where it is an address. Nothing in a session that signed on plain.
+    std::optional<TlsTerms> TermsOf(const std::string& strHost) const;
 
     // Timers and wire.
     void CreateTimer(const std::string& strType) { timers.CreateTimer(strType); }
@@ -182,6 +187,10 @@ class TillerSock : public RoomHost {
     void ClearService();
     void ClearChatRequest();
 
+    // NetworkWays.cpp: where a service is (TLV 0005), and the way there.
+    void TakeAddress(const std::string& strAddress);
+    void ConnectService(int Index);
+
     // SignOn.cpp: family 0017 and the roasted dialogue.
     void HandleHello(int Index);
     void SendCookie(int Index);
@@ -241,6 +250,7 @@ class TillerSock : public RoomHost {
 
     Platform& platform;
     Departures departures;
+    std::string strPin; // of the network's certificate
     News* news = nullptr;
     TillerEvents& events;
     MainWindowLink& window;

@@ -3,10 +3,13 @@
 // A TCP stream and a listening port, as Halyard asks for them. The real ones stand in platform/qt,
 // the simulated ones in platform/sim.
 
+#include "platform/Tls.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,9 +30,13 @@ class Socket {
     /// before were reported through `onData` first. The socket is closed by now.
     std::function<void(int number, const std::string& description)> onError;
 
-    /// Drops what was there and starts a connection to `host` (name or address) at `port` (1 to 65535; any
-    /// other value fails through `onError`). Dead peers are noticed within 60 seconds of silence to what was
-    /// sent.
+    /// What the connections that Connect starts from now on ask of their peers; nothing, as at first: they go
+    /// plain. Over TLS the state is Connected once the peer has met the terms; a peer that doesn't fails with
+    /// the number TlsFailed and words that say why.
+    virtual void SetTls(std::optional<TlsTerms> terms) = 0;
+    /// Drops what was there and starts a connection to `host` (name or address, an IPv6 one with or without
+    /// brackets) at `port` (1 to 65535; any other value fails through `onError`). Dead peers are noticed
+    /// within 60 seconds of silence to what was sent.
     virtual void Connect(const std::string& host, std::int32_t port) = 0;
     /// Queues bytes for sending; lost without a word unless the state is Connected.
     virtual void Send(std::string_view bytes) = 0;

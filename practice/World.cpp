@@ -19,7 +19,8 @@ void World::Note(const std::string& room, const std::string& who, const std::str
 }
 
 std::string World::NewCookie(Ticket ticket) {
-    for (int i = 0; i < 8; ++i) ticket.cookie += LongToStr(platform.RandomSource().Fraction() * 4294967295.0);
+    while (ticket.cookie.size() < options.cookieLength)
+        ticket.cookie += LongToStr(platform.RandomSource().Fraction() * 4294967295.0);
     auto cookie = ticket.cookie;
     tickets.Add(std::move(ticket));
     return cookie;
@@ -32,7 +33,11 @@ std::string World::InfoOf(const std::string& name) {
 void World::Accept(std::unique_ptr<Socket> socket) {
     if (Now() < closedUntil) return socket->Close();
     ended.clear();
-    if (connections.size() >= options.maxConnections) return socket->Close();
+    if (connections.size() >= options.maxConnections) {
+        Note("", "a stranger",
+             "is turned away: full, with " + std::to_string(connections.size()) + " connections");
+        return socket->Close();
+    }
     connections.push_back(std::make_unique<Connection>(std::move(socket), options.rateClasses, Now()));
     auto& connection = *connections.back();
     connection.onFrame = [this](Connection& from, int channel, std::string_view body) {

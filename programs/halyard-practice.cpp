@@ -78,8 +78,14 @@ int main(int argc, char** argv) {
     QCommandLineOption port("port", "Listen on this port instead of 5190; 0 takes any free one.", "N",
                             "5190");
     QCommandLineOption script("script", "Play the people of this file instead of the lobby.", "FILE");
+    QCommandLineOption ways("ways", "Have the ways of other services: names with commas, or open-server.",
+                            "NAMES");
+    QCommandLineOption salt("salt", "Know only this salt of hashed passwords: laid-down or classic.", "SALT");
+    QCommandLineOption password("password", "Let in only who has this password.", "PASSWORD");
+    QCommandLineOption cookieLength("cookie-length", "Give out cookies of this length: 256 or 32 bytes.",
+                                    "BYTES", "256");
     QCommandLineOption quiet("quiet", "Print nothing of what happens.");
-    parser.addOptions({port, script, quiet});
+    parser.addOptions({port, script, ways, salt, password, cookieLength, quiet});
     parser.process(application);
 
     halyard::QtPlatform platform;
@@ -90,6 +96,21 @@ int main(int argc, char** argv) {
         return Fail("the port must be from 0 to 65535");
     options.startedAt = QDateTime::currentSecsSinceEpoch() - platform.Milliseconds() / 1000;
 
+    std::string problem;
+    if (parser.isSet(ways)) {
+        const auto named = halyard::WaysNamed(parser.value(ways).toStdString(), problem);
+        if (!named) return Fail(problem);
+        options.ways = *named;
+    }
+    options.password = halyard::FromUtf8(parser.value(password).toStdString());
+    if (parser.isSet(salt)) {
+        options.salts = {halyard::SaltNamed(parser.value(salt).toStdString())};
+        if (options.salts.front().empty()) return Fail("the salt must be laid-down or classic");
+    }
+    options.cookieLength = parser.value(cookieLength).toUInt();
+    if (options.cookieLength != 256 && options.cookieLength != 32)
+        return Fail("the cookie length must be 256 or 32");
+
     std::string text(halyard::LobbyScript());
     if (parser.isSet(script)) {
         auto path = parser.value(script).toStdString();
@@ -97,7 +118,6 @@ int main(int argc, char** argv) {
         if (!read) return Fail("cannot read " + path);
         text = halyard::FromUtf8(*read);
     }
-    std::string problem;
     auto parsed = halyard::ParseScript(text, problem);
     if (!parsed) return Fail("the script, " + halyard::ToUtf8(problem));
 
@@ -106,6 +126,8 @@ int main(int argc, char** argv) {
     if (!QuitOnSignals(application)) return Fail("cannot watch for signals");
     if (!network.Start()) return Fail("port " + parser.value(port).toStdString() + " is taken");
     std::printf("The practice network is on %s:%d\n", options.address.c_str(), network.Port());
+    if (parser.isSet(salt) && options.password.empty())
+        std::printf("Any password is welcome: that a hash has another salt shows only with --password.\n");
     std::fflush(stdout);
     network.Play(*parsed);
     return QCoreApplication::exec();

@@ -29,6 +29,7 @@ Network OpenServer() { return *FindNetwork(BuiltInNetworks(), "Open server"); }
 PracticeOptions NetworkOptions(const SoakPlan& plan) {
     PracticeOptions options;
     options.maxPeople = plan.people + 10;
+    options.cookieLength = 32; // every cookie draws from the randomness that the rest of the day comes from
     if (plan.openServer) options.ways = OpenServer().ways;
     return options;
 }

@@ -35,6 +35,7 @@ class RecordingSocket : public Socket {
             if (handler) handler(code, text);
         };
     }
+    void SetTls(std::optional<TlsTerms> terms) override { inner->SetTls(std::move(terms)); }
     void Connect(const std::string& host, std::int32_t port) override { inner->Connect(host, port); }
     void Send(std::string_view bytes) override { inner->Send(bytes); }
     std::string ReadAll() override {

@@ -8,6 +8,14 @@ namespace {
 
 constexpr const char* ClassicSalt = "AOL Instant Messenger (SM)";
 
+/// TLS is no habit of these services, but something that the owner of one adds.
+Ways OpenServerWays() {
+    return WaysOf(Departure::NavigationAnswers, Departure::BareJoinRefusals, Departure::UnenforcedBans,
+                  Departure::MainSignOffs, Departure::WholeMessageBlocks, Departure::RoastedPasswordType,
+                  Departure::RateClassesAsTold, Departure::OneServiceRequest, Departure::RefusedSecondJoins,
+                  Departure::ReachableRedirects, Departure::NamesAreNoCommands);
+}
+
 NetworkSecrets ClassicSecrets() {
     auto secrets = DefaultSecrets(); // the roasting table is the same
     secrets.salt = ClassicSalt;
@@ -23,7 +31,7 @@ std::vector<Network> BuiltInNetworks() {
                     .secrets = ClassicSecrets(),
                     .ways = WaysOf(Departure::NamesAreNoCommands)};
     Network open{
-        .name = "Open server", .hosts = {"127.0.0.1"}, .secrets = ClassicSecrets(), .ways = Ways().set()};
+        .name = "Open server", .hosts = {"127.0.0.1"}, .secrets = ClassicSecrets(), .ways = OpenServerWays()};
     return {laidDown, classic, open};
 }
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <unistd.h>
 #include <utility>
 
 namespace halyard {
@@ -26,7 +27,13 @@ constexpr std::size_t bufferBytes = 1 << 20;
 QtTcpLink::QtTcpLink(Socket& owner, QObject* parent) : QtTcpLink(owner, parent, new QTcpSocket) {}
 
 QtTcpLink::QtTcpLink(Socket& owner, QObject* parent, QTcpSocket* accepted)
-    : QObject(parent), owner(&owner), tcp(accepted) {
+    : QtTcpLink(owner, parent, accepted, nullptr) {}
+
+QtTcpLink::QtTcpLink(Socket& owner, QObject* parent, const TlsTerms& terms)
+    : QtTcpLink(owner, parent, nullptr, new QtTlsSocket(terms)) {}
+
+QtTcpLink::QtTcpLink(Socket& owner, QObject* parent, QTcpSocket* plain, QtTlsSocket* tls)
+    : QObject(parent), owner(&owner), tcp(tls ? tls : plain), tls(tls) {
     tcp->setParent(this);
     Watch();
     if (tcp->state() == QAbstractSocket::ConnectedState) Prepare();
@@ -35,22 +42,31 @@ QtTcpLink::QtTcpLink(Socket& owner, QObject* parent, QTcpSocket* accepted)
 
 void QtTcpLink::Watch() {
     tcp->setReadBufferSize(bufferBytes);
-    connect(tcp, &QTcpSocket::connected, this, &QtTcpLink::Prepare);
+    if (tls)
+        WatchTls();
+    else
+        connect(tcp, &QTcpSocket::connected, this, &QtTcpLink::Prepare);
     connect(tcp, &QTcpSocket::readyRead, this, &QtTcpLink::Collect);
-    connect(tcp, &QTcpSocket::errorOccurred, this,
-            [this](QAbstractSocket::SocketError error) { Fail(error, tcp->errorString()); });
-    connect(tcp, &QTcpSocket::disconnected, this, [this] {
-        Fail(QAbstractSocket::RemoteHostClosedError, QStringLiteral("The connection was closed"));
-    });
+    connect(tcp, &QTcpSocket::errorOccurred, this, &QtTcpLink::Break);
+    connect(tcp, &QTcpSocket::disconnected, this,
+            [this] { Fail(closedByPeer, QStringLiteral("The connection was closed")); });
     deadline.setSingleShot(true);
     connect(&deadline, &QTimer::timeout, this, [this] {
-        Fail(QAbstractSocket::SocketTimeoutError, QStringLiteral("Connection timed out"));
+        Fail(TcpErrorNumber(QAbstractSocket::SocketTimeoutError), QStringLiteral("Connection timed out"));
         tcp->abort();
     });
 }
 
+void QtTcpLink::WatchTls() {
+    connect(tls, &QSslSocket::encrypted, this, [this] {
+        if (!tls->MeetsTerms()) return Break(QAbstractSocket::SslHandshakeFailedError);
+        Prepare();
+        Collect();
+    });
+}
+
 void QtTcpLink::Collect() {
-    if (tcp->bytesAvailable() == 0) return;
+    if (Held() == 0) return;
     // Qt throws its own buffer away when a write fails, but what came before the end is still to be reported.
     if (inbox.size() < bufferBytes) inbox += tcp->readAll().toStdString();
     unreported = true;
@@ -65,12 +81,17 @@ void QtTcpLink::Prepare() {
 
 void QtTcpLink::Connect(const std::string& host, std::int32_t port) {
     if (port < 1 || port > 65535) {
-        Fail(QAbstractSocket::UnsupportedSocketOperationError, QStringLiteral("Invalid port"));
+        Fail(TcpErrorNumber(QAbstractSocket::UnsupportedSocketOperationError),
+             QStringLiteral("Invalid port"));
         return;
     }
     tcp->setProxy(QNetworkProxy::NoProxy);
     deadline.start(patience);
-    tcp->connectToHost(QString::fromStdString(ToUtf8(host)), static_cast<quint16>(port));
+    const auto bare = QString::fromStdString(ToUtf8(BareHost(host)));
+    if (tls)
+        tls->Start(bare, static_cast<quint16>(port));
+    else
+        tcp->connectToHost(bare, static_cast<quint16>(port));
 }
 
 void QtTcpLink::Send(std::string_view bytes) {
@@ -82,7 +103,7 @@ void QtTcpLink::Send(std::string_view bytes) {
 std::string QtTcpLink::ReadAll() {
     unreported = false;
     auto bytes = std::exchange(inbox, {});
-    if (tcp->bytesAvailable() > 0) bytes += tcp->readAll().toStdString();
+    if (Held() > 0) bytes += tcp->readAll().toStdString();
     return bytes;
 }
 
@@ -104,12 +125,21 @@ void QtTcpLink::SetLowWaterMark(std::size_t bytes) {
     LookLater();
 }
 
-void QtTcpLink::Fail(QAbstractSocket::SocketError error, const QString& description) {
+void QtTcpLink::Break(QAbstractSocket::SocketError error) {
+    auto number = TcpErrorNumber(error);
+    const auto words = tls && !connected ? tls->Explain(error, number) : tcp->errorString();
+    Fail(number, words);
+}
+
+void QtTcpLink::Fail(int number, const QString& description) {
     if (ended) return;
     ended = true;
-    errorNumber = TcpErrorNumber(error);
+    errorNumber = number;
     errorText = description;
     deadline.stop();
+    if (tls && !connected)
+        QMetaObject::invokeMethod(
+            tcp, [this] { tcp->abort(); }, Qt::QueuedConnection);
     LookLater();
 }
 
@@ -142,12 +172,31 @@ void QtTcpLink::Leave() {
     owner = nullptr;
     deadline.stop();
     tcp->disconnect(this);
-    if (tcp->state() == QAbstractSocket::ConnectedState && !ended) {
-        SayGoodbye();
+    if (tcp->state() != QAbstractSocket::ConnectedState || !connected || ended) {
+        tcp->abort();
+        deleteLater();
         return;
     }
-    tcp->abort();
-    deleteLater();
+    deadline.disconnect();
+    connect(&deadline, &QTimer::timeout, this, &QObject::deleteLater);
+    deadline.start(patience);
+    tls ? EndTls() : SayGoodbye();
+}
+
+/// Sends what is queued and the end of the stream of TLS. Qt would close the connection right behind that; a
+/// second descriptor of it stays for the plain goodbye.
+void QtTcpLink::EndTls() {
+    auto* rest = new QTcpSocket(this);
+    rest->setReadBufferSize(bufferBytes);
+    rest->setSocketDescriptor(dup(static_cast<int>(tcp->socketDescriptor())));
+    connect(tls, &QTcpSocket::disconnected, this, [this, rest] {
+        tcp = rest;
+        if (tcp->state() == QAbstractSocket::ConnectedState)
+            SayGoodbye();
+        else
+            deleteLater();
+    });
+    tls->disconnectFromHost();
 }
 
 void QtTcpLink::SayGoodbye() {
@@ -161,9 +210,6 @@ void QtTcpLink::SayGoodbye() {
     connect(tcp, &QTcpSocket::readyRead, this, [this] { tcp->readAll(); });
     connect(tcp, &QTcpSocket::disconnected, this, &QObject::deleteLater);
     connect(tcp, &QTcpSocket::errorOccurred, this, &QObject::deleteLater);
-    deadline.disconnect();
-    connect(&deadline, &QTimer::timeout, this, &QObject::deleteLater);
-    deadline.start(patience);
     tcp->readAll();
     endSending();
 }

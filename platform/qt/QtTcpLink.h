@@ -5,6 +5,7 @@
 // never from inside a call.
 
 #include "platform/Socket.h"
+#include "platform/qt/QtTlsSocket.h"
 
 #include <QTcpSocket>
 #include <QTimer>
@@ -15,6 +16,8 @@ class QtTcpLink : public QObject {
   public:
     /// Reports to the handlers of `owner` until Leave. `parent` ends it at the latest.
     QtTcpLink(Socket& owner, QObject* parent);
+    /// The same over TLS: connected once the peer has met the terms.
+    QtTcpLink(Socket& owner, QObject* parent, const TlsTerms& terms);
     /// Takes over a connection that a server accepted.
     QtTcpLink(Socket& owner, QObject* parent, QTcpSocket* accepted);
 
@@ -30,19 +33,26 @@ class QtTcpLink : public QObject {
     ~QtTcpLink() override { tcp->flush(); }
 
   private:
+    QtTcpLink(Socket& owner, QObject* parent, QTcpSocket* tcp, QtTlsSocket* tls);
     void Watch();
+    void WatchTls();
     void Prepare();
     void Collect();
-    std::size_t Available() const { return inbox.size() + static_cast<std::size_t>(tcp->bytesAvailable()); }
-    void Fail(QAbstractSocket::SocketError error, const QString& description);
+    /// Bytes that Qt holds. What comes before the peer has met the terms is not looked at.
+    qint64 Held() const { return !tls || connected ? tcp->bytesAvailable() : 0; }
+    std::size_t Available() const { return inbox.size() + static_cast<std::size_t>(Held()); }
+    void Break(QAbstractSocket::SocketError error);
+    void Fail(int number, const QString& description);
     void LookLater();
     void Look();
     void ReportData();
     void ReportEnd();
     void SayGoodbye();
+    void EndTls();
 
     Socket* owner;
     QTcpSocket* tcp;
+    QtTlsSocket* tls; ///< the same, or null while it goes plain
     QTimer deadline;
     std::string inbox;
     std::size_t mark = 1;

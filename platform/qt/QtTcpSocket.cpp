@@ -4,7 +4,7 @@ namespace halyard {
 
 void QtTcpSocket::Connect(const std::string& host, std::int32_t port) {
     Leave();
-    link = new QtTcpLink(*this, parent);
+    link = tls ? new QtTcpLink(*this, parent, *tls) : new QtTcpLink(*this, parent);
     link->Connect(host, port);
 }
 

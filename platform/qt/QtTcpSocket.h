@@ -8,6 +8,9 @@
 
 #include <QPointer>
 
+#include <optional>
+#include <utility>
+
 namespace halyard {
 
 class QtTcpSocket : public Socket {
@@ -19,6 +22,7 @@ class QtTcpSocket : public Socket {
         : parent(parent), link(new QtTcpLink(*this, parent, accepted)) {}
     ~QtTcpSocket() override { Leave(); }
 
+    void SetTls(std::optional<TlsTerms> terms) override { tls = std::move(terms); }
     void Connect(const std::string& host, std::int32_t port) override;
     void Send(std::string_view bytes) override;
     std::string ReadAll() override;
@@ -31,6 +35,7 @@ class QtTcpSocket : public Socket {
     void Leave();
 
     QObject* parent;
+    std::optional<TlsTerms> tls;
     QPointer<QtTcpLink> link;
 };
 

@@ -61,6 +61,20 @@ SimNetwork::Fate SimNetwork::NextConnect() {
     return Fate::Accepted;
 }
 
+std::vector<TlsFault> SimNetwork::FaultsOf(const TlsTerms& terms, std::int32_t port) const {
+    if (!servers.contains(port)) return {};
+    const auto found = certificates.find(port);
+    if (found == certificates.end()) return {{TlsProblem::NoTls, "it speaks plain"}};
+    const auto& shown = found->second;
+    if (terms.pin == shown.fingerprint && !terms.pin.empty()) return {};
+    if (!terms.pin.empty()) return {{TlsProblem::NotPinned, shown.fingerprint}};
+    std::vector<TlsFault> faults;
+    if (!shown.trusted) faults.push_back({TlsProblem::UnknownIssuer});
+    if (shown.expired) faults.push_back({TlsProblem::Expired, "yesterday"});
+    if (shown.name != terms.host) faults.push_back({TlsProblem::OtherName, shown.name});
+    return faults;
+}
+
 std::int32_t SimNetwork::Listen(SimServer& server, std::int32_t port) {
     if (Fails(Operation::Listen) || port < 0 || port > lastPort) return 0;
     if (port == 0)

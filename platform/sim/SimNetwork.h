@@ -3,11 +3,13 @@
 // The network of a simulated world: which ports are listened on, which connections stand, and what goes
 // wrong. Every host name leads to the one machine there is. Owned by SimWorld, and must outlive all sockets.
 
+#include "platform/Tls.h"
 #include "platform/sim/SimClock.h"
 #include "platform/sim/SimFaults.h"
 #include "platform/sim/SimRandom.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -19,6 +21,14 @@ class SimConnection;
 class SimServer;
 class SimSocket;
 class Socket;
+
+/// What a simulated server presents over TLS.
+struct SimCertificate {
+    std::string name;             ///< whom it is made out to
+    bool expired = false;         ///< its day is past
+    bool trusted = true;          ///< its issuer is known to every machine
+    std::string fingerprint = {}; ///< what a pin is compared with
+};
 
 class SimNetwork {
   public:
@@ -33,6 +43,11 @@ class SimNetwork {
     SimFaults faults;
     /// The address of the one machine that there is. While it isn't a loopback address, those lead nowhere.
     std::string address = "127.0.0.1";
+
+    /// The ports that speak TLS, and nothing else; the others speak plain.
+    std::map<std::int32_t, SimCertificate> certificates;
+    /// Hears of every Connect and its terms, null for a plain one.
+    std::function<void(const std::string& host, std::int32_t port, const TlsTerms* tls)> onConnect;
 
     /// Resets every connection: both sides see an error, what was under way is lost.
     void DropAll();
@@ -67,6 +82,8 @@ class SimNetwork {
     /// Counts an operation; true when it is the one to fail.
     bool Fails(Operation operation);
     Fate NextConnect();
+    /// What keeps a connection on these terms from coming about on a port that is listened on.
+    std::vector<TlsFault> FaultsOf(const TlsTerms& terms, std::int32_t port) const;
     bool LeadsHere(const std::string& host) const {
         return address == "127.0.0.1" || (host != "127.0.0.1" && host != "0.0.0.0");
     }

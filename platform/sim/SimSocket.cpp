@@ -24,6 +24,7 @@ void SimSocket::Connect(const std::string& host, std::int32_t port) {
     unreported = false;
     lowWaterMark = 1;
     state = SocketState::Connecting;
+    if (network.onConnect) network.onConnect(host, port, tls ? &*tls : nullptr);
     if (host.empty() || port < 1 || port > 65535) return FailIn(0, badAddress, "Address is not available");
     auto fate = network.NextConnect();
     if (fate == SimNetwork::Fate::Unanswered) return FailIn(silence, timedOut, "Connection timed out");
@@ -42,6 +43,11 @@ void SimSocket::Reach(std::int32_t port, std::int64_t deadline) {
         connecting = network.clock.At(again, [this, port, deadline] { Reach(port, deadline); });
         return;
     }
+    if (tls)
+        if (const auto faults = network.FaultsOf(*tls, port); !faults.empty())
+            return Fail(TlsFailed, TlsWords(*tls, faults), SocketState::Error);
+    if (!tls && network.certificates.contains(port))
+        return Fail(closedByPeer, "Connection closed by the peer", SocketState::Closed);
     if (!network.Accept(*this, port)) Fail(refused, "Connection refused", SocketState::Error);
 }
 

@@ -6,8 +6,10 @@
 #include "platform/sim/SimClock.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace halyard {
 
@@ -24,6 +26,7 @@ class SimSocket : public Socket {
     SimSocket(const SimSocket&) = delete;
     SimSocket& operator=(const SimSocket&) = delete;
 
+    void SetTls(std::optional<TlsTerms> terms) override { tls = std::move(terms); }
     void Connect(const std::string& host, std::int32_t port) override;
     void Send(std::string_view bytes) override;
     std::string ReadAll() override;
@@ -53,6 +56,7 @@ class SimSocket : public Socket {
     std::shared_ptr<SimConnection> connection;
     int side = 0;
     SocketState state = SocketState::Closed;
+    std::optional<TlsTerms> tls;
     std::string received;
     bool unreported = false; // bytes came since onData ran
     std::size_t lowWaterMark = 1;

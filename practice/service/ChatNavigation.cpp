@@ -62,7 +62,11 @@ bool Create(World& world, Connection& connection, const Snac& snac) {
         if (exchange == publicExchange && !known) return RefuseBare(connection, snac, 0x0014);
     }
     auto room = world.rooms.FindOrCreate(exchange, instance, *name, world.options.maxPeople);
-    if (!room) return Refuse(connection, snac, wordTooManyRooms);
+    if (!room) {
+        world.Note(*name, connection.name,
+                   "is refused a new room: full, with " + std::to_string(world.options.maxRooms) + " rooms");
+        return Refuse(connection, snac, wordTooManyRooms);
+    }
     if (room->owner.empty()) {
         room->owner = connection.name;
         world.Note(room->name, connection.name, "creates the room");

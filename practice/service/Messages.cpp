@@ -1,5 +1,6 @@
 #include "practice/service/Messages.h"
 
+#include "base/Latin1.h"
 #include "base/Text.h"
 #include "oscar/wire/ModOscarFunctions.h"
 
@@ -8,13 +9,18 @@ namespace halyard {
 namespace {
 
 constexpr int codeNotThere = 0x0004;
+constexpr int charsetUtf16 = 0x0002;
 
 /// What the journal tells of a message: its text when it is a plain one.
 std::string Spoken(const TlvList& tlvs) {
     auto block = FindTlv(tlvs, 0x0002);
     auto inner = block ? ReadTlvs(*block) : std::nullopt;
     auto text = inner ? FindTlv(*inner, 0x0101) : nullptr;
-    return text ? StripHTML(Mid(*text, 5)) : "something that is no text";
+    if (!text) return "something that is no text";
+    Reader reader(*text);
+    const bool wide = reader.Word() == charsetUtf16;
+    reader.Word(); // the charset's subset
+    return StripHTML(wide ? FromUtf16(reader.Rest()) : std::string(reader.Rest()));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // What a client asks of the room it is in: say, ban, unban, close.
 
+#include "base/Latin1.h"
 #include "base/Text.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "practice/service/RoomTraffic.h"
@@ -7,6 +8,12 @@
 namespace halyard {
 
 namespace {
+
+/// What the journal tells of a line, by its message block.
+std::string SpokenLine(const TlvList& block, const std::string& text) {
+    auto encoding = FindTlv(block, 0x0002);
+    return StripHTML(encoding && *encoding == "unicode-2-0" ? FromUtf16(text) : text);
+}
 
 bool HandleSay(World& world, Connection& connection, const Snac& snac) {
     Reader reader(snac.body);
@@ -23,7 +30,7 @@ bool HandleSay(World& world, Connection& connection, const Snac& snac) {
         world.Note(room.name, connection.name, "says more than the room takes, which is dropped");
         return true;
     }
-    world.Note(room.name, connection.name, "says " + StripHTML(*text));
+    world.Note(room.name, connection.name, "says " + SpokenLine(*inner, *text));
     auto reflect = FindTlv(*tlvs, 0x0006) ? &connection : nullptr;
     SayInRoom(world, room, connection.name, cookie, *block, reflect, snac.id);
     return true;

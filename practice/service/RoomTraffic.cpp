@@ -39,6 +39,13 @@ int RefusalOf(const Room& room, const std::string& name) {
     return room.IsFull() ? wordFull : 0;
 }
 
+void NoteRefusal(World& world, const Room& room, const std::string& name, int word) {
+    if (word == wordEjected) world.Note(room.name, name, "is not let in: banned");
+    if (word != wordFull) return;
+    world.Note(room.name, name,
+               "is not let in: full, with " + std::to_string(room.members.size()) + " people");
+}
+
 void ReplaceMember(World& world, Room& room, const std::string& name) {
     const auto* member = room.Find(name);
     if (member && member->connection) world.Dismiss(*member->connection);
@@ -54,7 +61,9 @@ std::string RoomBlock(const World& world, const Room& room) {
 void ConnectionReady(World& world, Connection& connection) {
     auto room = world.rooms.FindCookie(connection.roomCookie);
     if (!room && world.options.Has(Departure::NavigationAnswers)) return; // kept, and in no room
-    if (!room || RefusalOf(*room, connection.name) != 0) return world.Dismiss(connection);
+    const auto word = room ? RefusalOf(*room, connection.name) : 0;
+    if (room) NoteRefusal(world, *room, connection.name, word);
+    if (!room || word != 0) return world.Dismiss(connection);
     connection.room = room;
     EnterRoom(world, *room, connection.name, &connection);
 }

@@ -13,6 +13,8 @@ namespace halyard {
 /// Why a person cannot come in, as the word of TLV 0008: 004A kept out, 002E in already, 0018 full; 0 for
 /// welcome.
 int RefusalOf(const Room& room, const std::string& name);
+/// Tells the journal that a person was not let in, where `word` says kept out or full.
+void NoteRefusal(World& world, const Room& room, const std::string& name, int word);
 /// Where a second session takes the place of the first: puts out the client of this name, if it is in.
 void ReplaceMember(World& world, Room& room, const std::string& name);
 /// The room block: exchange, cookie, instance, detail level 2, and the TLVs that describe the room.

@@ -65,6 +65,7 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
         // A service that answers unasked lets in for any cookie; such a connection leads to no room.
         const bool anyCookie = world.options.Has(Departure::NavigationAnswers);
         auto word = room ? RefusalOf(*room, connection.name) : anyCookie ? 0 : wordInvalidRoom;
+        if (room) NoteRefusal(world, *room, connection.name, word);
         if (auto asked = std::exchange(world.refusals.join, 0)) word = asked;
         if (word != 0) return connection.SendSnac(0x0001, 0x0001, snac.id, ErrorBody(codeDenied, word)), true;
         ticket.room = std::string(Reader(wanted->substr(2)).Name());

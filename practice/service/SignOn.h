@@ -1,6 +1,7 @@
 #pragma once
 
-// The two sign-on dialogues. Every name and every password of one character or more is welcome.
+// The two sign-on dialogues. Every name is welcome, and every password of one character or more
+// unless the network has one of its own.
 
 #include "practice/Wire.h"
 #include "practice/World.h"

@@ -1,5 +1,7 @@
 #include "tests/practice/RawClient.h"
 
+#include <deque>
+
 namespace halyard {
 namespace {
 
@@ -49,6 +51,23 @@ TEST_F(InRoom, LinesGoToAllAndBackWhenAsked) {
     EXPECT_TRUE(Noted("r|alice|says more than the room takes, which is dropped"));
 }
 
+TEST_F(InRoom, OtherLettersAreReadableInTheJournal) {
+    const auto wide = HexToStr("00480061006C006C00F6002020AC0430"); // "Hallö €" and a Cyrillic letter
+    const auto said = [&](const std::string& block) {
+        alice.chat->Ask(0x0E, 5,
+                        Replace(Guest::Line(""), Tlv(5, Tlv(1, "") + Tlv(2, "us-ascii")), Tlv(5, block)));
+        return Mid(journal.back(), 14);
+    };
+    EXPECT_EQ(said(Tlv(1, wide) + Tlv(2, "unicode-2-0")), "Hall\xF6 \x80?");
+    EXPECT_EQ(said(Tlv(2, "iso-8859-1") + Tlv(1, "<b>gr\xFC\xDF</b>")), "gr\xFC\xDF");
+    for (const auto& [charset, text, shown] : {std::tuple("0002", wide, "Hall\xF6 \x80?"),
+                                               std::tuple("0003", std::string("gr\xFC\xDF"), "gr\xFC\xDF")}) {
+        const auto part = Tlv(0x0501, "\1") + Tlv(0x0101, HexToStr(charset) + HexToStr("0000") + text);
+        alice.bos->Ask(4, 6, "12345678" + WordToStr(1) + ShortString("bot") + Tlv(2, part));
+        EXPECT_EQ(journal.back(), std::string("|alice|sends Bot the message ") + shown);
+    }
+}
+
 TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     Stage stage;
     Guest bot(stage, "Bot"), bob(stage, "Bob The Rower"), eve(stage, "eve");
@@ -74,6 +93,7 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     };
     EXPECT_EQ(again(bob), "000D00080002004A");
     EXPECT_EQ(again(eve), "000D00080002002E");
+    EXPECT_TRUE(stage.Noted("r|Bob The Rower|is not let in: banned"));
     EXPECT_EQ(ban(bot, 0x25, "bob the rower"), "0000");
     bob.Join("r");
     EXPECT_TRUE(stage.network.IsInRoom("r", "bobtherower"));
@@ -97,6 +117,7 @@ TEST(Room, FullRefusedAndInvalid) {
     stage.network.Levers().Fill("r");
     EXPECT_EQ(stage.network.People("r").size(), 5u);
     EXPECT_EQ(word("r"), "0018");
+    EXPECT_TRUE(stage.Noted("r|other|is not let in: full, with 5 people"));
 
     auto navigation = bot.Open(0x0D);
     navigation->Ask(0x0D, 2);
@@ -109,6 +130,7 @@ TEST(Room, FullRefusedAndInvalid) {
 TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     PracticeOptions options;
     options.maxRooms = 2;
+    options.maxConnections = 12;
     Stage stage(options);
     Guest bot(stage, "Bot");
     bot.Join("kept");
@@ -116,6 +138,14 @@ TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     EXPECT_NE(bot.Create("two"), "");
     EXPECT_EQ(stage.network.Owner("one"), "");
     EXPECT_TRUE(stage.network.IsInRoom("kept", "bot"));
+    Guest other(stage, "other");
+    other.Join("two");
+    EXPECT_EQ(other.Create("three"), "");
+    EXPECT_TRUE(stage.Noted("three|other|is refused a new room: full, with 2 rooms"));
+    std::deque<RawClient> crowd;
+    while (stage.network.Connections() < 12) crowd.emplace_back(stage);
+    EXPECT_TRUE(RawClient(stage).closed);
+    EXPECT_TRUE(stage.Noted("|a stranger|is turned away: full, with 12 connections"));
 }
 
 } // namespace

@@ -10,11 +10,42 @@ TEST(SignOn, HashedInEveryForm) {
             auto good = RawClient(stage).Hashed("Some One", "x", salt, raw);
             EXPECT_EQ(good.id, 9u);
             EXPECT_EQ(RawClient::Tlvs(good, 0x0001), "Some One");
-            EXPECT_EQ(RawClient::Tlvs(good, 0x0006).size(), 32u);
+            EXPECT_EQ(RawClient::Tlvs(good, 0x0006).size(), 256u);
             auto empty = RawClient(stage).Hashed("Some One", "", salt, raw);
             EXPECT_EQ(StrToHex(RawClient::Tlvs(empty, 0x0008)), "0005") << salt << raw;
             EXPECT_EQ(RawClient::Tlvs(empty, 0x0006), "");
         }
+}
+
+TEST(SignOn, OneSaltAndOnePassword) {
+    PracticeOptions options;
+    options.salts = {SaltNamed("classic")};
+    options.password = "secret";
+    options.cookieLength = 32;
+    Stage stage(options);
+    const auto code = [&](const std::string& password, const std::string& salt, bool raw = true) {
+        const auto answer = RawClient(stage).Hashed("a", password, SaltNamed(salt), raw);
+        EXPECT_EQ(RawClient::Tlvs(answer, 0x0006).size(), RawClient::Tlvs(answer, 0x0008).empty() ? 32u : 0);
+        return StrToHex(RawClient::Tlvs(answer, 0x0008));
+    };
+    EXPECT_EQ(code("secret", "classic") + code("secret", "classic", false), "");
+    EXPECT_EQ(code("secret", "laid-down") + code("Secret", "classic") + code("", "classic"), "000500050005");
+    for (const std::string password : {"secret", "secrets"}) {
+        RawClient client(stage);
+        client.Frame(1, HexToStr("00000001") + Tlv(1, "a") + Tlv(2, DefaultSecrets().Roast(password)));
+        EXPECT_EQ(RawClient::Tlvs({.body = client.frames[1].second}, 6).empty(), password != "secret");
+    }
+}
+
+TEST(SignOn, WaysByName) {
+    std::string problem;
+    EXPECT_EQ(WaysNamed("open-server", problem), Ways().set());
+    EXPECT_EQ(WaysNamed("main-sign-offs,reachable-redirects", problem),
+              WaysOf(Departure::MainSignOffs, Departure::ReachableRedirects));
+    for (const auto* wrong : {"main-sign-offs,", "Main-Sign-Offs", "main-sign-offs, open-server"})
+        EXPECT_FALSE(WaysNamed(wrong, problem)) << wrong;
+    EXPECT_NE(problem.find("\" open-server\", only open-server, navigation-answers, "), std::string::npos);
+    EXPECT_EQ(SaltNamed("Open server"), "");
 }
 
 TEST(SignOn, RoastedByBotAndByOthers) {

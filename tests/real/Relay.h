@@ -6,6 +6,7 @@
 #include "platform/Socket.h"
 
 #include <QHostAddress>
+#include <QSslServer>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -27,9 +28,11 @@ class Relay {
     int resets = 0;
 
     bool Open(std::int32_t service);
-    std::int32_t Port() const { return door.serverPort(); }
+    /// Clients are met over TLS from now on.
+    void SpeakTls(const QSslConfiguration& shown);
+    std::int32_t Port() const { return door->serverPort(); }
     /// How many streams stand, the ends of which may be about to go.
-    std::size_t Streams() const { return static_cast<std::size_t>(door.findChildren<QTcpSocket*>().size()); }
+    std::size_t Streams() const { return static_cast<std::size_t>(door->findChildren<QTcpSocket*>().size()); }
     /// Nothing is passed on while it stands still.
     void Stall(bool on);
     /// Both ends of every stream are reset, with what was under way.
@@ -38,7 +41,9 @@ class Relay {
   private:
     class Stream;
 
-    QTcpServer door;
+    void Meet();
+
+    std::unique_ptr<QTcpServer> door = std::make_unique<QTcpServer>();
     std::int32_t to = 0;
     bool stalled = false;
     std::minstd_rand random{7};
@@ -47,7 +52,7 @@ class Relay {
 class Relay::Stream : public QObject {
   public:
     Stream(Relay& relay, QTcpSocket* client)
-        : QObject(&relay.door), relay(relay), ends{client, new QTcpSocket} {
+        : QObject(relay.door.get()), relay(relay), ends{client, new QTcpSocket} {
         for (auto* end : ends) {
             end->setParent(this);
             connect(end, &QTcpSocket::readyRead, this, &Stream::MoveLater);
@@ -98,21 +103,34 @@ class Relay::Stream : public QObject {
 
 inline bool Relay::Open(std::int32_t service) {
     to = service;
-    QObject::connect(&door, &QTcpServer::newConnection, &door, [this] {
-        while (auto* client = door.nextPendingConnection()) new Stream(*this, client); // the door's child
+    Meet();
+    return door->listen(QHostAddress::LocalHost, 0);
+}
+
+inline void Relay::SpeakTls(const QSslConfiguration& shown) {
+    const auto port = door->serverPort();
+    auto other = std::make_unique<QSslServer>();
+    other->setSslConfiguration(shown);
+    door = std::move(other);
+    Meet();
+    door->listen(QHostAddress::LocalHost, port);
+}
+
+inline void Relay::Meet() {
+    QObject::connect(door.get(), &QTcpServer::pendingConnectionAvailable, door.get(), [this] {
+        while (auto* client = door->nextPendingConnection()) new Stream(*this, client); // the door's child
     });
-    return door.listen(QHostAddress::LocalHost, 0);
 }
 
 inline void Relay::Stall(bool on) {
     stalled = on;
-    for (auto* child : door.children())
+    for (auto* child : door->children())
         if (auto* stream = dynamic_cast<Stream*>(child)) stream->MoveLater();
 }
 
 inline void Relay::ResetAll() {
     ++resets;
-    for (auto* child : door.children())
+    for (auto* child : door->children())
         if (auto* stream = dynamic_cast<Stream*>(child)) stream->Reset();
 }
 
