@@ -157,6 +157,7 @@ void SoakRun::SignOnAgain() {
     RunFor(second);
     window.connection.cmdSignOn.Press();
     RunFor(10 * second);
+    for (const auto& room : town.Rooms()) leftForGood.insert(room); // until it is joined
     JoinAll();
 }
 
