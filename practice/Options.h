@@ -31,7 +31,6 @@ struct PracticeOptions {
     int signOnSeconds = 60;      ///< a connection that has not said who it is by then is closed
     std::size_t maxConnections = 1000;
     std::size_t maxRooms = 500;
-    std::string password; ///< the one that everybody's sign-on needs; empty: any will do
     Ways ways;            ///< the habits of other services: for each departure, the one that it is there for
 
     bool Has(Departure habit) const { return ways.test(static_cast<std::size_t>(habit)); }
