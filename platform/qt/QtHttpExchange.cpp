@@ -9,9 +9,7 @@ namespace halyard {
 
 namespace {
 
-QByteArray BytesOf(const std::string& text) {
-    return {text.data(), static_cast<qsizetype>(text.size())};
-}
+QByteArray BytesOf(const std::string& text) { return {text.data(), static_cast<qsizetype>(text.size())}; }
 
 QNetworkRequest PlainRequest(const HttpRequest& request) {
     QNetworkRequest made(QUrl::fromEncoded(BytesOf(request.url), QUrl::StrictMode));
