@@ -27,9 +27,6 @@ struct Refusals {
     int join = 0;     ///< word of TLV 0008 to the next service request for a room
 };
 
-/// How the management answers.
-enum class ManagementMood { Works, Failing, Silent, Garbage };
-
 class World {
   public:
     World(Platform& platform, PracticeOptions options);
