@@ -119,16 +119,14 @@ bool Enforcement::Parts::IsListed(const RoomRef& ref, const std::string& name) c
 
 void Enforcement::Parts::TakeTerms(const ManagementTerms& taken) {
     const auto before = std::exchange(terms, taken);
+    auto same = before;
+    same.suspend = terms.suspend; // changes nothing that waits
+    if (same == terms) return;
+    DropAll("other terms hold by now");
     const bool active = terms.enforce || terms.watchAddresses;
-    if (before.address != terms.address || before.header != terms.header || before.enforce != terms.enforce ||
-        before.watchAddresses != terms.watchAddresses)
-        DropAll("other terms hold by now");
     control.ConfirmElsewhere(terms.enforce);
     sweeper->SetEnabled(active);
-    if (!active) {
-        record.Flush();
-        return;
-    }
+    if (!active) return void(record.Flush());
     record.Load();
     if (!line.SetPlace(terms.address, terms.header))
         hands.tell("the address of the management or its header makes no sense: nothing is enforced");
