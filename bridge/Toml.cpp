@@ -5,6 +5,7 @@
 #include "bridge/TomlGuard.h"
 
 #include <algorithm>
+#include <functional>
 
 // The library takes for certain, and lets the compiler take for certain, what a wrong text makes untrue.
 // Where it doesn't, it comes to the mistakes that it tells.
@@ -38,7 +39,7 @@ TomlValue ValueOf(const toml::node& node) {
         value.kind = Kind::Table;
         for (const auto& [key, member] : *table)
             value.members.push_back({std::string(key.str()), PlaceOf(key.source().begin), ValueOf(member)});
-        std::ranges::stable_sort(value.members, {}, &TomlMember::place);
+        std::ranges::stable_sort(value.members, std::less<>(), &TomlMember::place);
     }
     return value;
 }

@@ -15,7 +15,9 @@ namespace halyard {
 struct TomlPlace {
     std::size_t line = 0;
     std::size_t column = 0;
-    auto operator<=>(const TomlPlace&) const = default;
+    bool operator<(const TomlPlace& other) const {
+        return line != other.line ? line < other.line : column < other.column;
+    }
 };
 
 struct TomlMember;

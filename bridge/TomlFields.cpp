@@ -3,6 +3,7 @@
 #include "base/Latin1.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace halyard {
 
@@ -25,7 +26,7 @@ void TomlMistakes::Add(const TomlPlace& place, std::string_view text) {
 
 std::vector<std::string> TomlMistakes::Texts() const {
     auto sorted = first;
-    std::ranges::stable_sort(sorted, {}, &std::pair<TomlPlace, std::string>::first);
+    std::ranges::stable_sort(sorted, std::less<>(), &std::pair<TomlPlace, std::string>::first);
     std::vector<std::string> texts;
     for (const auto& [place, text] : sorted)
         texts.push_back("line " + std::to_string(place.line) + ", column " + std::to_string(place.column) +

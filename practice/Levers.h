@@ -4,6 +4,7 @@
 // the real network could do. Names and rooms as everywhere, in lower case without blanks; what does not exist
 // is passed over.
 
+#include "practice/Options.h"
 #include "practice/service/RateClasses.h"
 
 #include <functional>
@@ -61,6 +62,11 @@ class PracticeLevers {
 
     /// An orderly stop: each connection ends with a channel 4 frame, and for so many seconds nobody gets in.
     void Stop(int seconds);
+
+    // The management: how it answers from now on, and where a person's sessions come from.
+    void SetManagementMood(ManagementMood mood);
+    void SetAddress(const std::string& name, const std::string& address);
+    bool IsSuspended(const std::string& name) const;
 
     /// The person of a script is on line from now on.
     void BringOnLine(const std::string& name);

@@ -12,6 +12,9 @@
 
 namespace halyard {
 
+/// How the management answers: as it should, with status 500, not at all, with what is no HTTP.
+enum class ManagementMood { Works, Failing, Silent, Garbage };
+
 /// What a practice network can be told at its start.
 struct PracticeOptions {
     std::string address = "127.0.0.1"; ///< where it listens, and where redirects send clients
@@ -31,7 +34,8 @@ struct PracticeOptions {
     int signOnSeconds = 60;      ///< a connection that has not said who it is by then is closed
     std::size_t maxConnections = 1000;
     std::size_t maxRooms = 500;
-    Ways ways;            ///< the habits of other services: for each departure, the one that it is there for
+    std::int32_t management = -1; ///< the port of the management on 127.0.0.1; 0 any free one, -1 none
+    Ways ways; ///< the habits of other services: for each departure, the one that it is there for
 
     bool Has(Departure habit) const { return ways.test(static_cast<std::size_t>(habit)); }
 };

@@ -85,7 +85,10 @@ int main(int argc, char** argv) {
     QCommandLineOption cookieLength("cookie-length", "Give out cookies of this length: 256 or 32 bytes.",
                                     "BYTES", "256");
     QCommandLineOption quiet("quiet", "Print nothing of what happens.");
-    parser.addOptions({port, script, ways, salt, password, cookieLength, quiet});
+    QCommandLineOption management(
+        "management", "Open a management interface (HTTP) on 127.0.0.1 at this port; 0 takes any free one.",
+        "N");
+    parser.addOptions({port, script, ways, salt, password, cookieLength, management, quiet});
     parser.process(application);
 
     halyard::QtPlatform platform;
@@ -94,6 +97,11 @@ int main(int argc, char** argv) {
     options.port = parser.value(port).toInt(&isNumber);
     if (!isNumber || options.port < 0 || options.port > 65535)
         return Fail("the port must be from 0 to 65535");
+    if (parser.isSet(management)) {
+        options.management = parser.value(management).toInt(&isNumber);
+        if (!isNumber || options.management < 0 || options.management > 65535)
+            return Fail("the management's port must be from 0 to 65535");
+    }
     options.startedAt = QDateTime::currentSecsSinceEpoch() - platform.Milliseconds() / 1000;
 
     std::string problem;
@@ -128,6 +136,8 @@ int main(int argc, char** argv) {
     std::printf("The practice network is on %s:%d\n", options.address.c_str(), network.Port());
     if (parser.isSet(salt) && options.password.empty())
         std::printf("Any password is welcome: that a hash has another salt shows only with --password.\n");
+    if (network.ManagementPort() != 0)
+        std::printf("Its management is on 127.0.0.1:%d\n", network.ManagementPort());
     std::fflush(stdout);
     network.Play(*parsed);
     return QCoreApplication::exec();

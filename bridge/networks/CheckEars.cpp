@@ -31,7 +31,7 @@ bool IsOfCheck(std::uint32_t id) { return id == CheckBanId || id == CheckLiftId 
 
 bool HasType(std::string_view type, int number) { return StrToWord(type) == number; }
 
-std::string_view ValueOf(std::string_view tlvs, int wanted) {
+std::string_view TlvValue(std::string_view tlvs, int wanted) {
     std::string_view found;
     EachTLV(tlvs, [&](std::string_view type, std::string_view value) {
         if (HasType(type, wanted)) found = value;
@@ -43,7 +43,7 @@ std::string_view ValueOf(std::string_view tlvs, int wanted) {
 BanReply ReadBanReply(std::string_view body) {
     if (body == std::string_view("\0\0", 2)) return {};
     if (body.size() <= 2) return {BanVerdict::NotEnforced, StrToWord(body).value_or(0)};
-    return {BanVerdict::Refused, StrToWord(ValueOf(body.substr(2), 0x0008)).value_or(0)};
+    return {BanVerdict::Refused, StrToWord(TlvValue(body.substr(2), 0x0008)).value_or(0)};
 }
 
 } // namespace
@@ -194,16 +194,16 @@ void CheckEars::HearSnac(int socket, std::string_view snac) {
 
 /// An answer that names the next address to connect to, in TLV 0005, and a cookie for it in TLV 0006.
 void CheckEars::HearAddress(std::string_view tlvs) {
-    if (!ValueOf(tlvs, 0x0006).empty()) heard.cookie = true;
+    if (!TlvValue(tlvs, 0x0006).empty()) heard.cookie = true;
     std::string host;
     std::int32_t port = 0;
-    SplitAddress(std::string(ValueOf(tlvs, 0x0005)), host, port);
+    SplitAddress(std::string(TlvValue(tlvs, 0x0005)), host, port);
     if (!host.empty() && ReachableHost(host, peer) != host) heard.farRedirect = host;
 }
 
 void CheckEars::HearLine(std::string_view body) {
     bool text = false;
-    EachTLV(ValueOf(From(body, LineHead), 0x0005), [&](std::string_view type, std::string_view) {
+    EachTLV(TlvValue(From(body, LineHead), 0x0005), [&](std::string_view type, std::string_view) {
         if (HasType(type, 0x0001)) text = true;
         if (HasType(type, 0x0002) && text) heard.textFirst = true;
         return true;

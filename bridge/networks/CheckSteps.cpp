@@ -86,7 +86,6 @@ CheckStep SignOn(CheckRun& run) {
         const auto redirect = run.ears.heard.farRedirect;
         run.ears.heard = {};
         run.ears.heard.farRedirect = redirect;
-        run.control.StopLoginTimer(); // a refused roasted sign-on leaves it running
         run.control.StopAtAuthAnswer = false;
         run.control.Login(run.terms.name, run.terms.password, run.terms.port, run.terms.hashed, false,
                           run.terms.host);

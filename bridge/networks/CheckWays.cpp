@@ -4,6 +4,7 @@
 #include "oscar/wire/ModOscarFunctions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace halyard {
 
@@ -24,7 +25,7 @@ bool KnowsNoBans(const CheckHeard& heard) {
 std::vector<Habit> HabitsOf(const CheckHeard& heard) {
     const bool inRoom = heard.room != 0;
     const auto rates = inRoom ? heard.RatesOf(heard.room) : RatesTold();
-    const auto when = [](bool met, std::string seen) { return met ? seen : std::string(); };
+    const auto when = [](bool met, std::string seen) { return met ? std::move(seen) : std::string(); };
     return {
         {Departure::NavigationAnswers, inRoom,
          when(heard.strayAnswers > 0, "answers of the navigation came that nothing had asked for (" +

@@ -58,11 +58,8 @@ void QtTcpLink::Watch() {
 }
 
 void QtTcpLink::WatchTls() {
-    connect(tls, &QSslSocket::encrypted, this, [this] {
-        if (!tls->MeetsTerms()) return Break(QAbstractSocket::SslHandshakeFailedError);
-        Prepare();
-        Collect();
-    });
+    connect(tls, &QSslSocket::encrypted, this,
+            [this] { tls->MeetsTerms() ? Prepare() : Break(QAbstractSocket::SslHandshakeFailedError); });
 }
 
 void QtTcpLink::Collect() {

@@ -48,7 +48,8 @@ void SimSocket::Reach(std::int32_t port, std::int64_t deadline) {
             return Fail(TlsFailed, TlsWords(*tls, faults), SocketState::Error);
     if (!tls && network.certificates.contains(port))
         return Fail(closedByPeer, "Connection closed by the peer", SocketState::Closed);
-    if (!network.Accept(*this, port)) Fail(refused, "Connection refused", SocketState::Error);
+    if (!network.Accept(*this, port)) return Fail(refused, "Connection refused", SocketState::Error);
+    if (auto handler = onConnected) handler(); // a copy, as everywhere
 }
 
 void SimSocket::Send(std::string_view bytes) {

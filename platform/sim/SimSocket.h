@@ -5,6 +5,7 @@
 #include "platform/Socket.h"
 #include "platform/sim/SimClock.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,9 @@ class SimSocket : public Socket {
     SimSocket& operator=(const SimSocket&) = delete;
 
     void SetTls(std::optional<TlsTerms> terms) override { tls = std::move(terms); }
+    /// Both sides are connected: the first moment in which this one may send.
+    std::function<void()> onConnected;
+
     void Connect(const std::string& host, std::int32_t port) override;
     void Send(std::string_view bytes) override;
     std::string ReadAll() override;

@@ -203,11 +203,13 @@ TEST_F(BridgeFileTest, DropsTheOldestChoices) {
     EXPECT_TRUE(file.Choose("Den", "/1000", "me"));
     EXPECT_EQ(Again().ChosenFor("/0", "me"), "Laid down");
     EXPECT_EQ(Again().ChosenFor("/1", "me"), "Den");
-    const std::string operators((1 << 20) - 2000, '#');
-    disk.Put(Path, operators);
-    EXPECT_TRUE(file.Choose("Den", "/" + std::string(1500, 'x'), "me")) << "as many as the file has room for";
-    EXPECT_LE(disk.Contents(Path).size(), std::size_t{1} << 20);
-    EXPECT_EQ(Again().ChosenFor("/" + std::string(1500, 'x'), "me"), "Den");
+    const auto kept = disk.Contents(Path), longPath = "/" + std::string(1500, 'x');
+    EXPECT_EQ(Load(std::string((1 << 20) - 1 - kept.size(), '#') + "\n" + kept), "");
+    EXPECT_TRUE(file.Choose("Den", longPath, "me"));
+    auto again = Again();
+    EXPECT_EQ(again.ChosenFor("/2", "me"), "Laid down") << "there was no room for it";
+    EXPECT_EQ(again.ChosenFor("/1000", "me"), "Den");
+    EXPECT_EQ(again.ChosenFor(longPath, "me"), "Den");
 }
 
 } // namespace

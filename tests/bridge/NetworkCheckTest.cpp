@@ -180,7 +180,11 @@ TEST(NetworkCheck, EndsWhereverItIsCut) {
                 };
             scene.check->Start(terms);
             scene.world.RunFor(at);
-            if (cut == Drop) scene.world.network.DropAll();
+            if (cut == Drop) {
+                scene.world.network.DropAll();
+                scene.world.RunFor(1000); // at once, without the deadlines
+                EXPECT_TRUE(scene.done) << at;
+            }
             if (cut == Stall) scene.world.network.StallFor(1000000);
             if (cut == Stop) scene.check->Stop();
             if (cut == Destroy) scene.check.reset();
@@ -262,6 +266,19 @@ TEST(NetworkCheck, EndsWhateverTheServiceSays) {
     EXPECT_GT(works, 800U); // they come far
 }
 
+/// Passes frames on, and counts what others would hear of bans.
+struct BanCounter : News {
+    explicit BanCounter(News& check) : check(check) {}
+    void Frame(int socket, bool sent, int channel, std::string_view body) override {
+        check.Frame(socket, sent, channel, body);
+    }
+    void SignedOff() override { check.SignedOff(); }
+    void BanAsked(std::int16_t, std::int32_t, BanRequestKind, const std::string&) override { ++told; }
+    void BanAnswered(std::int16_t, std::int32_t, BanVerdict, int) override { ++told; }
+    News& check;
+    int told = 0;
+};
+
 /// What a desk holds that an act would change.
 std::string Digest(const TillerSock& desk) {
     std::string digest =
@@ -280,6 +297,8 @@ TEST(NetworkCheck, ChangesNothingOfTheBotWhoseSessionItUses) {
         PracticeOptions options;
         if (network == 2) options.ways = Ways().set();
         CheckScene scene(options);
+        BanCounter bans(scene.check->Listener());
+        scene.desk.SetNews(&bans);
         scene.desk.UseNetwork(BuiltInNetworks()[network]);
         scene.desk.Login("The Bot", "pw", 5190, true, false, "127.0.0.1");
         scene.world.RunFor(1000);
@@ -292,6 +311,7 @@ TEST(NetworkCheck, ChangesNothingOfTheBotWhoseSessionItUses) {
         scene.world.RunFor(1000);
         EXPECT_EQ(Digest(scene.desk), before);
         EXPECT_EQ(scene.events.Take(), Lines{});
+        EXPECT_EQ(bans.told, 0);
         EXPECT_EQ(scene.rows[0], "works Room: the bot is in den");
         EXPECT_EQ(scene.rows[3], "works User information: the bot's own came");
         EXPECT_EQ(scene.rows[4],
@@ -314,6 +334,7 @@ TEST(NetworkCheck, ChangesNothingOfTheBotWhoseSessionItUses) {
         scene.desk.LogOff();
         scene.world.RunUntil([&] { return scene.done; }, 1000);
         EXPECT_EQ(scene.Rows("not signed on").size(), scene.rows.size());
+        scene.desk.SetNews(nullptr);
     }
 }
 
