@@ -36,7 +36,9 @@ SoakPlan DayPlan(std::uint64_t number) {
     return plan;
 }
 
-std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
+std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
+    auto words = given;
+    const bool management = std::erase(words, "--management") > 0;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -54,7 +56,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
         seed = seed || day || words[i] == "--seed";
         days = days || day || words[i] == "--days";
     }
-    if (!seed || !days) return std::nullopt;
+    plan.management = management;
+    if (!seed || !days || (plan.management && !plan.openServer)) return std::nullopt;
     return plan;
 }
 
@@ -62,7 +65,7 @@ std::string ReplayLine(const SoakPlan& plan) {
     return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
-           (plan.openServer ? " --network open-server" : "");
+           (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "");
 }
 
 } // namespace halyard

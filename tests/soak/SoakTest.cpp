@@ -32,6 +32,14 @@ TEST(Soak, HoldsAtEveryLevelOfFaults) {
         EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
         EXPECT_EQ(run.FaultCount() > 0, level > 0);
     }
+    for (int level : {0, 6, 9})
+        for (const bool management : {false, true}) {
+            auto plan = Plan(static_cast<std::uint64_t>(200 + level), 0.1, level);
+            plan.openServer = true;
+            plan.management = management;
+            SoakRun run(plan);
+            EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
+        }
 }
 
 TEST(Soak, SameSeedEndsOnTheSameDigest) {
@@ -113,18 +121,20 @@ TEST(Soak, ATimeBanEndsInItsTimeAndIsLifted) {
 }
 
 TEST(Soak, TheCommandLineIsReadAndWrittenBack) {
-    auto plan = ReadPlan({"--seed", "18446744073709551615", "--days", "0.5", "--rooms", "10", "--people",
-                          "200", "--faults", "9"});
+    auto plan = ReadPlan({"--management", "--seed", "18446744073709551615", "--days", "0.5", "--rooms", "10",
+                          "--people", "200", "--network", "open-server", "--faults", "9"});
     ASSERT_TRUE(plan);
     EXPECT_EQ(ReplayLine(*plan),
               "halyard-soak --seed 18446744073709551615 --days 0.5 --rooms 10 --people 200 "
-              "--faults 9 --lines 1200");
+              "--faults 9 --lines 1200 --network open-server --management");
     const std::vector<std::vector<std::string>> wrong = {{},
                                                          {"--seed", "1"},
                                                          {"--seed", "1", "--days"},
                                                          {"--seed", "1", "--days", "0"},
                                                          {"--seed", "1", "--days", "1", "--faults", "10"},
                                                          {"--seed", "x", "--days", "1"},
+                                                         {"--seed", "1", "--days", "1", "--network", "x"},
+                                                         {"--seed", "1", "--days", "1", "--management"},
                                                          {"--seed", "1", "--days", "1", "--what", "1"}};
     for (const auto& words : wrong) EXPECT_FALSE(ReadPlan(words)) << words.size();
 }

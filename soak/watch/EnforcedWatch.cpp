@@ -1,0 +1,111 @@
+#include "soak/watch/EnforcedWatch.h"
+
+#include "base/Text.h"
+#include "oscar/TillerSock.h"
+#include "practice/PracticeNetwork.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace halyard {
+
+namespace {
+
+// Milliseconds.
+constexpr std::int64_t second = 1000;
+constexpr std::int64_t longestStay = 10 * second;
+/// From a session's end to the list, whose answer is under way.
+constexpr std::int64_t longestAnswer = 10 * second;
+constexpr const char* bot = "harbourbot";
+constexpr std::string_view ending = "DELETE /session/";
+
+} // namespace
+
+void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool ban, const std::string& kind,
+                          std::int64_t now) {
+    const Place place{room, name};
+    const bool kick = kind == "kick";
+    next = std::max(next, now + 1); // what follows comes at once, but not within this event
+    if (!ban) {
+        ended.erase(place);
+        if (!asked.contains(place)) unclear.erase(place);
+        return;
+    }
+    const auto before = asked.find(place);
+    if (before != asked.end() && before->second != kick)
+        unclear.insert(place);
+    else if (before == asked.end())
+        unclear.erase(place);
+    asked[place] = kick;
+}
+
+void EnforcedWatch::Happened(const PracticeEvent& event) {
+    if (event.what == "leaves" && SameName(event.who, bot)) Forgive(NormalizeName(event.room));
+    if (!event.what.starts_with(ending)) return;
+    const auto name = NormalizeName(event.what.substr(ending.size()));
+    for (auto at = asked.begin(); at != asked.end();) {
+        if (at->first.second != name) {
+            ++at;
+            continue;
+        }
+        at->second ? void(ended.erase(at->first)) : void(ended.insert(at->first));
+        at = asked.erase(at);
+    }
+}
+
+/// What is under way for a room that the bot has left comes to nothing. For every room: so may what was under
+/// way while answers were lost.
+void EnforcedWatch::Forgive(const std::string& room) {
+    const auto listed = Listed();
+    std::erase_if(ended, [&](const auto& place) {
+        return (room.empty() || place.first == room) && !listed.contains(place);
+    });
+    std::erase_if(asked, [&](const auto& each) { return room.empty() || each.first.first == room; });
+}
+
+std::set<EnforcedWatch::Place> EnforcedWatch::Listed() const {
+    std::set<Place> listed;
+    for (const auto& room : control.Chat)
+        for (const auto& list : control.EjectLists) {
+            if (!list->IsOf(room->ChatName, room->Exchange)) continue;
+            for (const auto& name : list->GetEjects())
+                listed.emplace(NormalizeName(room->ChatName), NormalizeName(name));
+            break;
+        }
+    return listed;
+}
+
+void EnforcedWatch::ListsLoaded() { ended = Listed(); }
+
+std::string EnforcedWatch::Lasting(std::map<Place, std::int64_t>& since, const std::set<Place>& now,
+                                   std::int64_t moment, std::int64_t longest, const std::string& what) const {
+    std::erase_if(since, [&](const auto& each) { return !now.contains(each.first); });
+    for (const auto& place : now)
+        if (moment - since.try_emplace(place, moment).first->second > longest)
+            return place.second + what + place.first;
+    return {};
+}
+
+std::string EnforcedWatch::Check(std::int64_t now) {
+    if (now < next) return {};
+    next = now + second;
+    const auto listed = Listed();
+    std::set<Place> strange, lost, inside;
+    for (const auto& place : listed)
+        if (!ended.contains(place) && Counts(place)) strange.insert(place);
+    const auto wrong =
+        Lasting(strangers, strange, now, 2 * second, " is on a list, and nobody put them out of ");
+    if (!wrong.empty() || now < trusted) return wrong;
+    if (std::exchange(doubted, false)) Forgive();
+    for (const auto& room : control.Chat)
+        for (auto at = ended.lower_bound({NormalizeName(room->ChatName), ""});
+             at != ended.end() && at->first == NormalizeName(room->ChatName); ++at)
+            if (!listed.contains(*at) && Counts(*at)) lost.insert(*at);
+    for (const auto& place : listed)
+        if (network.IsInRoom(place.first, place.second)) inside.insert(place);
+    const auto missed = Lasting(missing, lost, now, longestAnswer, " was put out, and is on no list of ");
+    return missed.empty() ? Lasting(staying, inside, now, longestStay, " is listed, and stays in ") : missed;
+}
+
+} // namespace halyard
