@@ -67,7 +67,7 @@ SoakRun::SoakRun(const SoakPlan& plan)
     enforcement.emplace(machine, window.Control(), hands);
     window.Control().SetNews(&*enforcement);
     enforcement->SetTerms({.enforce = true});
-    invariants.enforced.emplace(network, window.Control());
+    invariants.enforced.emplace(network, window.Control(), hands.spared);
 }
 
 std::string SoakRun::Violation() const {

@@ -13,11 +13,11 @@ namespace halyard {
 namespace {
 
 // Milliseconds.
-constexpr std::int64_t second = 1000;
-constexpr std::int64_t longestStay = 10 * second;
+constexpr std::int64_t lookEvery = 1000;
+constexpr std::int64_t longestStay = 10000;
 /// From a session's end to the list, whose answer is under way.
-constexpr std::int64_t longestAnswer = 10 * second;
-constexpr const char* bot = "harbourbot";
+constexpr std::int64_t longestListing = 10000;
+constexpr const char* botsName = "harbourbot";
 constexpr std::string_view ending = "DELETE /session/";
 
 } // namespace
@@ -41,7 +41,7 @@ void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool
 }
 
 void EnforcedWatch::Happened(const PracticeEvent& event) {
-    if (event.what == "leaves" && SameName(event.who, bot)) Forgive(NormalizeName(event.room));
+    if (event.what == "leaves" && SameName(event.who, botsName)) Forgive(NormalizeName(event.room));
     if (!event.what.starts_with(ending)) return;
     const auto name = NormalizeName(event.what.substr(ending.size()));
     for (auto at = asked.begin(); at != asked.end();) {
@@ -66,13 +66,9 @@ void EnforcedWatch::Forgive(const std::string& room) {
 
 std::set<EnforcedWatch::Place> EnforcedWatch::Listed() const {
     std::set<Place> listed;
-    for (const auto& room : control.Chat)
-        for (const auto& list : control.EjectLists) {
-            if (!list->IsOf(room->ChatName, room->Exchange)) continue;
-            for (const auto& name : list->GetEjects())
-                listed.emplace(NormalizeName(room->ChatName), NormalizeName(name));
-            break;
-        }
+    for (const auto& list : control.EjectLists)
+        for (const auto& name : list->GetEjects())
+            listed.emplace(NormalizeName(list->ChatName), NormalizeName(name));
     return listed;
 }
 
@@ -89,13 +85,12 @@ std::string EnforcedWatch::Lasting(std::map<Place, std::int64_t>& since, const s
 
 std::string EnforcedWatch::Check(std::int64_t now) {
     if (now < next) return {};
-    next = now + second;
+    next = now + lookEvery;
     const auto listed = Listed();
     std::set<Place> strange, lost, inside;
     for (const auto& place : listed)
         if (!ended.contains(place) && Counts(place)) strange.insert(place);
-    const auto wrong =
-        Lasting(strangers, strange, now, 2 * second, " is on a list, and nobody put them out of ");
+    const auto wrong = Lasting(strangers, strange, now, 2000, " is on a list, and nobody put them out of ");
     if (!wrong.empty() || now < trusted) return wrong;
     if (std::exchange(doubted, false)) Forgive();
     for (const auto& room : control.Chat)
@@ -103,8 +98,10 @@ std::string EnforcedWatch::Check(std::int64_t now) {
              at != ended.end() && at->first == NormalizeName(room->ChatName); ++at)
             if (!listed.contains(*at) && Counts(*at)) lost.insert(*at);
     for (const auto& place : listed)
-        if (network.IsInRoom(place.first, place.second)) inside.insert(place);
-    const auto missed = Lasting(missing, lost, now, longestAnswer, " was put out, and is on no list of ");
+        if (!spared(place.second) && network.IsInRoom(place.first, place.second) &&
+            network.IsInRoom(place.first, botsName))
+            inside.insert(place);
+    const auto missed = Lasting(missing, lost, now, longestListing, " was put out, and is on no list of ");
     return missed.empty() ? Lasting(staying, inside, now, longestStay, " is listed, and stays in ") : missed;
 }
 

@@ -7,6 +7,7 @@
 #include "practice/Journal.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -19,8 +20,10 @@ class TillerSock;
 
 class EnforcedWatch {
   public:
-    EnforcedWatch(const PracticeNetwork& network, const TillerSock& control)
-        : network(network), control(control) {}
+    /// `spared` tells whom nobody signs off; who is listed and spared may stay.
+    EnforcedWatch(const PracticeNetwork& network, const TillerSock& control,
+                  std::function<bool(const std::string& name)> spared)
+        : network(network), control(control), spared(std::move(spared)) {}
 
     /// A request went out. `kind` is the word of its record.
     void Asked(const std::string& room, const std::string& name, bool ban, const std::string& kind,
@@ -43,6 +46,7 @@ class EnforcedWatch {
 
     const PracticeNetwork& network;
     const TillerSock& control;
+    const std::function<bool(const std::string& name)> spared;
     std::map<Place, bool> asked; ///< and not yet signed off; true for a kick, which takes off the list
     std::set<Place> ended;       ///< signed off for a list, and not let in again
     std::set<Place> unclear;     ///< asked to be kicked and banned at once: which one came last isn't seen
