@@ -11,7 +11,7 @@
 namespace halyard {
 
 struct NetworkSecrets {
-    std::string salt;                      ///< 26 ASCII characters
+    std::string salt;                      ///< 26 ASCII characters, or as many as the network has
     std::array<std::uint8_t, 16> roasting; ///< combined with the password byte by byte, over again after 16
 
     /// Exclusive-or of every byte with the table. Roasting twice gives the password back.

@@ -19,6 +19,9 @@ struct Network {
     std::int32_t port = 5190;
     NetworkSecrets secrets = DefaultSecrets();
     Ways ways;
+    /// SHA-256 of the one certificate that is taken over TLS: 64 hex digits in small letters, or empty for
+    /// none.
+    std::string pin = {};
 };
 
 /// The network of everybody who chose none.
