@@ -1,0 +1,77 @@
+#include "surface/bridge/FootLine.h"
+#include "surface/bridge/NetworkWindow.h"
+#include "surface/qt/FormWindow.h"
+#include "surface/qt/bind/Bind.h"
+#include "surface/qt/views/Bridge.h"
+#include "surface/qt/views/Lay.h"
+#include "surface/qt/widgets/PageArea.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace halyard {
+
+namespace {
+
+QLabel* Wrapped(Label& label) {
+    auto* text = BindLabel(label);
+    text->setWordWrap(true);
+    return text;
+}
+
+QWidget* WaysPage(NetworkWindow& model) {
+    auto* choice = BindChoice(model.cmbChosen, model.lblChosen.Caption());
+    choice->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto* ways = BindLog(model.txtWays, "What this network does otherwise");
+    HighFor(*ways, 7);
+    auto* problems = BindLog(model.txtProblems, "Mistakes in bridge.toml");
+    HighFor(*problems, 3);
+    problems->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return Fill(BindGroup(model.FrameWays),
+                {Row({BindLabel(model.lblChosen), Item(choice, 1)}), Item(ways, 1),
+                 Row({BindLabel(model.lblProblems), Room(), BindButton(model.cmdReadAgain)}), problems});
+}
+
+QWidget* OwnServerPage(ManagementPage& page) {
+    auto* grid = new QGridLayout;
+    grid->addWidget(BindLabel(page.lblAddress), 0, 0);
+    grid->addWidget(BindLine(page.txtAddress, page.lblAddress.Caption()), 0, 1);
+    grid->addWidget(BindLabel(page.lblHeader), 1, 0);
+    grid->addWidget(BindPassword(page.txtHeader, page.lblHeader.Caption()), 1, 1);
+    grid->setColumnStretch(1, 1);
+    return Fill(BindGroup(page.FrameManagement),
+                {grid, BindCheck(page.chkEnforce), Wrapped(page.lblEnforce), BindCheck(page.chkSuspend),
+                 BindCheck(page.chkWatch), Room(), Row({Room(), BindButton(page.cmdApply)})});
+}
+
+QWidget* MeaningsPage(NetworkWindow& model) {
+    auto* meanings = BindLog(model.txtMeanings, model.FrameMeanings.Caption());
+    return Fill(BindGroup(model.FrameMeanings), {Item(meanings, 1)});
+}
+
+QWidget* ToldPage(NetworkWindow& model) {
+    auto* told = BindList(model.foot.lstTold, model.FrameTold.Caption());
+    return Fill(BindGroup(model.FrameTold), {Item(told, 1)});
+}
+
+} // namespace
+
+std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model) {
+    auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
+    auto* pages = new PageArea;
+    pages->AddPage(WaysPage(model), model.FrameWays);
+    pages->AddPage(OwnServerPage(model.management), model.management.FrameManagement);
+    pages->AddPage(MeaningsPage(model), model.FrameMeanings);
+    pages->AddPage(ToldPage(model), model.FrameTold);
+    WideFor(*pages, 60);
+    Fill(window.get(), {BindOptions(model.optPage, "Page"), Item(pages, 1)});
+    return window;
+}
+
+} // namespace halyard
