@@ -47,6 +47,13 @@ class Files {
     virtual Way WayTo(const std::string& path) = 0;
     /// Where links lead to from `path`; `path` itself when it is none, or leads where text can't name it.
     virtual std::string Behind(const std::string& path) = 0;
+    /// The one absolute name of what `path` names, links followed in each of its parts, whether a file stands
+    /// there or not; `path` itself where text can't name it.
+    virtual std::string Canonical(const std::string& path) = 0;
+    /// True when neither group nor others have any right on the file or folder.
+    virtual bool IsPrivate(const std::string& path) = 0;
+    /// Takes those rights away. False when they couldn't be, or nothing stands there.
+    virtual bool MakePrivate(const std::string& path) = 0;
     /// Puts `from` in the place of `to`, at once for every reader.
     virtual bool Rename(const std::string& from, const std::string& to) = 0;
     virtual bool Remove(const std::string& path) = 0;
@@ -65,6 +72,9 @@ class Files {
     /// The operator's folder for program state: in XDG_STATE_HOME when that names a place, else in the home
     /// of the user database. Empty when there is none.
     virtual std::string StateFolder() = 0;
+    /// The operator's folder for the bridge's configuration: in XDG_CONFIG_HOME when that names a place, else
+    /// in the home of the user database. It need not stand yet. Empty when there is none.
+    virtual std::string ConfigFolder() = 0;
     /// The separator between the parts of a path, "/" or "\".
     virtual char Separator() const = 0;
 };

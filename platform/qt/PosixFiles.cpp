@@ -58,6 +58,15 @@ std::string Home() {
     return found->pw_dir;
 }
 
+/// The folder that an environment variable names; nothing when it names none from the root on.
+std::optional<std::string> NamedFolder(const char* variable) {
+    const char* named = std::getenv(variable);
+    auto place = AsText(named ? named : "");
+    return place && place->starts_with('/') ? place : std::nullopt;
+}
+
+constexpr mode_t OthersRights = S_IRWXG | S_IRWXO;
+
 /// A folder in the operator's home, created when it is not there; empty when there is no home.
 std::string HomeFolder(PosixFiles& files, std::string_view below) {
     auto home = Home();
@@ -139,6 +148,26 @@ std::string PosixFiles::Behind(const std::string& path) {
     return AsText(place.string()).value_or(path);
 }
 
+std::string PosixFiles::Canonical(const std::string& path) {
+    std::error_code failure;
+    auto place = std::filesystem::absolute(ToUtf8(path), failure);
+    if (!failure) place = std::filesystem::weakly_canonical(place, failure);
+    return failure ? path : AsText(place.string()).value_or(path);
+}
+
+bool PosixFiles::IsPrivate(const std::string& path) {
+    struct stat about {};
+    return stat(ToUtf8(path).c_str(), &about) == 0 && (about.st_mode & OthersRights) == 0;
+}
+
+bool PosixFiles::MakePrivate(const std::string& path) {
+    struct stat about {};
+    const auto place = ToUtf8(path);
+    if (stat(place.c_str(), &about) != 0) return false;
+    return (about.st_mode & OthersRights) == 0 ||
+           chmod(place.c_str(), about.st_mode & 07777 & ~OthersRights) == 0;
+}
+
 bool PosixFiles::Rename(const std::string& from, const std::string& to) {
     return std::rename(ToUtf8(from).c_str(), ToUtf8(to).c_str()) == 0;
 }
@@ -170,14 +199,19 @@ std::string PosixFiles::OwnFolder() { return FromUtf8(QCoreApplication::applicat
 
 std::string PosixFiles::StateFolder() {
     // Two bots of one account keep their counters apart by it.
-    const char* named = std::getenv("XDG_STATE_HOME");
-    if (auto place = AsText(named ? named : ""); place && place->starts_with('/')) {
+    if (auto place = NamedFolder("XDG_STATE_HOME")) {
         auto folder = *place + "/halyard";
         MakeFolder(folder);
         return folder;
     }
     return HomeFolder(*this, FromLetters({'/', '.', 'l', 'o', 'c', 'a', 'l', '/', 's', 't', 'a',
                                           't', 'e', '/', 'h', 'a', 'l', 'y', 'a', 'r', 'd'}));
+}
+
+std::string PosixFiles::ConfigFolder() {
+    if (auto place = NamedFolder("XDG_CONFIG_HOME")) return *place + "/halyard";
+    const auto home = Home();
+    return home.starts_with('/') ? FromUtf8(home) + "/.config/halyard" : std::string();
 }
 
 } // namespace halyard

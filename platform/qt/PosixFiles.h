@@ -15,6 +15,9 @@ class PosixFiles : public Files {
     std::unique_ptr<OutputFile> CreateNew(const std::string& path, const std::string& like) override;
     Way WayTo(const std::string& path) override;
     std::string Behind(const std::string& path) override;
+    std::string Canonical(const std::string& path) override;
+    bool IsPrivate(const std::string& path) override;
+    bool MakePrivate(const std::string& path) override;
     bool Rename(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     bool SyncFolder(const std::string& folder) override;
@@ -23,6 +26,7 @@ class PosixFiles : public Files {
     std::string OwnFolder() override;
     std::string DataFolder() override;
     std::string StateFolder() override;
+    std::string ConfigFolder() override;
     char Separator() const override { return '/'; }
 };
 

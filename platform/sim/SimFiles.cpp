@@ -1,5 +1,6 @@
 #include "platform/sim/SimFiles.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace halyard {
@@ -95,6 +96,20 @@ std::unique_ptr<OutputFile> SimFiles::CreateNew(const std::string& path, const s
 
 Files::Way SimFiles::WayTo(const std::string& path) {
     return names.contains(path) && locked.contains(FolderOf(path)) ? Way::InPlace : Way::Beside;
+}
+
+std::string SimFiles::Canonical(const std::string& path) {
+    return (std::filesystem::path("/") / path).lexically_normal().string();
+}
+
+bool SimFiles::IsPrivate(const std::string& path) {
+    return (names.contains(path) || folders.contains(path)) && !shown.contains(path);
+}
+
+bool SimFiles::MakePrivate(const std::string& path) {
+    if (!Works() || (!names.contains(path) && !folders.contains(path))) return false;
+    shown.erase(path);
+    return true;
 }
 
 bool SimFiles::Rename(const std::string& from, const std::string& to) {

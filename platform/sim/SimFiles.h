@@ -38,6 +38,8 @@ class SimFiles : public Files {
     /// From now on no name in `folder` comes, goes or changes.
     void Lock(const std::string& folder) { locked.insert(folder); }
     void Unlock() { locked.clear(); }
+    /// Gives others the right to read a path, until it is made private; none has it at the start.
+    void Show(const std::string& path) { shown.insert(path); }
     /// Lays down a file, synced, with its folders.
     void Put(const std::string& path, std::string_view bytes);
     /// The bytes of a file, empty when there is none.
@@ -51,6 +53,9 @@ class SimFiles : public Files {
     std::unique_ptr<OutputFile> CreateNew(const std::string& path, const std::string& like) override;
     Way WayTo(const std::string& path) override;
     std::string Behind(const std::string& path) override { return path; }
+    std::string Canonical(const std::string& path) override;
+    bool IsPrivate(const std::string& path) override;
+    bool MakePrivate(const std::string& path) override;
     bool Rename(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     bool SyncFolder(const std::string& folder) override;
@@ -59,6 +64,7 @@ class SimFiles : public Files {
     std::string OwnFolder() override { return "/program"; }
     std::string DataFolder() override { return "/data"; }
     std::string StateFolder() override { return "/state"; }
+    std::string ConfigFolder() override { return "/config"; }
     char Separator() const override { return '/'; }
 
   private:
@@ -78,6 +84,7 @@ class SimFiles : public Files {
     Names syncedNames;
     std::set<std::string> folders;
     std::set<std::string> locked;
+    std::set<std::string> shown;
     int epoch = 0;
     int failing = 0;
     int stopping = 0;

@@ -104,6 +104,38 @@ TEST_F(PosixFilesTest, KeepsStateWhereTheEnvironmentSays) {
     qunsetenv("XDG_STATE_HOME");
 }
 
+TEST_F(PosixFilesTest, NamesTheConfigurationAndKeepsItPrivate) {
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(Path("config")));
+    EXPECT_EQ(files.ConfigFolder(), Path("config") + "/halyard");
+    EXPECT_FALSE(QDir(QString::fromStdString(Path("config"))).exists()) << "asking makes nothing";
+    qputenv("XDG_CONFIG_HOME", "not/from/the/root");
+    EXPECT_TRUE(files.ConfigFolder().ends_with("/.config/halyard"));
+    qunsetenv("XDG_CONFIG_HOME");
+
+    Put("file", "x");
+    EXPECT_TRUE(files.IsPrivate(Path("file")) && !files.IsPrivate(Path("absent")));
+    for (const auto mode : {0640U, 0604U, 0601U}) {
+        chmod(Path("file").c_str(), mode);
+        EXPECT_FALSE(files.IsPrivate(Path("file"))) << mode;
+    }
+    EXPECT_TRUE(files.MakePrivate(Path("file")) && files.IsPrivate(Path("file")));
+    EXPECT_FALSE(files.MakePrivate(Path("absent")));
+}
+
+TEST_F(PosixFilesTest, NamesOnePlaceByOneName) {
+    ASSERT_TRUE(files.MakeFolder(Path("real/deep")));
+    ASSERT_EQ(symlink("real", Path("link").c_str()), 0);
+    Put("real/deep/file", "x");
+    const auto real = files.Canonical(Path("real"));
+    for (const auto* name : {"link/deep/file", "real/../link/./deep//file"})
+        EXPECT_EQ(files.Canonical(Path(name)), real + "/deep/file") << name;
+    EXPECT_EQ(files.Canonical(Path("link/absent")), real + "/absent");
+    const auto here = QDir::currentPath();
+    QDir::setCurrent(QString::fromStdString(Path("link")));
+    EXPECT_EQ(files.Canonical("absent"), real + "/absent");
+    QDir::setCurrent(here);
+}
+
 TEST_F(PosixFilesTest, ReadsNothingButPlainFilesWithinTheLimit) {
     Put("ten", "0123456789");
     Put("empty", "");

@@ -1,0 +1,204 @@
+#include "bridge/networks/OwnPart.h"
+
+#include "base/Latin1.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+namespace {
+
+constexpr TextBounds pathBounds{.longest = 4096, .controls = true};
+constexpr TextBounds accountBounds{.shortest = 0, .controls = true};
+constexpr TextBounds hostBounds{};
+constexpr TextBounds addressBounds{.longest = 1000};
+constexpr TextBounds headerBounds{.shortest = 0, .longest = 1000};
+
+/// A name of letters, digits and some signs, a colon, a value.
+bool IsHeader(std::string_view text) {
+    const auto colon = text.find(':');
+    const auto name = text.substr(0, colon);
+    constexpr std::string_view allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"
+                                         "!#$%&'*+-.^_`|~";
+    return text.empty() || (colon != std::string_view::npos && !name.empty() &&
+                            name.find_first_not_of(allowed) == std::string_view::npos);
+}
+
+template <typename Entry, typename Same>
+void PutLast(std::vector<Entry>& entries, const Entry& entry, Same same) {
+    std::erase_if(entries, same);
+    if (entries.size() >= OwnPart::Most) entries.erase(entries.begin(), entries.end() - (OwnPart::Most - 1));
+    entries.push_back(entry);
+}
+
+/// Reads each table of the list under `key`, which the text writes as [[key]].
+template <typename Read>
+void EachTable(TomlFields& fields, std::string_view key, TomlMistakes& mistakes, Read read) {
+    const auto* tables = fields.List(key, std::string::npos);
+    if (!tables) return;
+    for (const auto& table : *tables) {
+        if (table.kind != TomlValue::Kind::Table) {
+            fields.Tell(table.place, key, "must be a table");
+            continue;
+        }
+        TomlFields entry(table, std::string(key), mistakes);
+        read(entry);
+        entry.TellUnknown();
+    }
+}
+
+std::optional<std::string> NeedNetwork(TomlFields& fields, std::string_view key) {
+    auto name = fields.NeedText(key, NetworkNameBounds);
+    if (!name || IsNetworkName(*name)) return name;
+    fields.Tell(key, "is no name");
+    return std::nullopt;
+}
+
+void ReadManagement(const TomlMember& member, OwnPart& own, TomlMistakes& mistakes) {
+    const auto path = "management." + ShownText(member.key);
+    const auto name = WholeFromUtf8(member.key);
+    if (!name || !IsNetworkName(*name)) return mistakes.Add(member.place, path + " names no network");
+    if (member.value.kind != TomlValue::Kind::Table)
+        return mistakes.Add(member.place, path + " must be a table");
+    TomlFields fields(member.value, path, mistakes);
+    ManagementTerms terms;
+    if (const auto address = fields.Text("address", addressBounds)) terms.address = *address;
+    if (const auto header = fields.Text("header", headerBounds)) {
+        if (IsHeader(*header))
+            terms.header = *header;
+        else
+            fields.Tell("header", "must be a name, a colon and a value");
+    }
+    terms.enforce = fields.Switch("enforce").value_or(false);
+    terms.suspend = fields.Switch("suspend").value_or(false);
+    terms.watchAddresses = fields.Switch("addresses").value_or(false);
+    fields.TellUnknown();
+    for (const auto& other : own.management)
+        if (SameName(other.network, *name))
+            return mistakes.Add(member.place, path + " is there twice: case and blanks don't count");
+    own.SetManagement({*name, terms});
+}
+
+/// A text in quotes, as TOML has it. Characters that it forbids, and those that no font shows, are written by
+/// their numbers.
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char c : ToUtf8(text)) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        if (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F) {
+            quoted += c;
+            continue;
+        }
+        constexpr std::string_view digits = "0123456789ABCDEF";
+        quoted += "\\u00";
+        quoted += digits[static_cast<unsigned char>(c) >> 4];
+        quoted += digits[static_cast<unsigned char>(c) & 15];
+    }
+    return quoted + "\"";
+}
+
+std::string Line(std::string_view key, std::string_view value) {
+    return std::string(key) + " = " + std::string(value) + "\n";
+}
+
+const char* Word(bool value) { return value ? "true" : "false"; }
+
+std::string ChoiceText(const NetworkChoice& choice) {
+    return "\n[[chosen]]\n" + Line("file", Quoted(choice.file)) + Line("account", Quoted(choice.account)) +
+           Line("network", Quoted(choice.network));
+}
+
+std::string ManagementText(const NetworkManagement& management) {
+    const auto& terms = management.terms;
+    return "\n[management." + Quoted(management.network) + "]\n" + Line("address", Quoted(terms.address)) +
+           Line("header", Quoted(terms.header)) + Line("enforce", Word(terms.enforce)) +
+           Line("suspend", Word(terms.suspend)) + Line("addresses", Word(terms.watchAddresses));
+}
+
+std::string PermitText(const RoastingPermit& permit) {
+    return "\n[[roasting]]\n" + Line("network", Quoted(permit.network)) + Line("host", Quoted(permit.host));
+}
+
+} // namespace
+
+bool IsNetworkName(std::string_view text) {
+    return NetworkNameBounds.Take(text) && !NormalizeName(text).empty();
+}
+
+bool OwnPart::Choose(const NetworkChoice& choice) {
+    if (!IsNetworkName(choice.network) || !accountBounds.Take(choice.account)) return false;
+    if (!choice.file.empty()) {
+        if (!pathBounds.Take(choice.file)) return false;
+        PutLast(chosen, choice, [&](const NetworkChoice& other) {
+            return other.file == choice.file && other.account == choice.account;
+        });
+    }
+    last = choice.network;
+    return true;
+}
+
+bool OwnPart::SetManagement(const NetworkManagement& entry) {
+    const auto& terms = entry.terms;
+    if (!IsNetworkName(entry.network) || !addressBounds.Take(terms.address) ||
+        !headerBounds.Take(terms.header) || !IsHeader(terms.header))
+        return false;
+    PutLast(management, entry,
+            [&](const NetworkManagement& other) { return SameName(other.network, entry.network); });
+    return true;
+}
+
+bool OwnPart::Permit(const RoastingPermit& permit) {
+    if (!IsNetworkName(permit.network) || !hostBounds.Take(permit.host)) return false;
+    const RoastingPermit small{permit.network, Lower(permit.host)};
+    PutLast(roasting, small, [&](const RoastingPermit& other) {
+        return SameName(other.network, small.network) && other.host == small.host;
+    });
+    return true;
+}
+
+OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
+    OwnPart own;
+    TomlFields fields(file, {}, mistakes);
+    EachTable(fields, "chosen", mistakes, [&](TomlFields& entry) {
+        const auto path = entry.NeedText("file", pathBounds);
+        const auto account = entry.NeedText("account", accountBounds);
+        const auto network = NeedNetwork(entry, "network");
+        if (path && account && network) own.Choose({*path, NormalizeName(*account), *network});
+    });
+    EachTable(fields, "roasting", mistakes, [&](TomlFields& entry) {
+        const auto network = NeedNetwork(entry, "network");
+        const auto host = entry.NeedText("host", hostBounds);
+        if (network && host) own.Permit({*network, *host});
+    });
+    own.last.clear();
+    if (const auto* bridge = fields.Table("bridge")) {
+        TomlFields entry(*bridge, "bridge", mistakes);
+        own.last = NeedNetwork(entry, "last").value_or("");
+        entry.TellUnknown();
+    }
+    if (const auto* tables = fields.Table("management"))
+        for (const auto& member : tables->members) ReadManagement(member, own, mistakes);
+    fields.TellUnknown();
+    return own;
+}
+
+std::optional<std::string> OwnPartText(const OwnPart& own, std::size_t limit) {
+    std::string text;
+    if (!own.last.empty()) text += "\n[bridge]\n" + Line("last", Quoted(own.last));
+    for (const auto& management : own.management) text += ManagementText(management);
+    for (const auto& permit : own.roasting) text += PermitText(permit);
+    if (text.size() > limit) return std::nullopt;
+    std::vector<std::string> choices;
+    auto left = limit - text.size();
+    for (auto choice = own.chosen.rbegin(); choice != own.chosen.rend(); ++choice) {
+        auto one = ChoiceText(*choice);
+        if (one.size() > left) break;
+        left -= one.size();
+        choices.push_back(std::move(one));
+    }
+    for (auto one = choices.rbegin(); one != choices.rend(); ++one) text += *one;
+    return text;
+}
+
+} // namespace halyard
