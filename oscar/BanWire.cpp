@@ -151,8 +151,8 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
 
 /// A reply is two zero bytes, or a refusing word, mostly with what is refused in TLV 0008.
 void TillerSock::TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body) {
-    if (!news) return;
     const auto number = ToInt32(id).value_or(0);
+    if (!news || number == 0) return; // 0 is given out to no request
     if (body == std::string(2, '\0')) return news->BanAnswered(intChatIndex, number, BanVerdict::Accepted, 0);
     const bool bare = body.size() <= 2;
     const auto word = StrToWord(bare ? body : Mid(body, 7, 2)).value_or(0);

@@ -122,6 +122,7 @@ void TillerSock::HandleAuthReply(std::string strTLVs, bool blnMD5) {
         return;
     }
     ClearTLVData();
+    if (StopAtAuthAnswer) return LogOff();
     Sock.Close(0);
     signOn.OnAuthServer = false;
     Sock.SetTag(0, "[BOS]connecting");

@@ -52,6 +52,7 @@ class TillerSock : public RoomHost {
 
     NetworkSecrets Secrets = DefaultSecrets();
     OscarSettings& Settings;
+    bool StopAtAuthAnswer = false; ///< a sign-on that is let in ends there, by LogOff, and reaches no BOS
 
     // The network (NetworkWays.cpp).
     /// Takes over the secrets and ways for the next sign-on; those of "Laid down" are there at the start.

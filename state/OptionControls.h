@@ -1,7 +1,7 @@
 #pragma once
 
 // The controls of the main window that hold options, under their settled names. Options keeps each in step
-// with the variable that the running code reads.
+// with the variable that the running code reads, and gives both what they start with.
 
 #include "platform/Controls.h"
 
@@ -14,16 +14,16 @@ struct OptionControls {
     TextBox txtSN{"txtSN", "", 100};
     TextBox txtPW{"txtPW", "", 30};
     ComboBox cmbServer{"cmbServer"};
-    TextBox txtPort{"txtPort", "5190", 5};
-    CheckBox chkMD5Login{"chkMD5Login", "MD5 Login", 1};
-    CheckBox chkFullCaps{"chkFullCaps", "Login with full capabilities", 1};
-    CheckBox chkSecureIM{"chkSecureIM", "Login with Secure IM", 1};
+    TextBox txtPort{"txtPort", "", 5};
+    CheckBox chkMD5Login{"chkMD5Login", "MD5 Login"};
+    CheckBox chkFullCaps{"chkFullCaps", "Login with full capabilities"};
+    CheckBox chkSecureIM{"chkSecureIM", "Login with Secure IM"};
     CheckBox chkAutoLogin{"chkAutoLogin", "Attempt re-connect if disconnected"};
-    CheckBox chkNotify{"chkNotify", "Alert re-connections", 1};
+    CheckBox chkNotify{"chkNotify", "Alert re-connections"};
 
     // Chats
     TextBox txtChat{"txtChat", "", 100};
-    TextBox txtEx{"txtEx", "4", 2};
+    TextBox txtEx{"txtEx", "", 2};
     TextBox txtInstance{"txtInstance", "0", 3};
     CheckBox chkAutoOwner{"chkAutoOwner", "Auto Owner"};
     CheckBox chkRejoinKick{"chkRejoinKick", "Rejoin if kicked"};
@@ -44,32 +44,32 @@ struct OptionControls {
     CheckBox chkBanGhosters{"chkBanGhosters", "Autoban Ghosters"};
     CheckBox chkBanICQs{"chkBanICQs", "Ban All ICQs"};
     CheckBox chkCharBan{"chkCharBan", "Character Ban"};
-    TextBox txtCharBan{"txtCharBan", "16"};
+    TextBox txtCharBan{"txtCharBan"};
 
     // Other
-    std::array<CheckBox, 5> chkPartial{{{"chkPartial(0)", "Partial Op", 1},
-                                        {"chkPartial(1)", "Partial Immune", 1},
-                                        {"chkPartial(2)", "Partial Ban", 1},
-                                        {"chkPartial(3)", "Partial Unban", 1},
-                                        {"chkPartial(4)", "Partial Info", 1}}};
+    std::array<CheckBox, 5> chkPartial{{{"chkPartial(0)", "Partial Op"},
+                                        {"chkPartial(1)", "Partial Immune"},
+                                        {"chkPartial(2)", "Partial Ban"},
+                                        {"chkPartial(3)", "Partial Unban"},
+                                        {"chkPartial(4)", "Partial Info"}}};
     std::array<CheckBox, 5> chkChain{{{"chkChain(0)", "Chain Op"},
                                       {"chkChain(1)", "Chain Unop"},
                                       {"chkChain(2)", "Chain Imm"},
                                       {"chkChain(3)", "Chain Unimm"},
                                       {"chkChain(4)", "Chain Unban"}}};
-    CheckBox chkChatSendOn{"chkChatSendOn", "Chatsend On", 1};
-    CheckBox chkAutoUnrate{"chkAutoUnrate", "Auto Unrate On", 1};
+    CheckBox chkChatSendOn{"chkChatSendOn", "Chatsend On"};
+    CheckBox chkAutoUnrate{"chkAutoUnrate", "Auto Unrate On"};
     CheckBox chkABOnUnrate{"chkABOnUnrate", "Auto Ban on Unrate"};
-    TextBox txtUnrate{"txtUnrate", "5", 3};
+    TextBox txtUnrate{"txtUnrate", "", 3};
     CheckBox chkAutoSave{"chkAutoSave", "Auto Save Settings (Every 30 mins)"};
-    TextBox txtAutoSaveFile{"txtAutoSaveFile", "AutoSaveFile.hys", 40};
+    TextBox txtAutoSaveFile{"txtAutoSaveFile", "", 40};
     CheckBox chkAutoSaveBans{"chkAutoSaveBans", "Auto-save all eject lists when auto saving settings."};
-    TextBox txtEjectListFileName{"txtEjectListFileName", "EjectLists.txt"};
-    TextBox txtCurrentUser{"txtCurrentUser", "Unknown", 100};
-    TextBox txtBP{"txtBP", "1", 7};
-    TextBox txtBGColor{"txtBGColor", "000000", 50};
-    TextBox txtFontColor{"txtFontColor", "00BFFF"};
-    TextBox txtFontType{"txtFontType", "Arial", 100};
+    TextBox txtEjectListFileName{"txtEjectListFileName"};
+    TextBox txtCurrentUser{"txtCurrentUser", "", 100};
+    TextBox txtBP{"txtBP", "", 7};
+    TextBox txtBGColor{"txtBGColor", "", 50};
+    TextBox txtFontColor{"txtFontColor"};
+    TextBox txtFontType{"txtFontType", "", 100};
     CheckBox chkBold{"chkBold", "Bold"};
     CheckBox chkItalics{"chkItalics", "Italics"};
     CheckBox chkUnderline{"chkUnderline", "Underline"};

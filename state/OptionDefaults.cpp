@@ -1,12 +1,30 @@
-// New settings: every option back to its default, in the settled order. Password, instance, auto immune,
-// rooms, eject lists, statistics and the connection stay as they are, on purpose.
+// What the options start with, and new settings: every option back to its default, in the settled order.
+// Password, instance, auto immune, rooms, eject lists, statistics and the connection stay as they are then,
+// on purpose.
 
+#include "base/Text.h"
 #include "oscar/TillerSock.h"
 #include "platform/Platform.h"
 #include "state/OptionTable.h"
 #include "state/Options.h"
 
+#include <string>
+
 namespace halyard {
+
+/// What every option starts with, variables and controls alike.
+void Options::TakeDefaults() {
+    for (const auto& option : OptionTable()) {
+        if (const auto* flag = std::get_if<FlagOption>(&option)) {
+            if (flag->box) flag->box(Controls)->SetValue(flag->byDefault ? 1 : 0);
+            flag->variable(*this) = flag->byDefault;
+        }
+        if (const auto* text = std::get_if<TextOption>(&option)) text->set(*this, text->byDefault);
+    }
+    Controls.txtCharBan.SetText(std::to_string(DefaultCharBanNum));
+    Controls.txtUnrate.SetText(std::to_string(DefaultUnratePause));
+    Controls.txtBP.SetText(NumberText(DefaultBanPause));
+}
 
 void Options::AskNewSettings() {
     if (!platform.Boxes().YesNo(
@@ -27,15 +45,14 @@ void Options::NewSettings() {
     Controls.optAB.Select(0);
     ResetPart(Reset::Autobans);
     Controls.txtCharBan.SetEnabled(false);
-    Controls.txtCharBan.SetText("16");
-    CharBanNum = 16;
+    Controls.txtCharBan.SetText(std::to_string(DefaultCharBanNum));
+    CharBanNum = DefaultCharBanNum;
     ResetPart(Reset::Commands);
     ResetPart(Reset::Speech);
     ResetAutoSave();
     ResetUnrate();
     ResetPart(Reset::User);
-    Controls.txtBP.SetText("1");
-    control.sngBanPause = 1.0F;
+    ResetBanPause();
     ResetFont();
     if (onCloseEditors) onCloseEditors();
     Ccoms.DefaultCcoms();
@@ -83,9 +100,14 @@ void Options::ResetAutoSave() {
     Controls.chkAutoSaveBans.SetEnabled(false);
 }
 
+void Options::ResetBanPause() {
+    Controls.txtBP.SetText(NumberText(DefaultBanPause));
+    control.sngBanPause = DefaultBanPause;
+}
+
 void Options::ResetUnrate() {
-    UnratePause = 5;
-    Controls.txtUnrate.SetText("5");
+    UnratePause = DefaultUnratePause;
+    Controls.txtUnrate.SetText(std::to_string(DefaultUnratePause));
     Controls.chkAutoUnrate.SetValue(1);
     SetAutoUnratePause(UnratePause);
     SetAutoUnrate(true);

@@ -68,7 +68,8 @@ void Options::AutoSaveBansClicked() {
 void Options::CharBanLeft() {
     auto value = Val(Trim(Controls.txtCharBan.Text()));
     if (value <= 0 || value > 100) {
-        Controls.txtCharBan.SetText("16"); // and not the last good value, on purpose
+        Controls.txtCharBan.SetText(
+            std::to_string(DefaultCharBanNum)); // and not the last good value, on purpose
         platform.Boxes().Note("Note", "Char ban values must be between 1 to 100!");
         return;
     }

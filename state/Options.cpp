@@ -19,6 +19,7 @@ Options::Options(Platform& platform, TillerSock& control, OscarSettings& setting
     Controls.chkIncludeHTML.SetEnabled(false);
     Controls.txtCharBan.SetEnabled(false);
     SetToolTips();
+    TakeDefaults(); // while no box has a handler yet
     BindBoxes();
     BindTexts();
 }
@@ -27,12 +28,10 @@ Options::~Options() = default;
 
 void Options::StartUp() {
     for (const auto* host : AuthServers) Controls.cmbServer.AddItem(host);
-    Controls.cmbServer.SetText(AuthServers.front());
     settings.LoginMD5 = settings.LoginFullCaps = settings.LoginSecureIM = true;
     ReconnectOn = false;
     ReconnectAlerts = true;
-    Controls.txtBP.SetText("1");
-    control.sngBanPause = 1.0F;
+    ResetBanPause();
     ResetPart(Reset::User);
     ResetPart(Reset::Files);
     Controls.txtAutoSaveFile.SetEnabled(false);

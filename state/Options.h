@@ -42,21 +42,27 @@ class Options {
     IndexedList LockBans{Matching::masks};
 
     CcomTable Ccoms;
-    std::string UniPerms = DefaultPerms;
+    // What these start with stands in the option table, or for those with rules of their own in the next
+    // lines.
+    static constexpr std::int16_t DefaultUnratePause = 5;
+    static constexpr std::int16_t DefaultCharBanNum = 16;
+    static constexpr float DefaultBanPause = 1.0F; ///< seconds
 
-    bool AutoUnrate = true;
-    std::int16_t UnratePause = 5; ///< minutes
-    std::string strCurrentUser = "Unknown";
+    std::string UniPerms;
+
+    bool AutoUnrate = false;
+    std::int16_t UnratePause = DefaultUnratePause; ///< minutes
+    std::string strCurrentUser;
     std::int16_t AutobanLevel = 0; ///< 0 none, 1 selected, 2 all
     bool WordBanOn = false, WordBanHTML = false, WordBanAll = false;
     bool AutobanGhosts = false, BanAllICQs = false, CharBanOn = false;
-    std::int16_t CharBanNum = 16;
+    std::int16_t CharBanNum = DefaultCharBanNum;
     bool AutoImm = false, AutoOwner = false, RejoinKicked = false, RejoinError = false;
-    std::array<bool, 5> PartialOn{true, true, true, true, true};
+    std::array<bool, 5> PartialOn{};
     std::array<bool, 5> ChainOn{};
-    bool IMComsOn = false, ReconnectOn = false, ReconnectAlerts = true, ABOnUnrate = false;
+    bool IMComsOn = false, ReconnectOn = false, ReconnectAlerts = false, ABOnUnrate = false;
     bool AutoSaveOn = false, AutoSaveBansOn = false;
-    std::string AutoSaveFile = "AutoSaveFile.hys", EjectListFile = "EjectLists.txt";
+    std::string AutoSaveFile, EjectListFile;
     std::int16_t AutoSaveMinutes = 0;
     bool SettingsLoading = false; ///< written while a file is read, and read by nobody
 
@@ -98,6 +104,7 @@ class Options {
     OscarSettings& Shared() { return settings; }
 
   private:
+    void TakeDefaults();
     void SetToolTips();
     void BindBoxes();
     void BindTexts();
@@ -110,6 +117,7 @@ class Options {
     void ClearLists();
     void ResetAutoSave();
     void ResetUnrate();
+    void ResetBanPause();
 
     Platform& platform;
     TillerSock& control;

@@ -18,15 +18,10 @@ int HexDigit(char c) {
 
 /// Adds the TLV that begins at `at` to `list`; where the next one begins, at most the end of `input`.
 std::size_t TakeTLV(const std::string& input, std::size_t at, Collection<std::string>& list) {
-    list.Add(input.substr(at, 2));
-    auto length =
-        at + 4 <= input.size() ? StrToWord(std::string_view(input).substr(at + 2, 2)) : std::nullopt;
-    if (!length) {
-        list.Add("");
-        return input.size();
-    }
-    list.Add(input.substr(at + 4, static_cast<std::size_t>(*length)));
-    return std::min(input.size(), at + 4 + static_cast<std::size_t>(*length));
+    const auto tlv = FirstTLV(std::string_view(input).substr(at));
+    list.Add(std::string(tlv.type));
+    list.Add(std::string(tlv.value));
+    return at + tlv.size;
 }
 
 } // namespace

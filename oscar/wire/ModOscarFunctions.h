@@ -7,6 +7,8 @@
 #include "base/Collection.h"
 #include "base/Text.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -38,6 +40,20 @@ std::string SnacKey(std::string_view bytes);
 /// Type (a hex-digit string), length of the value in `width` bytes (1, 2 or 4), value. With an empty type
 /// this is a length-prefixed string. Any other width, or a value too long for it, gives an empty string.
 std::string MakeTLV(std::string_view strType, int width, std::string_view strValue);
+/// A TLV as it lies in what it was read from.
+struct TLV {
+    std::string_view type; ///< two bytes, or what there is of them
+    std::string_view value;
+    std::size_t size = 0; ///< all bytes that it takes
+};
+/// The TLV at the front of `input`. A value that the input cuts short is taken as far as it goes; fewer than
+/// four bytes are a type alone.
+inline TLV FirstTLV(std::string_view input) {
+    const auto head = std::min<std::size_t>(input.size(), 4);
+    const auto length = head == 4 ? StrToWord(input.substr(2)).value_or(0) : 0;
+    const auto value = input.substr(head, static_cast<std::size_t>(length));
+    return {input.substr(0, 2), value, head + value.size()};
+}
 /// Adds the TLVs at the front of `input` to `list`, flat: type, value, type, value; at most 101 of them, and
 /// takes them off the input. An input of exactly two zero bytes adds an empty type and an empty value and
 /// stays as it is: that is how a ban reply (000E 0001) says yes. A value that the input cuts short is taken

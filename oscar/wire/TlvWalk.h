@@ -5,7 +5,7 @@
 #include "base/Collection.h"
 #include "oscar/wire/ModOscarFunctions.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -32,11 +32,9 @@ void EachTLV(std::string_view input, Use use) {
         return;
     }
     for (int taken = 0; taken < 101 && !input.empty(); ++taken) {
-        const auto length = input.size() >= 4 ? StrToWord(input.substr(2)).value_or(0) : 0;
-        const auto value =
-            input.substr(std::min<std::size_t>(input.size(), 4), static_cast<std::size_t>(length));
-        if (!use(input.substr(0, 2), value)) return;
-        input.remove_prefix(std::min(input.size(), 4 + static_cast<std::size_t>(length)));
+        const auto tlv = FirstTLV(input);
+        if (!use(tlv.type, tlv.value)) return;
+        input.remove_prefix(tlv.size);
     }
 }
 
