@@ -7,6 +7,8 @@
 #include "oscar/wire/TlvWalk.h"
 #include "rooms/TimeBan.h"
 
+#include <utility>
+
 namespace halyard {
 
 namespace {
@@ -54,6 +56,7 @@ std::string BanRequest(const char* head, std::int32_t id, const std::string& str
 
 constexpr const char* BanHead = "000E002400000000";
 constexpr const char* UnbanHead = "000E002500000000";
+constexpr const char* CloseID = "35"; // its low half is the type of its TLV
 
 } // namespace
 
@@ -83,6 +86,11 @@ BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::in
 
 BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                                  const std::string& strOther) {
+    return AskToUnban(strUser, kind, intChatIndex, strOther, Second::Sent);
+}
+
+BanOutcome TillerSock::AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                                  const std::string& strOther, Second half) {
     auto room = Room(intChatIndex);
     if (!room || room->IsRated(1)) return BanOutcome::Dropped;
     events.UpdatedStats("totalunbanattempt");
@@ -90,8 +98,9 @@ BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
     if (news) news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Unban, strUser);
+    ConfirmSoon(CurrentRequestID);
     UpdateRequestID();
-    SendPacket(intChatIndex, 2, frame);
+    if (half == Second::Sent) SendPacket(intChatIndex, 2, frame);
     return BanOutcome::Asked;
 }
 
@@ -109,6 +118,8 @@ void TillerSock::SendBanRequest(std::int16_t intChatIndex, const std::string& st
 }
 
 void TillerSock::StoreRequest(const std::string& strRequestID, const std::string& strRecord) {
+    // The door would act on a record that an id's earlier round left behind.
+    if (confirmsElsewhere) RequestIDs.Remove(strRequestID);
     RequestIDs.Add(strRecord, strRequestID);
 }
 
@@ -122,6 +133,8 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto pending = Split(RequestIDs.Item(id), ":", 5); // type, room, id, user, other
     pending.resize(pending.empty() ? 0 : 5);
     auto body = Mid(strPacket, BodyAt);
+    const bool ofClose = pending.empty() && id == CloseID;
+    if (confirmsElsewhere && !ofClose && body != std::string(2, '\0')) return;
     TellBanAnswer(intChatIndex, id, body);
     if (Departs(Departure::UnenforcedBans) && body.size() == 2 && body != std::string(2, '\0')) {
         RequestIDs.Remove(id);
@@ -137,7 +150,7 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
             auto reason = StrToHex(Mid(value, 3, 2));
             if (type.empty()) {
                 if (auto kind = BanKindOf(pending[0]))
-                    ActOnReply(*kind, pending[3], pending[4], intChatIndex);
+                    ActOnReply(*kind, pending[3], pending[4], intChatIndex, Second::Sent);
             } else if (reason == NotOwner) {
                 refused(NotOwnerChatSend);
             } else if (reason == IsOwner) {
@@ -160,11 +173,11 @@ void TillerSock::TellBanAnswer(std::int16_t intChatIndex, const std::string& id,
 }
 
 void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
-                            std::int16_t intChatIndex) {
+                            std::int16_t intChatIndex, Second half) {
     const auto rule = RuleOf(kind);
     if (rule.act == ReplyRule::Eject) AddEject(strUser, intChatIndex);
     if (rule.act == ReplyRule::Readmit) RemoveEject(strUser, intChatIndex);
-    if (rule.act == ReplyRule::Kick) UnbanUser(strUser, BanKind::UnbanKick, intChatIndex);
+    if (rule.act == ReplyRule::Kick) AskToUnban(strUser, BanKind::UnbanKick, intChatIndex, {}, half);
     if (rule.chatSend != 0)
         PrepareSends(strUser, "%p", ChatSends.Item(rule.chatSend), rule.passesOther ? strOther : "", rule.key,
                      "msg1", GetChatIndex(intChatIndex));
@@ -173,6 +186,43 @@ void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std:
     if (!room) return;
     TimeBans.Add(NewTimeBan(strUser, room->ChatName, room->Exchange, room->Instance, intChatIndex, strOther));
     if (auto timer = timers.TimeBanTimer()) timer->SetEnabled(true);
+}
+
+void TillerSock::RequestConfirmed(std::int32_t id) {
+    const auto key = std::to_string(id);
+    auto pending = Split(RequestIDs.Item(key), ":", 5);
+    pending.resize(5);
+    RequestIDs.Remove(key); // first, so that nothing that is told of it acts on it again
+    const auto intChatIndex = ToInt16(pending[1]);
+    const auto kind = BanKindOf(pending[0]);
+    if (!kind || !intChatIndex || !Room(*intChatIndex)) return;
+    if (news) news->BanAnswered(*intChatIndex, id, BanVerdict::Accepted, 0);
+    ActOnReply(*kind, pending[3], pending[4], *intChatIndex, Second::Kept);
+}
+
+void TillerSock::RequestRefused(std::int32_t id) {
+    const auto key = std::to_string(id);
+    auto pending = Split(RequestIDs.Item(key), ":", 5);
+    pending.resize(5);
+    if (!RequestIDs.Remove(key)) return;
+    if (news) news->BanAnswered(ToInt16(pending[1]).value_or(0), id, BanVerdict::Refused, 0);
+}
+
+/// Whoever asked goes on first with what follows from asking.
+void TillerSock::ConfirmSoon(std::int32_t id) {
+    if (!confirmsElsewhere) return;
+    confirmedSoon.push_back(id);
+    if (!tmrConfirm) {
+        tmrConfirm = platform.NewTimer();
+        tmrConfirm->SetInterval(1);
+        tmrConfirm->onTick = [this] { ConfirmWaiting(); };
+    }
+    tmrConfirm->SetEnabled(true);
+}
+
+void TillerSock::ConfirmWaiting() {
+    tmrConfirm->SetEnabled(false);
+    for (const auto id : std::exchange(confirmedSoon, {})) RequestConfirmed(id);
 }
 
 } // namespace halyard

@@ -67,6 +67,8 @@ class TillerSock : public RoomHost {
                bool blnMD5Login, bool blnInvisible, const std::string& strAuthServer = {});
     void LogOff();
     bool LoggedOn() const { return signOn.LoggedOn; }
+    /// Who signs on or has signed on; empty before the first time.
+    const std::string& SignOnName() const { return signOn.strLoginName; }
     /// Stops the control's own 15-second sign-on timer, which goes on ticking after a time-out until then.
     void StopLoginTimer() { tmrTimeout->SetEnabled(false); }
 
@@ -102,6 +104,16 @@ class TillerSock : public RoomHost {
     /// The same for letting in again (000E 0025), which never waits.
     BanOutcome UnbanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                          const std::string& strOther = {});
+    /// For a network that doesn't enforce bans while somebody else does. With `on`, what becomes of a request
+    /// to ban is told by the two doors below: until then its record stays open, and the service's refusals and
+    /// silence are passed over; its yes counts as ever. A request to let in again counts as accepted a moment
+    /// after it was made. Off at the start.
+    void ConfirmElsewhere(bool on) { confirmsElsewhere = on; }
+    /// Counts as the service's yes to this request: list, line and time ban of its kind. A kick's second half
+    /// takes the name off its list without a frame. An unknown id, and one whose room is gone, does nothing.
+    void RequestConfirmed(std::int32_t id);
+    /// The request has come to nothing, and its record goes.
+    void RequestRefused(std::int32_t id);
     void CloseChat(std::int16_t intChatIndex);
     void TbanUser(const std::string& strUser, const std::string& strChatName, std::int16_t intExchange,
                   std::int16_t intInstance, std::int16_t intTime, std::int16_t intChatIndex);
@@ -233,8 +245,13 @@ class TillerSock : public RoomHost {
     // BanWire.cpp, Ejects.cpp.
     void HandleBanReply(int Index, const std::string& strPacket);
     void TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body);
+    enum class Second { Sent, Kept }; ///< whether a kick's second half goes out as a frame
     void ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
-                    std::int16_t intChatIndex);
+                    std::int16_t intChatIndex, Second half);
+    BanOutcome AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
+                          const std::string& strOther, Second half);
+    void ConfirmSoon(std::int32_t id);
+    void ConfirmWaiting();
     void AddEject(const std::string& strUser, std::int16_t intChatIndex);
     void RemoveEject(const std::string& strUser, std::int16_t intChatIndex);
 
@@ -255,6 +272,9 @@ class TillerSock : public RoomHost {
     std::deque<RoomWish> waitingRooms;
     std::unique_ptr<Timer> tmrRequest;   // made when the first request is timed
     std::map<int, RateTable> rateTables; // by socket
+    bool confirmsElsewhere = false;
+    std::deque<std::int32_t> confirmedSoon;
+    std::unique_ptr<Timer> tmrConfirm; // made when the first request waits for it
     PresenceState presence;
     std::string strEncoding; // of the last message that named one
     std::int16_t ChatMessageID = 0;

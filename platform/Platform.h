@@ -6,6 +6,7 @@
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/Http.h"
 #include "platform/Random.h"
 #include "platform/Socket.h"
 #include "platform/Timer.h"
@@ -22,12 +23,15 @@ class Platform {
     virtual std::unique_ptr<Socket> NewSocket() = 0;
     virtual std::unique_ptr<SocketServer> NewServer() = 0;
     virtual std::unique_ptr<Timer> NewTimer() = 0;
+    virtual std::unique_ptr<Http> NewHttp() = 0;
     virtual Random& RandomSource() = 0;
     virtual Files& FileSystem() = 0;
     virtual Dialogs& Boxes() = 0;
     virtual Desktop& DesktopShell() = 0;
     /// Milliseconds since some fixed moment, never going back; for transcripts and rate windows.
     virtual std::int64_t Milliseconds() = 0;
+    /// Seconds since 1970 by the machine's calendar clock, which may be set and go back; for what is kept.
+    virtual std::int64_t CalendarSeconds() = 0;
 };
 
 } // namespace halyard

@@ -1,5 +1,6 @@
 #include "practice/Levers.h"
 
+#include "base/Text.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "practice/World.h"
 #include "practice/service/Messages.h"
@@ -142,5 +143,15 @@ void PracticeLevers::SignOffFromRoom(const std::string& room, const std::string&
 void PracticeLevers::RefuseNextSignOn(int code) { world.refusals.signOn = code; }
 void PracticeLevers::RefuseNextCreation(int word) { world.refusals.creation = word; }
 void PracticeLevers::RefuseNextJoin(int word) { world.refusals.join = word; }
+
+void PracticeLevers::SetManagementMood(ManagementMood mood) { world.mood = mood; }
+
+void PracticeLevers::SetAddress(const std::string& name, const std::string& address) {
+    world.addresses[NormalizeName(name)] = address;
+}
+
+bool PracticeLevers::IsSuspended(const std::string& name) const {
+    return world.suspended.contains(NormalizeName(name));
+}
 
 } // namespace halyard

@@ -13,6 +13,7 @@ namespace halyard {
 
 class Connection;
 class World;
+enum class ManagementMood;
 struct Room;
 
 class PracticeLevers {
@@ -55,6 +56,11 @@ class PracticeLevers {
     void RefuseNextSignOn(int code);
     void RefuseNextCreation(int word);
     void RefuseNextJoin(int word);
+
+    // The management: how it answers from now on, and where a person's sessions come from.
+    void SetManagementMood(ManagementMood mood);
+    void SetAddress(const std::string& name, const std::string& address);
+    bool IsSuspended(const std::string& name) const;
 
     /// The person of a script is on line from now on.
     void BringOnLine(const std::string& name);

@@ -3,6 +3,7 @@
 #include "practice/Levers.h"
 #include "practice/World.h"
 #include "practice/people/ScriptPlayer.h"
+#include "practice/service/Management.h"
 
 #include <utility>
 
@@ -11,11 +12,14 @@ namespace halyard {
 struct PracticeNetwork::Parts {
     Parts(Platform& platform, PracticeOptions options)
         : world(platform, std::move(options)), levers(world), server(platform.NewServer()),
-          heartbeat(platform.NewTimer()) {}
+          heartbeat(platform.NewTimer()) {
+        if (world.options.management >= 0) management = std::make_unique<Management>(world);
+    }
 
     World world;
     PracticeLevers levers;
     std::unique_ptr<SocketServer> server;
+    std::unique_ptr<Management> management;
     std::unique_ptr<Timer> heartbeat;
     std::vector<std::unique_ptr<ScenePlayer>> players;
 };
@@ -38,13 +42,21 @@ bool PracticeNetwork::Start() {
     };
     if (!parts->server->Listen(parts->world.options.address, parts->world.options.port)) return false;
     parts->world.port = parts->server->Port();
-    parts->heartbeat->onTick = [this] { parts->world.Heartbeat(); };
+    if (parts->management && !parts->management->Start(parts->world.options.management)) return false;
+    parts->heartbeat->onTick = [this] {
+        parts->world.Heartbeat();
+        if (parts->management) parts->management->Heartbeat();
+    };
     parts->heartbeat->SetInterval(1000);
     parts->heartbeat->SetEnabled(true);
     return true;
 }
 
 std::int32_t PracticeNetwork::Port() const { return parts->server->Port(); }
+
+std::int32_t PracticeNetwork::ManagementPort() const {
+    return parts->management ? parts->management->Port() : 0;
+}
 
 void PracticeNetwork::Play(const Script& script) {
     for (const auto& scene : script.scenes) {

@@ -28,9 +28,11 @@ class PracticeNetwork {
     /// Everything that happens, as it happens.
     PracticeListener onEvent;
 
-    /// Opens the port. False when that is not possible.
+    /// Opens the port, and that of the management when there is to be one. False when that is not possible.
     bool Start();
     std::int32_t Port() const;
+    /// 0 when there is none.
+    std::int32_t ManagementPort() const;
     /// Fills the script's rooms with its people; their clocks run as the script says.
     void Play(const Script& script);
     /// What tests and demonstrations do to the network and its people.

@@ -79,7 +79,9 @@ int main(int argc, char** argv) {
                             "5190");
     QCommandLineOption script("script", "Play the people of this file instead of the lobby.", "FILE");
     QCommandLineOption quiet("quiet", "Print nothing of what happens.");
-    parser.addOptions({port, script, quiet});
+    QCommandLineOption management(
+        "management", "Open a management interface (HTTP) on 127.0.0.1 at this port; 0 takes any free one.", "N");
+    parser.addOptions({port, script, quiet, management});
     parser.process(application);
 
     halyard::QtPlatform platform;
@@ -88,6 +90,11 @@ int main(int argc, char** argv) {
     options.port = parser.value(port).toInt(&isNumber);
     if (!isNumber || options.port < 0 || options.port > 65535)
         return Fail("the port must be from 0 to 65535");
+    if (parser.isSet(management)) {
+        options.management = parser.value(management).toInt(&isNumber);
+        if (!isNumber || options.management < 0 || options.management > 65535)
+            return Fail("the management's port must be from 0 to 65535");
+    }
     options.startedAt = QDateTime::currentSecsSinceEpoch() - platform.Milliseconds() / 1000;
 
     std::string text(halyard::LobbyScript());
@@ -106,6 +113,8 @@ int main(int argc, char** argv) {
     if (!QuitOnSignals(application)) return Fail("cannot watch for signals");
     if (!network.Start()) return Fail("port " + parser.value(port).toStdString() + " is taken");
     std::printf("The practice network is on %s:%d\n", options.address.c_str(), network.Port());
+    if (network.ManagementPort() != 0)
+        std::printf("Its management is on 127.0.0.1:%d\n", network.ManagementPort());
     std::fflush(stdout);
     network.Play(*parsed);
     return QCoreApplication::exec();

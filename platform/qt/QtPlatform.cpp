@@ -1,9 +1,12 @@
 #include "platform/qt/QtPlatform.h"
 
 #include "platform/qt/NoBoxes.h"
+#include "platform/qt/QtHttp.h"
 #include "platform/qt/QtTcpServer.h"
 #include "platform/qt/QtTcpSocket.h"
 #include "platform/qt/QtTimerAdapter.h"
+
+#include <QDateTime>
 
 namespace halyard {
 
@@ -19,5 +22,9 @@ std::unique_ptr<Socket> QtPlatform::NewSocket() { return std::make_unique<QtTcpS
 std::unique_ptr<SocketServer> QtPlatform::NewServer() { return std::make_unique<QtTcpServer>(&keeper); }
 
 std::unique_ptr<Timer> QtPlatform::NewTimer() { return std::make_unique<QtTimerAdapter>(&keeper); }
+
+std::unique_ptr<Http> QtPlatform::NewHttp() { return std::make_unique<QtHttp>(&keeper); }
+
+std::int64_t QtPlatform::CalendarSeconds() { return QDateTime::currentSecsSinceEpoch(); }
 
 } // namespace halyard

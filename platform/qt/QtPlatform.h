@@ -22,11 +22,13 @@ class QtPlatform : public Platform {
     std::unique_ptr<Socket> NewSocket() override;
     std::unique_ptr<SocketServer> NewServer() override;
     std::unique_ptr<Timer> NewTimer() override;
+    std::unique_ptr<Http> NewHttp() override;
     Random& RandomSource() override { return random; }
     Files& FileSystem() override { return files; }
     Dialogs& Boxes() override { return *boxes; }
     Desktop& DesktopShell() override { return *desktop; }
     std::int64_t Milliseconds() override { return clock.elapsed(); }
+    std::int64_t CalendarSeconds() override;
 
   private:
     QObject keeper; ///< ends what still closes in the background

@@ -30,11 +30,13 @@ class SimPlatform : public Platform {
     std::unique_ptr<Socket> NewSocket() override;
     std::unique_ptr<SocketServer> NewServer() override;
     std::unique_ptr<Timer> NewTimer() override;
+    std::unique_ptr<Http> NewHttp() override;
     Random& RandomSource() override { return random; }
     Files& FileSystem() override { return disk; }
     Dialogs& Boxes() override { return dialogs; }
     Desktop& DesktopShell() override { return desktop; }
     std::int64_t Milliseconds() override { return world.Now(); }
+    std::int64_t CalendarSeconds() override { return 1'800'000'000 + world.Now() / 1000; }
 
   private:
     SimWorld& world;

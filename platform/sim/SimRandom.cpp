@@ -17,4 +17,10 @@ std::int64_t SimRandom::Between(std::int64_t low, std::int64_t high) {
     return static_cast<std::int64_t>(static_cast<std::uint64_t>(low) + (span == 0 ? Next() : Next() % span));
 }
 
+std::string SimRandom::Secret(std::size_t count) {
+    std::string bytes;
+    while (bytes.size() < count) bytes += static_cast<char>(Next() & 0xFF);
+    return bytes;
+}
+
 } // namespace halyard

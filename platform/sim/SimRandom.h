@@ -15,6 +15,7 @@ class SimRandom : public Random {
 
     void Reseed() override {}
     double Fraction() override { return static_cast<double>(Next() >> 11) * 0x1p-53; }
+    std::string Secret(std::size_t count) override;
     /// The next 64 bits.
     std::uint64_t Next();
     /// A number from `low` to `high`, both included; `low` when `high` is below it.

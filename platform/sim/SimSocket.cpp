@@ -42,7 +42,8 @@ void SimSocket::Reach(std::int32_t port, std::int64_t deadline) {
         connecting = network.clock.At(again, [this, port, deadline] { Reach(port, deadline); });
         return;
     }
-    if (!network.Accept(*this, port)) Fail(refused, "Connection refused", SocketState::Error);
+    if (!network.Accept(*this, port)) return Fail(refused, "Connection refused", SocketState::Error);
+    if (auto handler = onConnected) handler(); // a copy, as everywhere
 }
 
 void SimSocket::Send(std::string_view bytes) {

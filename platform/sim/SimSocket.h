@@ -5,6 +5,7 @@
 #include "platform/Socket.h"
 #include "platform/sim/SimClock.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ class SimSocket : public Socket {
     ~SimSocket() override { Close(); }
     SimSocket(const SimSocket&) = delete;
     SimSocket& operator=(const SimSocket&) = delete;
+
+    /// Both sides are connected: the first moment in which this one may send.
+    std::function<void()> onConnected;
 
     void Connect(const std::string& host, std::int32_t port) override;
     void Send(std::string_view bytes) override;

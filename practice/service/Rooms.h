@@ -5,6 +5,7 @@
 // reconnection, until their place is needed.
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -49,6 +50,10 @@ class Rooms {
     Room* FindCookie(std::string_view cookie) const;
     /// The first room of that name on any exchange.
     Room* FindName(std::string_view name) const;
+    /// In the order of their cookies.
+    void EachRoom(const std::function<void(Room&)>& visit) {
+        for (const auto& [cookie, room] : rooms) visit(*room);
+    }
 
   private:
     bool MakePlace();

@@ -11,6 +11,7 @@ namespace halyard {
 namespace {
 
 /// Error code "request denied"; what is denied stands in TLV 0008.
+constexpr std::size_t mostKnown = 10000;
 constexpr int wordInvalidRoom = 0x0033;
 
 /// The reason for which a name's older connection ends, and a page about it.
@@ -42,6 +43,7 @@ void ComeOnLine(World& world, Connection& connection, const Ticket& ticket) {
         DismissOthers(world, ticket.name, &connection);
     }
     world.people.Enter(ticket.name, world.Now()).bos = &connection;
+    if (world.known.size() < mostKnown) world.known.insert(NormalizeName(ticket.name));
     world.Note("", ticket.name, ticket.migration ? "comes back from a migration" : "signs on");
 }
 
@@ -136,6 +138,11 @@ void DismissOthers(World& world, const std::string& name, const Connection* exce
             except && other.service == Service::Bos && world.options.Has(Departure::MainSignOffs);
         world.Dismiss(other, tells ? SignedOnElsewhere : std::string());
     });
+}
+
+void SignOffScripted(World& world, const std::string& name) {
+    world.rooms.EachRoom([&](Room& room) { LeaveRoom(world, room, name); });
+    world.people.Remove(name);
 }
 
 } // namespace halyard

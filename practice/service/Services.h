@@ -19,6 +19,8 @@ bool HandleGeneric(World& world, Connection& connection, const Snac& snac);
 void SignOffPerson(World& world, Connection& connection);
 /// The main connection of a person is gone.
 void SignedOff(World& world, Connection& connection);
+/// Takes a person of the script, who has no connection, out of every room and off line.
+void SignOffScripted(World& world, const std::string& name);
 /// Ends every connection of a person but one.
 void DismissOthers(World& world, const std::string& name, const Connection* except);
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int codeBadName = 4;
 constexpr int codeBadPassword = 5;
+constexpr int codeSuspended = 0x11;
 constexpr std::size_t longestLoginName = 97;
 
 bool IsName(std::string_view name) { return !NormalizeName(name).empty() && name.size() <= longestLoginName; }
@@ -27,6 +28,7 @@ bool IsEmptyHash(const World& world, const std::string& key, const std::string& 
 /// The TLVs that answer a sign-on; `code` 0 lets the person in.
 std::string Answer(World& world, const std::string& name, int code) {
     auto answer = Tlv(0x0001, name);
+    if (code == 0 && world.suspended.contains(NormalizeName(name))) code = codeSuspended;
     if (world.refusals.signOn != 0) code = world.refusals.signOn;
     world.refusals.signOn = 0;
     if (code != 0) {
