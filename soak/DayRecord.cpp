@@ -29,7 +29,7 @@ struct Shown {
 };
 
 bool IsOfBridge(const std::string& path) {
-    return path.starts_with("/config/") || path.starts_with("/data/enforcement");
+    return path.starts_with("/config/") || path.starts_with("/bridge/");
 }
 
 } // namespace

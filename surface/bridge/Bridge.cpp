@@ -16,11 +16,13 @@ constexpr const char* RoastedStage = "Sending roasted login...";
 
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
-      window(main.Context(), file, chosen, foot),
+      check(main.Context().platform, main.Control()),
+      window(main.Context(), file, chosen, foot, check),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
+    heard.Add(check.Listener());
     main.Control().SetNews(&heard);
 }
 
@@ -37,7 +39,7 @@ void Bridge::BindControls() {
     main.options.onSettingsFile = [this](Options::FileUse use, const std::string& path) {
         chosen.Follow(use, path);
     };
-    main.connection.onMayLogin = [this](ConnectionPanel::By by) { return chosen.MayLogin(by); };
+    main.connection.onMayLogin = [this](ConnectionPanel::By by) { return MayLogin(by); };
     row.cmbNetwork.Click = [this](int index) {
         if (index < static_cast<int>(file.Networks().size())) chosen.Choose(row.cmbNetwork.Text());
     };
@@ -58,6 +60,12 @@ void Bridge::Refresh() {
     OfferNetworks(row.cmbNetwork, file, chosen.Name());
     row.Stand(chosen.Standing());
     if (window.Loaded()) window.Refresh();
+}
+
+bool Bridge::MayLogin(ConnectionPanel::By by) {
+    if (!chosen.MayLogin(by)) return false;
+    window.check.GiveWay();
+    return true;
 }
 
 void Bridge::SignOnStage(const std::string& text) {

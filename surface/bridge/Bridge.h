@@ -6,6 +6,7 @@
 #include "bridge/NewsFan.h"
 #include "bridge/networks/BanAnswers.h"
 #include "bridge/networks/BridgeFile.h"
+#include "bridge/networks/NetworkCheck.h"
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
 #include "surface/bridge/NetworkRow.h"
@@ -31,12 +32,14 @@ class Bridge : private News {
     FootLine foot;
     NetworkRow row;
     ChosenNetwork chosen;
+    NetworkCheck check;
     NetworkWindow window;
     BanAnswers answers;
 
   private:
     void BindControls();
     void Refresh();
+    bool MayLogin(ConnectionPanel::By by);
 
     // News.
     void SignOnStage(const std::string& text) override;

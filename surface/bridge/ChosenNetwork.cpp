@@ -40,7 +40,7 @@ std::string ChosenNetwork::Standing() const {
         add(name + " holds from the next sign-on.");
     if (IsLaidDown(begun.network) && !begun.hashed)
         add("The password goes out roasted, which whoever listens on the way can reverse.");
-    if (uncheckedHosts.contains(name + " " + Host()))
+    if (unchecked.contains({name, Host()}))
         add("Anybody can sign on here under any name: this server checks no passwords.");
     return text;
 }
@@ -83,17 +83,19 @@ void ChosenNetwork::Apply() {
 }
 
 bool ChosenNetwork::MayLogin(ConnectionPanel::By by) {
-    const auto* network = Defined();
-    if (!network)
-        return Refuse("The network \"" + name + "\" is no longer defined. Choose or define one.", by);
-    const bool hashed = main.Control().Settings.LoginMD5;
-    if (!hashed && !MayRoast(network->name, Host()) && !AskRoasting(*network, by)) return false;
-    begun = {network->name, Host(), hashed, MayRoast(network->name, Host())};
+    if (!MayConnect(by)) return false;
+    begun = {Defined()->name, Host(), main.Control().Settings.LoginMD5, MayRoast(name, Host())};
     Apply();
     refused.clear();
     onHappened("");
     Changed();
     return true;
+}
+
+bool ChosenNetwork::MayConnect(ConnectionPanel::By by) {
+    const auto* network = Defined();
+    if (!network) return Refuse("The network \"" + name + "\" is no longer defined. Choose or define one.", by);
+    return main.Control().Settings.LoginMD5 || MayRoast(network->name, Host()) || AskRoasting(*network, by);
 }
 
 bool ChosenNetwork::MayRoast(const std::string& network, const std::string& host) const {
@@ -145,11 +147,11 @@ std::string ChosenNetwork::SaltHint() const {
     return "Or the network's salt is another one: that of " + others + " differs.";
 }
 
-void ChosenNetwork::PasswordsChecked(bool checked) {
+void ChosenNetwork::PasswordsChecked(const std::string& network, const std::string& host, bool checked) {
     if (checked)
-        uncheckedHosts.erase(name + " " + Host());
+        unchecked.erase({network, host});
     else
-        uncheckedHosts.insert(name + " " + Host());
+        unchecked.insert({network, host});
     Changed();
 }
 

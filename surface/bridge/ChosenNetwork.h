@@ -10,6 +10,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace halyard {
 
@@ -45,18 +46,21 @@ class ChosenNetwork {
     void TakeOver();
     /// See ConnectionPanel::onMayLogin.
     bool MayLogin(ConnectionPanel::By by);
+    /// Whether the password may go to the host at all. Asks, and says why not.
+    bool MayConnect(ConnectionPanel::By by);
+    /// The bot is on line or on its way there.
+    bool Busy() const;
     /// Stops a sign-on that would send a roasted password which MayLogin has not let pass: the operator has
     /// changed the way of signing on in between.
     void BeforeRoasting();
     /// What a wrong password may come from besides itself; empty when there is nothing to say.
     std::string SaltHint() const;
-    /// A check has found that the host of the chosen network takes any password, or that it doesn't.
-    void PasswordsChecked(bool checked);
+    /// A check has found that this host of a network takes any password, or that it doesn't.
+    void PasswordsChecked(const std::string& network, const std::string& host, bool checked);
 
   private:
     std::string Account() const;
     std::string Host() const;
-    bool Busy() const;
     void Take(const std::string& network);
     void Apply();
     void KeepChoice();
@@ -79,7 +83,7 @@ class ChosenNetwork {
         bool mayRoast = false;
     } begun;
     std::string refused; ///< the way back, and why
-    std::set<std::string> uncheckedHosts;
+    std::set<std::pair<std::string, std::string>> unchecked; ///< networks and hosts that take any password
 };
 
 } // namespace halyard

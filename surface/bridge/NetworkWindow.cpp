@@ -52,8 +52,9 @@ std::string Lines(const std::vector<std::string>& lines) {
 } // namespace
 
 NetworkWindow::NetworkWindow(const SurfaceContext& context, BridgeFile& file, ChosenNetwork& chosen,
-                             FootLine& foot)
-    : Opened(context), management(file, [&foot](const std::string& text) { foot.Tell(text); }), foot(foot),
+                             FootLine& foot, NetworkCheck& check)
+    : Opened(context), management(file, [&foot](const std::string& text) { foot.Tell(text); }),
+      check(context, chosen, check), foot(foot),
       file(file), chosen(chosen) {
     form.SetVisible(false);
     optPage.Click = [this](int page) { ShowPage(page); };
@@ -92,7 +93,7 @@ Frame& NetworkWindow::FrameOf(Page page) {
     switch (page) {
     case Ways: return FrameWays;
     case Management: return management.FrameManagement;
-    case Check: return FrameCheck;
+    case Check: return check.FrameCheck;
     case Meanings: return FrameMeanings;
     case Told: return FrameTold;
     }

@@ -3,6 +3,7 @@
 // The window of all that concerns networks: which is chosen and what it does otherwise, a server of one's
 // own, the check, what refusals mean, and what the operator was told. The bridge owns the one.
 
+#include "surface/bridge/CheckPage.h"
 #include "surface/bridge/ManagementPage.h"
 #include "surface/windows/Opened.h"
 
@@ -20,7 +21,8 @@ class NetworkWindow : public Opened<NetworkWindow> {
   public:
     enum Page { Ways, Management, Check, Meanings, Told };
 
-    NetworkWindow(const SurfaceContext& context, BridgeFile& file, ChosenNetwork& chosen, FootLine& foot);
+    NetworkWindow(const SurfaceContext& context, BridgeFile& file, ChosenNetwork& chosen, FootLine& foot,
+                  NetworkCheck& check);
 
     Form form{"frmNetwork", "Network"};
     OptionGroup optPage{"optPage", {"Network", "Own server", "Check", "Refusals", "Told"}};
@@ -32,8 +34,8 @@ class NetworkWindow : public Opened<NetworkWindow> {
     TextBox txtProblems{"txtProblems"}; ///< read only
     Button cmdReadAgain{"cmdReadAgain", "Read Again"};
     ManagementPage management;
+    CheckPage check;
     Frame FrameMeanings{"FrameMeanings", "What refusals mean"};
-    Label lblLast{"lblLast"};
     TextBox txtMeanings{"txtMeanings"}; ///< read only
     Frame FrameTold{"FrameTold", "What was told"};
     FootLine& foot;
@@ -49,9 +51,10 @@ class NetworkWindow : public Opened<NetworkWindow> {
     template <typename Visit>
     void EachControl(Visit&& visit) {
         visit(form), visit(optPage), visit(FrameWays), visit(lblChosen), visit(cmbChosen), visit(txtWays);
-        visit(lblProblems), visit(txtProblems), visit(cmdReadAgain), visit(FrameMeanings), visit(lblLast);
+        visit(lblProblems), visit(txtProblems), visit(cmdReadAgain), visit(FrameMeanings);
         visit(txtMeanings), visit(FrameTold);
         management.EachControl(visit);
+        check.EachControl(visit);
     }
 
   private:
@@ -62,7 +65,6 @@ class NetworkWindow : public Opened<NetworkWindow> {
 
     BridgeFile& file;
     ChosenNetwork& chosen;
-    Frame FrameCheck{"FrameCheck", "Check"};
 };
 
 /// Which networks can be chosen, one of them chosen; one that is no longer defined stands last.

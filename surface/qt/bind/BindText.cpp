@@ -138,7 +138,7 @@ QComboBox* BindChoice(ChoiceBox& box, const std::string& name) {
     auto* widget = new QComboBox;
     widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     NameAfter(*widget, name);
-    Follow(box, *widget, Paint::Field, [&box, widget] {
+    Follow(box, *widget, Paint::Button, [&box, widget] {
         const QSignalBlocker quiet(widget);
         KeepItems(*widget, box.Items());
         widget->setCurrentIndex(box.Index());

@@ -50,6 +50,21 @@ QWidget* OwnServerPage(ManagementPage& page) {
                  BindCheck(page.chkWatch), Room(), Row({Room(), BindButton(page.cmdApply)})});
 }
 
+QWidget* DrawCheckPage(CheckPage& page) {
+    auto* exchange = BindLine(page.txtCheckExchange, page.lblCheckExchange.Caption());
+    exchange->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    auto* rows = BindList(page.lstCheck, page.FrameCheck.Caption());
+    HighFor(*rows, 6);
+    auto* found = BindValue(page.lblFound, 3);
+    NameAfter(*found, "The selected row");
+    return Fill(BindGroup(page.FrameCheck),
+                {Row({BindLabel(page.lblCheckRoom), BindLine(page.txtCheckRoom, page.lblCheckRoom.Caption()),
+                      BindLabel(page.lblCheckExchange), exchange}),
+                 Row({Item(BindValue(page.lblCheckState), 1), BindButton(page.cmdStartCheck),
+                      BindButton(page.cmdStopCheck)}),
+                 Item(rows, 1), found, Row({Room(), BindButton(page.cmdSaveHexLog)})});
+}
+
 QWidget* MeaningsPage(NetworkWindow& model) {
     auto* meanings = BindLog(model.txtMeanings, model.FrameMeanings.Caption());
     return Fill(BindGroup(model.FrameMeanings), {Item(meanings, 1)});
@@ -67,6 +82,7 @@ std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model) {
     auto* pages = new PageArea;
     pages->AddPage(WaysPage(model), model.FrameWays);
     pages->AddPage(OwnServerPage(model.management), model.management.FrameManagement);
+    pages->AddPage(DrawCheckPage(model.check), model.check.FrameCheck);
     pages->AddPage(MeaningsPage(model), model.FrameMeanings);
     pages->AddPage(ToldPage(model), model.FrameTold);
     WideFor(*pages, 60);
