@@ -105,9 +105,9 @@ class TillerSock : public RoomHost {
     BanOutcome UnbanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                          const std::string& strOther = {});
     /// For a network that doesn't enforce bans while somebody else does. With `on`, what becomes of a request
-    /// to ban is told by the two doors below: until then its record stays open, and the service's refusals and
-    /// silence are passed over; its yes counts as ever. A request to let in again counts as accepted a moment
-    /// after it was made. Off at the start.
+    /// to ban is told by the two doors below: until then its record stays open, and the service's refusals
+    /// and silence are passed over; its yes counts as ever. A request to let in again counts as accepted a
+    /// moment after it was made. Off at the start.
     void ConfirmElsewhere(bool on) { confirmsElsewhere = on; }
     /// Counts as the service's yes to this request: list, line and time ban of its kind. A kick's second half
     /// takes the name off its list without a frame. An unknown id, and one whose room is gone, does nothing.

@@ -10,7 +10,8 @@ std::string HmacSha256(std::string_view key, std::string_view bytes) {
     unsigned length = 0;
     auto out = reinterpret_cast<unsigned char*>(digest.data());
     auto in = reinterpret_cast<const unsigned char*>(bytes.data());
-    if (!HMAC(EVP_sha256(), key.data(), static_cast<int>(key.size()), in, bytes.size(), out, &length)) length = 0;
+    if (!HMAC(EVP_sha256(), key.data(), static_cast<int>(key.size()), in, bytes.size(), out, &length))
+        length = 0;
     digest.resize(length);
     return digest;
 }

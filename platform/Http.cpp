@@ -28,7 +28,8 @@ bool IsHost(std::string_view host, bool bracketed) {
 std::optional<std::int32_t> PortOf(std::string_view text, bool secure) {
     if (text.empty()) return secure ? 443 : 80;
     const auto digits = text.substr(1);
-    if (text[0] != ':' || digits.empty() || digits.size() > 5 || digits.find_first_not_of("0123456789") != digits.npos)
+    if (text[0] != ':' || digits.empty() || digits.size() > 5 ||
+        digits.find_first_not_of("0123456789") != digits.npos)
         return std::nullopt;
     const auto port = ToInt32(digits);
     if (!port || *port < 1 || *port > 65535) return std::nullopt;
@@ -66,7 +67,8 @@ std::string ProblemOf(const HttpRequest& request) {
         const bool breaks = std::any_of(value.begin(), value.end(), [](char c) {
             return (static_cast<unsigned char>(c) < 32 && c != '\t') || c == 127;
         });
-        if (!IsToken(name) || breaks || SameName(name, "Content-Length") || SameName(name, "Transfer-Encoding"))
+        if (!IsToken(name) || breaks || SameName(name, "Content-Length") ||
+            SameName(name, "Transfer-Encoding"))
             return "a header can't be sent";
     }
     return {};

@@ -1,7 +1,7 @@
 #pragma once
 
-// Puts an HTTP/1.1 request or answer together from the bytes of a stream, with bounds. For the ends that speak
-// HTTP over a Socket: the simulated client and the practice network's management.
+// Puts an HTTP/1.1 request or answer together from the bytes of a stream, with bounds. For the ends that
+// speak HTTP over a Socket: the simulated client and the practice network's management.
 
 #include <cstddef>
 #include <string>

@@ -4,6 +4,7 @@
 // the real network could do. Names and rooms as everywhere, in lower case without blanks; what does not exist
 // is passed over.
 
+#include "practice/Options.h"
 #include "practice/service/RateClasses.h"
 
 #include <functional>
@@ -13,7 +14,6 @@ namespace halyard {
 
 class Connection;
 class World;
-enum class ManagementMood;
 struct Room;
 
 class PracticeLevers {

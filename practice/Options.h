@@ -10,6 +10,9 @@
 
 namespace halyard {
 
+/// How the management answers: as it should, with status 500, not at all, with what is no HTTP.
+enum class ManagementMood { Works, Failing, Silent, Garbage };
+
 /// What a practice network can be told at its start.
 struct PracticeOptions {
     std::string address = "127.0.0.1"; ///< where it listens, and where redirects send clients

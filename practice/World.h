@@ -27,9 +27,6 @@ struct Refusals {
     int join = 0;     ///< word of TLV 0008 to the next service request for a room
 };
 
-/// How the management answers.
-enum class ManagementMood { Works, Failing, Silent, Garbage };
-
 class World {
   public:
     World(Platform& platform, PracticeOptions options);
@@ -42,9 +39,10 @@ class World {
     Refusals refusals;
     PracticeListener listener;
     // By normalised name.
-    std::set<std::string> known;                  ///< who has ever signed on, at most 10,000
-    std::set<std::string> suspended;              ///< who may not
-    std::map<std::string, std::string> addresses; ///< that sessions are told to come from; 127.0.0.1 otherwise
+    std::set<std::string> known;     ///< who has ever signed on, at most 10,000
+    std::set<std::string> suspended; ///< who may not
+    std::map<std::string, std::string>
+        addresses; ///< that sessions are told to come from; 127.0.0.1 otherwise
     ManagementMood mood = ManagementMood::Works;
     /// A client, not a person of the script, has entered the room.
     std::function<void(Room&)> onClientEntered;

@@ -80,7 +80,8 @@ int main(int argc, char** argv) {
     QCommandLineOption script("script", "Play the people of this file instead of the lobby.", "FILE");
     QCommandLineOption quiet("quiet", "Print nothing of what happens.");
     QCommandLineOption management(
-        "management", "Open a management interface (HTTP) on 127.0.0.1 at this port; 0 takes any free one.", "N");
+        "management", "Open a management interface (HTTP) on 127.0.0.1 at this port; 0 takes any free one.",
+        "N");
     parser.addOptions({port, script, quiet, management});
     parser.process(application);
 

@@ -53,7 +53,6 @@ class Enforcement : public News {
     std::size_t Waiting() const;
 
     // News.
-    void SignedOn(const std::string& name) override;
     void SignedOff() override;
     void PersonCame(std::int16_t room, const std::string& name) override;
     void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override;

@@ -19,13 +19,13 @@ namespace halyard {
 struct ManagementCall {
     enum class Rank { Acts, Looks };
     Rank rank = Rank::Acts;
-    std::string method;
-    std::string path;
-    std::string body;
+    std::string method = {};
+    std::string path = {};
+    std::string body = {};
     /// Asked when the call's turn comes, each try; false drops it without an answer. Null is yes.
-    std::function<bool()> wanted;
+    std::function<bool()> wanted = {};
     /// Runs once, with the last try's answer.
-    std::function<void(const HttpAnswer&)> done;
+    std::function<void(const HttpAnswer&)> done = {};
     int tries = 0;
 };
 

@@ -55,14 +55,16 @@ std::optional<std::pair<std::string, std::string>> ManagementHeader(std::string_
     const auto colon = text.find(':');
     if (colon == text.npos) return std::nullopt;
     std::pair header{Trim(text.substr(0, colon)), Trim(text.substr(colon + 1))};
-    if (!ProblemOf({.url = "http://localhost/", .headers = {header}, .body = {}}).empty()) return std::nullopt;
+    if (!ProblemOf({.url = "http://localhost/", .headers = {header}, .body = {}}).empty())
+        return std::nullopt;
     return header;
 }
 
 bool CanBeManaged(std::string_view name) {
     const auto normal = NormalizeName(name);
     const bool breaks = std::any_of(normal.begin(), normal.end(), [](char c) {
-        return static_cast<unsigned char>(c) < 32 || std::string_view("/\\:\x7F").find(c) != std::string_view::npos;
+        return static_cast<unsigned char>(c) < 32 ||
+               std::string_view("/\\:\x7F").find(c) != std::string_view::npos;
     });
     return !breaks && normal.find_first_not_of('.') != normal.npos;
 }
@@ -73,6 +75,10 @@ std::string AccountPath(std::string_view name) { return "/user/" + EncodedName(n
 
 std::string SuspensionBody(bool suspended) {
     return suspended ? R"({"suspended_status":"suspended"})" : R"({"suspended_status":null})";
+}
+
+std::string WordsOf(const HttpAnswer& answer) {
+    return answer.status == 0 ? answer.problem : "the management answered " + std::to_string(answer.status);
 }
 
 std::vector<std::string> SessionAddresses(std::string_view body, std::string_view name) {

@@ -10,6 +10,8 @@
 
 namespace halyard {
 
+struct HttpAnswer;
+
 /// The URL in front of every path, without a "/" at its end, of an address as the operator writes it:
 /// "host:port" for plain HTTP, or a URL. Nothing when it is none, or has a query.
 std::optional<std::string> ManagementBase(std::string_view address);
@@ -26,6 +28,9 @@ bool CanBeManaged(std::string_view name);
 std::string SessionPath(std::string_view name);
 std::string AccountPath(std::string_view name);
 std::string SuspensionBody(bool suspended);
+
+/// What the operator reads of an answer that is no yes.
+std::string WordsOf(const HttpAnswer& answer);
 
 /// The addresses of the sessions that an answer tells for this name, each once, without port, brackets or
 /// zone; those of other names are passed over. Takes an object with "sessions", a bare list, or one session.

@@ -9,9 +9,7 @@ namespace halyard {
 
 namespace {
 
-QByteArray BytesOf(const std::string& text) {
-    return {text.data(), static_cast<qsizetype>(text.size())};
-}
+QByteArray BytesOf(const std::string& text) { return {text.data(), static_cast<qsizetype>(text.size())}; }
 
 QNetworkRequest PlainRequest(const HttpRequest& request) {
     QNetworkRequest made(QUrl::fromEncoded(BytesOf(request.url), QUrl::StrictMode));
@@ -23,6 +21,7 @@ QNetworkRequest PlainRequest(const HttpRequest& request) {
     made.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     made.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     made.setRawHeader("User-Agent", "Halyard");
+    made.setRawHeader("Accept-Language", "*"); // not the operator's
     made.setRawHeader("Accept-Encoding", "identity"); // packed, a small answer could grow without bound
     for (const auto& [name, value] : request.headers) made.setRawHeader(BytesOf(name), BytesOf(value));
     return made;

@@ -46,9 +46,12 @@ void SimHttp::Ask(const HttpRequest& request, Done done) {
 
 void SimHttp::Start(Exchange& exchange, const HttpRequest& request) {
     const auto place = *PlaceOf(request.url);
-    exchange.deadline =
-        clock.In(request.timeout, [this, &exchange] { Finish(exchange, {0, {}, "no answer in time"}); });
-    exchange.socket.onConnected = [&exchange, bytes = BytesOf(request, place)] { exchange.socket.Send(bytes); };
+    exchange.deadline = clock.In(request.timeout, [this, &exchange] {
+        Finish(exchange, {0, {}, "no answer in time"});
+    });
+    exchange.socket.onConnected = [&exchange, bytes = BytesOf(request, place)] {
+        exchange.socket.Send(bytes);
+    };
     exchange.socket.onData = [this, &exchange](std::size_t) {
         exchange.reader.Add(exchange.socket.ReadAll());
         Heard(exchange);

@@ -18,7 +18,8 @@ constexpr std::size_t mostCallers = 100;
 constexpr std::int64_t patience = 30000; // ms
 
 std::string Reply(const std::string& line, const std::string& body = {}) {
-    return "HTTP/1.1 " + line + "\r\nConnection: close\r\nContent-Type: application/json\r\nContent-Length: " +
+    return "HTTP/1.1 " + line +
+           "\r\nConnection: close\r\nContent-Type: application/json\r\nContent-Length: " +
            std::to_string(body.size()) + "\r\n\r\n" + body;
 }
 

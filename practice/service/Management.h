@@ -1,8 +1,8 @@
 #pragma once
 
 // The management interface of the practice network, as servers of one's own have it: HTTP on 127.0.0.1 by
-// which sessions are ended and asked after, and accounts suspended. One request a connection. The network owns
-// the one.
+// which sessions are ended and asked after, and accounts suspended. One request a connection. The network
+// owns the one.
 
 #include "platform/HttpReader.h"
 #include "practice/World.h"

@@ -176,4 +176,32 @@ TEST_F(BanWire, PeopleOnBos) {
                "2 001300090000000000090000000000000004000D00CA00010100CB000400000004"}));
 }
 
+TEST_F(BanWire, SomebodyElseConfirms) {
+    control.sngBanPause = 0.001F;
+    control.Room(1)->SetBanPause(0.001F);
+    control.ConfirmElsewhere(true);
+    control.RequestIDs.Add("unban:1:1:stale:", "1"); // left from an earlier round of the ids
+    for (const char* name : {"bob", "kim", "tim"}) control.BanUser(name, BanKind::Kick, 1), Settle();
+    EXPECT_EQ(Sent(), (Lines{"ban 1 bob", "ban 2 kim", "ban 3 tim"}));
+    for (const char* no : {"0001", "0008000400000048"}) Reply(1, no), Reply(2, no);
+    EXPECT_EQ(Sent(), Lines{});
+    EXPECT_EQ(control.RequestIDs.Count(), 3U);
+    control.RequestRefused(1);
+    for (int id : {1, 2, 2, 77}) control.RequestConfirmed(id);
+    EXPECT_EQ(Sent(), Lines{"\xAB Kicked: kim, Bans: 0 \xBB"}) << "and no frame";
+    EXPECT_EQ(control.RequestIDs.Count(), 1U);
+    events.Take();
+    world.RunFor(20000);
+    Reply(3); // the service's own yes counts as ever, frame and all
+    EXPECT_EQ(Sent(), (Lines{"unban 5 tim", "\xAB Kicked: tim, Bans: 0 \xBB"}));
+    control.UnbanUser("bob", BanKind::Unban, 1);
+    EXPECT_EQ(control.RequestIDs.Count(), 1U) << "never within the call";
+    EXPECT_EQ(Sent(), (Lines{"unban 6 bob"}));
+    EXPECT_EQ(control.RequestIDs.Count(), 0U);
+    control.BanUser("bob", BanKind::Ban, 1);
+    control.LeaveChat(1);
+    control.RequestConfirmed(7);
+    EXPECT_EQ(control.EjectLists.Count() + control.RequestIDs.Count(), 0U);
+}
+
 } // namespace halyard
