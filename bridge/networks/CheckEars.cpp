@@ -76,7 +76,8 @@ void CheckEars::SignOnRefused(int code, const std::string& text) {
 
 void CheckEars::LoggedIn(Text, Text, Text strServerIP) {
     heard.signedOn = true;
-    heard.host = strServerIP;
+    const auto reached = control ? control->Sockets().RemoteAddress(0) : std::string();
+    heard.host = reached.empty() ? strServerIP : reached;
     Tell();
 }
 

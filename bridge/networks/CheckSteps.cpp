@@ -86,7 +86,6 @@ CheckStep SignOn(CheckRun& run) {
         const auto redirect = run.ears.heard.farRedirect;
         run.ears.heard = {};
         run.ears.heard.farRedirect = redirect;
-        run.control.StopLoginTimer(); // a refused roasted sign-on leaves it running
         run.control.StopAtAuthAnswer = false;
         run.control.Login(run.terms.name, run.terms.password, run.terms.port, run.terms.hashed, false,
                           run.terms.host);
@@ -126,6 +125,7 @@ CheckStep JoinRoom(CheckRun& run) {
 /// The bot's room of the name that was given, or its first. None is joined: the bot would stay there.
 CheckStep StandingRoom(CheckRun& run) {
     const auto begin = [&run]() -> Found {
+        if (auto lacking = WithoutSession(run)) return lacking;
         const auto& wanted = run.terms.room;
         for (const auto& room : run.control.Chat) {
             if (!Trim(wanted).empty() &&
@@ -169,6 +169,8 @@ CheckStep Rates(CheckRun& run) {
         auto text = "messages are in class " + std::to_string(main.messages);
         if (heard.room == 0 || !room.known) return Odd(text + "; of a room no classes were seen");
         text += ", room lines in " + std::to_string(room.lines) + ", bans in " + std::to_string(room.bans);
+        if (run.terms.network.ways.test(static_cast<std::size_t>(Departure::RateClassesAsTold)))
+            return Works(text + ", which the network's way reads");
         return room.AsLaidDown() ? Works(text + ", as is laid down")
                                  : Odd(text + "; laid down are 5 for room lines and 1 for bans");
     };

@@ -9,6 +9,19 @@
 
 namespace halyard {
 
+namespace {
+
+/// One habit of a service must not hide the next, nor do harm: the check's own control copes with these on
+/// every network, and the rows about ways tell where the bot would not. What it sends to sign on, and how it
+/// connects, is as the network says.
+constexpr Departure Coped[] = {
+    Departure::NavigationAnswers, Departure::BareJoinRefusals,   Departure::UnenforcedBans,
+    Departure::MainSignOffs,      Departure::WholeMessageBlocks, Departure::RateClassesAsTold,
+    Departure::OneServiceRequest, Departure::ReachableRedirects, Departure::NamesAreNoCommands,
+};
+
+} // namespace
+
 /// What the check hears of the bot's control: the rate tables as they come, since they can't be asked for
 /// again without the bot taking the answer for a sign-on; the rest while a check runs.
 class BotNews : public News {
@@ -94,12 +107,7 @@ void NetworkCheck::Parts::Start(const Terms& asked) {
         settings.LoginMD5 = terms.hashed;
         own = std::make_unique<TillerSock>(platform, settings, ears, ears);
         own->UseNetwork(terms.network);
-        // One habit must not hide the next, nor do harm: the check copes with all of them, and tells in the
-        // rows about ways which the bot would not. What it sends at the sign-on is the network's.
-        for (std::size_t way = 0; way < DepartureCount; ++way)
-            if (const auto departure = static_cast<Departure>(way);
-                departure != Departure::RoastedPasswordType)
-                own->Switches().SetGuard(departure, Departures::Guard::On);
+        for (const auto departure : Coped) own->Switches().SetGuard(departure, Departures::Guard::On);
         own->ChatSendOn = false;
         own->SetNews(&ears);
     }
@@ -169,7 +177,6 @@ void NetworkCheck::Parts::Close() {
     if (run) run->LiftBan();
     ears.Forget();
     botNews.ears = nullptr;
-    if (own) own->LogOff();
     steps.clear();
     run.reset();
     own.reset();

@@ -18,11 +18,22 @@ constexpr std::size_t longestLoginName = 97;
 
 bool IsName(std::string_view name) { return !NormalizeName(name).empty() && name.size() <= longestLoginName; }
 
-/// True for the hash of an empty password in any of its forms: each salt, with the password or its raw MD5.
-bool IsEmptyHash(const World& world, const std::string& key, const std::string& hash) {
+/// True for the hash of a password in any of its forms: each salt, with the password or its raw MD5.
+bool IsHashOf(const World& world, const std::string& password, const std::string& key,
+              const std::string& hash) {
     for (const auto& salt : world.options.salts)
-        if (hash == Md5(key + Md5("") + salt) || hash == Md5(key + salt)) return true;
+        if (hash == Md5(key + Md5(password) + salt) || hash == Md5(key + password + salt)) return true;
     return false;
+}
+
+bool IsWelcomeHash(const World& world, const std::string& key, const std::string& hash) {
+    const auto& password = world.options.password;
+    return IsHashOf(world, password, key, hash) != password.empty();
+}
+
+bool IsWelcomeRoasted(const World& world, const std::string& roasted) {
+    const auto& password = world.options.password;
+    return password.empty() ? !roasted.empty() : DefaultSecrets().Roast(roasted) == password;
 }
 
 /// The TLVs that answer a sign-on; `code` 0 lets the person in.
@@ -45,7 +56,9 @@ bool RoastedSignOn(World& world, Connection& connection, const TlvList& tlvs) {
     auto password = FindTlv(tlvs, 0x0002); // public clients; the bot sends its roasted password as 0025
     if (!password && !world.options.Has(Departure::RoastedPasswordType)) password = FindTlv(tlvs, 0x0025);
     if (!name) return false;
-    auto code = !IsName(*name) ? codeBadName : !password || password->empty() ? codeBadPassword : 0;
+    auto code = !IsName(*name)                                     ? codeBadName
+                : !password || !IsWelcomeRoasted(world, *password) ? codeBadPassword
+                                                                   : 0;
     world.Dismiss(connection, Answer(world, *name, code));
     return true;
 }
@@ -77,7 +90,7 @@ bool HandleSignOn(World& world, Connection& connection, const Snac& snac) {
     if (snac.subtype != 0x0002) return true;
     auto hash = FindTlv(*tlvs, 0x0025);
     auto good = hash && hash->size() == 16 && !connection.authKey.empty() &&
-                !IsEmptyHash(world, connection.authKey, *hash);
+                IsWelcomeHash(world, connection.authKey, *hash);
     auto code = !IsName(*name) ? codeBadName : !good ? codeBadPassword : 0;
     connection.SendSnac(0x0017, 0x0003, snac.id, Answer(world, *name, code));
     connection.authKey.clear(); // a key is good for one try

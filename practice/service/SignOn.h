@@ -1,6 +1,7 @@
 #pragma once
 
-// The two sign-on dialogues. Every name and every password of one character or more is welcome.
+// The two sign-on dialogues. Every name and every password of one character or more is welcome, unless the
+// options name the one password.
 
 #include "practice/Wire.h"
 #include "practice/World.h"
