@@ -41,7 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto header = ManagementHeader(address))
         fuzz::Require((header->first + header->second).find_first_of("\r\n") == std::string::npos);
     const auto rest = input.Rest();
-    for (const auto& found : SessionAddresses(rest, name)) fuzz::Require(!found.empty() && found.size() <= 64);
+    for (const auto& found : SessionAddresses(rest, name))
+        fuzz::Require(!found.empty() && found.size() <= 64);
     CheckFile(rest);
 
     HttpReader whole(HttpReader::Kind::Answer), parts(HttpReader::Kind::Answer);

@@ -21,7 +21,7 @@ QNetworkRequest PlainRequest(const HttpRequest& request) {
     made.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     made.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     made.setRawHeader("User-Agent", "Halyard");
-    made.setRawHeader("Accept-Language", "*"); // not the operator's
+    made.setRawHeader("Accept-Language", "*");        // not the operator's
     made.setRawHeader("Accept-Encoding", "identity"); // packed, a small answer could grow without bound
     for (const auto& [name, value] : request.headers) made.setRawHeader(BytesOf(name), BytesOf(value));
     return made;

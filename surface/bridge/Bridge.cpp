@@ -1,6 +1,8 @@
 #include "surface/bridge/Bridge.h"
 
+#include "base/Text.h"
 #include "bridge/networks/Refusals.h"
+#include "commands/CommandContext.h"
 #include "platform/Platform.h"
 #include "surface/frmMain.h"
 #include "surface/look/Theme.h"
@@ -12,16 +14,26 @@ namespace {
 constexpr int WrongPassword = 5;
 constexpr const char* RoastedStage = "Sending roasted login...";
 
+bool IsSpared(const Options& options, const std::string& name) {
+    const auto key = NormalizeName(name);
+    return CheckCollection(key, options.Ops) || CheckCollection(key, options.Immunes);
+}
+
 } // namespace
 
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
-      check(main.Context().platform, main.Control()),
-      window(main.Context(), file, chosen, foot, check),
-      answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }), main(main) {
+      check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
+      answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
+      enforcement(main.Context().platform, main.Control(),
+                  {[&main](const std::string& name) { return IsSpared(main.options, name); },
+                   [this](const std::string& text) { foot.Tell(text); },
+                   main.Context().platform.FileSystem().BridgeFolder()}),
+      main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
+    heard.Add(enforcement);
     heard.Add(check.Listener());
     main.Control().SetNews(&heard);
 }
@@ -44,6 +56,15 @@ void Bridge::BindControls() {
         if (index < static_cast<int>(file.Networks().size())) chosen.Choose(row.cmbNetwork.Text());
     };
     row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    window.management.onApplied = [this](const std::string& network) {
+        if (network == chosen.OfSignOn()) Enforce(network);
+    };
+    window.management.onBan = [this](std::int16_t room, const std::string& name) {
+        if (!enforcement.BanByHand(room, name)) foot.Tell(name + " can't be banned there now.");
+    };
+    enforcement.onSameAddress = [this](std::int16_t room, const std::string& name, const std::string& other) {
+        window.management.AddSuspect(room, name, other);
+    };
     foot.lblFoot.Click = [this] { window.ShowAt(NetworkWindow::Told); };
 }
 
@@ -65,7 +86,14 @@ void Bridge::Refresh() {
 bool Bridge::MayLogin(ConnectionPanel::By by) {
     if (!chosen.MayLogin(by)) return false;
     window.check.GiveWay();
+    Enforce(chosen.OfSignOn());
     return true;
+}
+
+void Bridge::Enforce(const std::string& network) {
+    const auto terms = file.Management(network);
+    enforcement.SetTerms(terms);
+    answers.enforcedElsewhere = terms.enforce;
 }
 
 void Bridge::SignOnStage(const std::string& text) {
@@ -89,6 +117,8 @@ void Bridge::SignedOffElsewhere(int reason, const std::string& page) {
 void Bridge::ConnectionEnded(int socket, const std::string&) {
     if (socket == 0) row.Tell(RefusalText(RefusalKind::SignOff, -1));
 }
+
+void Bridge::RoomEntered(std::int16_t room, const std::string&) { window.management.ForgetRoom(room); }
 
 /// The code is a reason of the room's where it is one, else the word of a bare error answer.
 void Bridge::RoomRefused(int code, const std::string&, const std::string&) {

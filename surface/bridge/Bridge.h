@@ -6,6 +6,7 @@
 #include "bridge/NewsFan.h"
 #include "bridge/networks/BanAnswers.h"
 #include "bridge/networks/BridgeFile.h"
+#include "bridge/networks/Enforcement.h"
 #include "bridge/networks/NetworkCheck.h"
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
@@ -35,10 +36,12 @@ class Bridge : private News {
     NetworkCheck check;
     NetworkWindow window;
     BanAnswers answers;
+    Enforcement enforcement;
 
   private:
     void BindControls();
     void Refresh();
+    void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
 
     // News.
@@ -47,6 +50,7 @@ class Bridge : private News {
     void SignedOn(const std::string& name) override;
     void SignedOffElsewhere(int reason, const std::string& page) override;
     void ConnectionEnded(int socket, const std::string& text) override;
+    void RoomEntered(std::int16_t room, const std::string& name) override;
     void RoomRefused(int code, const std::string& family, const std::string& text) override;
     void RateTold(std::int16_t room, int code, int classId) override;
 

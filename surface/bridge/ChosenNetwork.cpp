@@ -94,7 +94,8 @@ bool ChosenNetwork::MayLogin(ConnectionPanel::By by) {
 
 bool ChosenNetwork::MayConnect(ConnectionPanel::By by) {
     const auto* network = Defined();
-    if (!network) return Refuse("The network \"" + name + "\" is no longer defined. Choose or define one.", by);
+    if (!network)
+        return Refuse("The network \"" + name + "\" is no longer defined. Choose or define one.", by);
     return main.Control().Settings.LoginMD5 || MayRoast(network->name, Host()) || AskRoasting(*network, by);
 }
 

@@ -82,7 +82,7 @@ class ChosenNetwork {
         bool hashed = true;
         bool mayRoast = false;
     } begun;
-    std::string refused; ///< the way back, and why
+    std::string refused;                                     ///< the way back, and why
     std::set<std::pair<std::string, std::string>> unchecked; ///< networks and hosts that take any password
 };
 

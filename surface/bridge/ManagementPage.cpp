@@ -5,11 +5,46 @@
 
 namespace halyard {
 
+namespace {
+
+constexpr std::size_t MostSuspects = 100;
+
+} // namespace
+
 ManagementPage::ManagementPage(BridgeFile& file, std::function<void(const std::string&)> tell)
     : file(file), tell(std::move(tell)) {
     cmdApply.Click = [this] { Apply(); };
     chkEnforce.Click = [this] { chkSuspend.SetEnabled(chkEnforce.Value() == 1); };
     chkSuspend.SetEnabled(false);
+    cmdBanSuspect.Click = [this] { BanSuspect(); };
+    cmdBanSuspect.SetEnabled(false);
+    lstSuspects.Click = [this] { cmdBanSuspect.SetEnabled(lstSuspects.ListIndex() >= 0); };
+}
+
+void ManagementPage::AddSuspect(std::int16_t room, const std::string& name, const std::string& other) {
+    if (suspects.size() >= MostSuspects) TakeOff(0);
+    suspects.emplace_back(room, name);
+    lstSuspects.AddItem(name + ", where " + other + " was banned");
+    cmdBanSuspect.SetEnabled(lstSuspects.ListIndex() >= 0);
+}
+
+void ManagementPage::BanSuspect() {
+    const auto index = lstSuspects.ListIndex();
+    if (index < 0) return;
+    const auto [room, name] = suspects[static_cast<std::size_t>(index)];
+    TakeOff(index);
+    if (onBan) onBan(room, name);
+}
+
+void ManagementPage::ForgetRoom(std::int16_t room) {
+    for (int index = lstSuspects.ListCount() - 1; index >= 0; --index)
+        if (suspects[static_cast<std::size_t>(index)].first == room) TakeOff(index);
+}
+
+void ManagementPage::TakeOff(int index) {
+    suspects.erase(suspects.begin() + index);
+    lstSuspects.RemoveItem(index);
+    cmdBanSuspect.SetEnabled(lstSuspects.ListIndex() >= 0);
 }
 
 void ManagementPage::Fill(const std::string& name) {

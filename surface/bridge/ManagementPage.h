@@ -6,8 +6,11 @@
 #include "bridge/networks/ManagementTerms.h"
 #include "platform/Controls.h"
 
+#include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace halyard {
 
@@ -30,9 +33,18 @@ class ManagementPage {
     CheckBox chkSuspend{"chkSuspend", "Suspend the account of who is put out five times in ten minutes"};
     CheckBox chkWatch{"chkWatch", "Keep a keyed hash of each session's address for 30 days"};
     Button cmdApply{"cmdApply", "Apply"};
+    Label lblSuspects{"lblSuspects", "Entered from where somebody else was banned"};
+    ListBox lstSuspects{"lstSuspects"};
+    Button cmdBanSuspect{"cmdBanSuspect", "Ban"};
 
     /// The terms of a network were kept.
     std::function<void(const std::string& network)> onApplied;
+    /// The operator wants this person out of the room at this socket slot.
+    std::function<void(std::int16_t room, const std::string& name)> onBan;
+    /// `name` has entered the room from where `other` was banned. The last 100 are listed.
+    void AddSuspect(std::int16_t room, const std::string& name, const std::string& other);
+    /// The slot belongs to another room from now on: who was listed for the one before is not any more.
+    void ForgetRoom(std::int16_t room);
     /// Shows what is kept for this network.
     void Fill(const std::string& network);
     /// Keeps what the boxes say where it is another.
@@ -42,13 +54,18 @@ class ManagementPage {
     void EachControl(Visit&& visit) {
         visit(FrameManagement), visit(lblAddress), visit(txtAddress), visit(lblHeader), visit(txtHeader);
         visit(chkEnforce), visit(lblEnforce), visit(chkSuspend), visit(chkWatch), visit(cmdApply);
+        visit(lblSuspects), visit(lstSuspects), visit(cmdBanSuspect);
     }
 
   private:
     ManagementTerms Boxes() const;
 
+    void BanSuspect();
+    void TakeOff(int index);
+
     BridgeFile& file;
     std::function<void(const std::string&)> tell;
+    std::deque<std::pair<std::int16_t, std::string>> suspects; ///< as listed: room and name
     std::string network; ///< whose terms the boxes show; empty before the first Fill
 };
 

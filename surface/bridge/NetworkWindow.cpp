@@ -54,8 +54,7 @@ std::string Lines(const std::vector<std::string>& lines) {
 NetworkWindow::NetworkWindow(const SurfaceContext& context, BridgeFile& file, ChosenNetwork& chosen,
                              FootLine& foot, NetworkCheck& check)
     : Opened(context), management(file, [&foot](const std::string& text) { foot.Tell(text); }),
-      check(context, chosen, check), foot(foot),
-      file(file), chosen(chosen) {
+      check(context, chosen, check), foot(foot), file(file), chosen(chosen) {
     form.SetVisible(false);
     optPage.Click = [this](int page) { ShowPage(page); };
     cmbChosen.Click = [this](int index) {

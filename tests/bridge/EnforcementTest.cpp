@@ -27,7 +27,8 @@ struct Den : Stage {
         control.UseNetwork({.name = "den", .hosts = {}, .ways = WaysOf(Departure::UnenforcedBans)});
         control.SetNews(&*enforcement);
         enforcement->SetTerms(terms);
-        enforcement->onSameAddress = [this](std::int16_t room, const std::string& name, const std::string& other) {
+        enforcement->onSameAddress = [this](std::int16_t room, const std::string& name,
+                                            const std::string& other) {
             clicks.push_back(std::to_string(room) + " " + name + " " + other);
         };
         control.Login("The Bot", "pw", 5190, true, false, "127.0.0.1");
@@ -38,10 +39,13 @@ struct Den : Stage {
         told.clear();
     }
     void Until(const std::string& line) {
-        EXPECT_TRUE(world.RunUntil([&] {
-            return std::any_of(log.lines.begin(), log.lines.end(),
-                               [&](const auto& each) { return each.starts_with(line); });
-        }, 5000)) << line;
+        EXPECT_TRUE(world.RunUntil(
+            [&] {
+                return std::any_of(log.lines.begin(), log.lines.end(),
+                                   [&](const auto& each) { return each.starts_with(line); });
+            },
+            5000))
+            << line;
     }
     void Ban(const std::string& name, BanKind kind = BanKind::Ban, const std::string& other = {}) {
         EXPECT_NE(control.BanUser(name, kind, 2, other), BanOutcome::Dropped);
@@ -94,10 +98,10 @@ TEST(Enforcement, EndsTheSessionOfWhoeverIsBannedAndDoesWhatTheKindSays) {
     EXPECT_FALSE(den.IsIn("kim") || den.IsListed("kim"));
     den.Ban("tim", BanKind::TimeBan, "1");
     den.world.RunFor(9000);
-    EXPECT_EQ(den.Happened(), (Lines{"DELETE /session/bobsmith", "says \xAB Banned: Bob Smith, Bans: 1 \xBB",
-                                     "DELETE /session/kim", "says \xAB Kicked: kim, Bans: 1 \xBB",
-                                     "DELETE /session/tim",
-                                     "says \xAB Time banned: tim for 1 minutes, Bans: 2\xBB"}));
+    EXPECT_EQ(den.Happened(),
+              (Lines{"DELETE /session/bobsmith", "says \xAB Banned: Bob Smith, Bans: 1 \xBB",
+                     "DELETE /session/kim", "says \xAB Kicked: kim, Bans: 1 \xBB", "DELETE /session/tim",
+                     "says \xAB Time banned: tim for 1 minutes, Bans: 2\xBB"}));
     EXPECT_TRUE(den.IsIn("op") && den.IsListed("tim") && !den.IsListed("op"));
     EXPECT_EQ(den.control.RequestIDs.Count(), 0U);
     EXPECT_EQ(std::count(den.log.lines.begin(), den.log.lines.end(), "RemovedEject|kim|2|1"), 1);
@@ -111,7 +115,8 @@ TEST(Enforcement, EndsTheSessionOfWhoeverIsBannedAndDoesWhatTheKindSays) {
     den.world.RunFor(20000);
     EXPECT_TRUE(den.IsIn("tim"));
     const auto rest = den.Happened();
-    EXPECT_EQ(std::count_if(rest.begin(), rest.end(), [](const auto& line) { return line.starts_with("DEL"); }), 0);
+    EXPECT_EQ(
+        std::count_if(rest.begin(), rest.end(), [](const auto& line) { return line.starts_with("DEL"); }), 0);
     EXPECT_EQ(den.Told(), Lines{});
 }
 
@@ -138,7 +143,8 @@ TEST(Enforcement, TellsARefusalAndListsNobodyForIt) {
     den.network.Levers().SetManagementMood(ManagementMood::Works);
     den.world.RunFor(2000);
     EXPECT_TRUE(den.IsListed("nobody"));
-    for (const char* name : {"The Bot", "..", "a/../b", "a\\b", "x:y", "a\r\nb"}) den.Ban(name), den.world.RunFor(3000);
+    for (const char* name : {"The Bot", "..", "a/../b", "a\\b", "x:y", "a\r\nb"})
+        den.Ban(name), den.world.RunFor(3000);
     EXPECT_EQ(den.Told().size(), 6U);
     den.Ban("J\xFCrgen %2e?#"); // stays within its segment
     den.world.RunFor(3000);
@@ -172,7 +178,8 @@ TEST(Enforcement, PutsOutAgainWithoutAWordAndSuspendsAfterFive) {
 
     // Another run of the bot knows what this one did, and lifts that alone.
     den.enforcement.emplace(den.machine, den.control,
-                            Enforcement::Hands{.spared = {}, .tell = [&](const auto& text) { den.told.push_back(text); },
+                            Enforcement::Hands{.spared = {},
+                                               .tell = [&](const auto& text) { den.told.push_back(text); },
                                                .folder = "/bridge"});
     den.control.SetNews(&*den.enforcement);
     den.enforcement->SetTerms({.enforce = true, .suspend = true});
@@ -197,7 +204,8 @@ TEST(Enforcement, LeavesNobodyOnTheListInTheRoomForTenSeconds) {
             levers.Enter("den", name);
             if (den.world.chance.Chance(0.4)) den.Ban(name);
             if (den.world.chance.Chance(0.1)) den.control.UnbanUser(name, BanKind::Unban, 2);
-            if (den.world.chance.Chance(0.05)) levers.SetManagementMood(*(moods.begin() + den.world.chance.Between(0, 2)));
+            if (den.world.chance.Chance(0.05))
+                levers.SetManagementMood(*(moods.begin() + den.world.chance.Between(0, 2)));
             den.world.RunFor(den.world.chance.Between(1, 1500));
         }
         levers.SetManagementMood(ManagementMood::Works);
@@ -239,7 +247,8 @@ TEST(Enforcement, KnowsWhoEntersFromWhereSomebodyWasBanned) {
     for (const auto& [name, address] : people) levers.SetAddress(name, address), levers.Enter("den", name);
     den.world.RunFor(10000);
     for (const char* name : {"bob", "ann", "max"}) den.Ban(name), den.world.RunFor(3000);
-    for (const auto& [name, address] : {std::pair("Bob Two", "192.0.2.7"), {"ann2", "10.0.0.1"}, {"max2", "127.0.0.1"}})
+    for (const auto& [name, address] :
+         {std::pair("Bob Two", "192.0.2.7"), {"ann2", "10.0.0.1"}, {"max2", "127.0.0.1"}})
         levers.SetAddress(name, address), levers.Enter("den", name), den.world.RunFor(3000);
     EXPECT_EQ(den.Told(), Lines{"Bob Two entered from where bob was banned"});
     EXPECT_EQ(den.clicks, Lines{"2 Bob Two bob"});
@@ -261,10 +270,14 @@ TEST(Enforcement, KnowsWhoEntersFromWhereSomebodyWasBanned) {
 
 TEST(EnforcementRecord, PutsADamagedFileAsideAndKeepsWhatItCan) {
     const std::string good = R"({"name":"bob","at":"http://h","since":5})";
-    const std::tuple<std::string, bool, bool> cases[] = { // bytes, put aside, bob is known
-        {R"({"suspensions":[)" + good + "]}", false, true}, {R"({"suspensions":[)" + good + ",7]}", true, true},
-        {R"({"suspensions":[)" + good, true, false},        {"", true, false},
-        {"[]", true, false},                                {R"({"addresses":{}})", true, false},
+    const std::tuple<std::string, bool, bool> cases[] = {
+        // bytes, put aside, bob is known
+        {R"({"suspensions":[)" + good + "]}", false, true},
+        {R"({"suspensions":[)" + good + ",7]}", true, true},
+        {R"({"suspensions":[)" + good, true, false},
+        {"", true, false},
+        {"[]", true, false},
+        {R"({"addresses":{}})", true, false},
         {R"({"suspensions":[{"name":"Bob","at":"http://h","since":-1}]})", true, false}};
     for (const auto& [bytes, aside, known] : cases) {
         SimWorld world;

@@ -1,7 +1,9 @@
-// HTTP as text: where URLs lead, what is refused, messages put together from pieces, and the simulated client.
+// HTTP as text: where URLs lead, what is refused, messages put together from pieces, and the simulated
+// client.
+
+#include "platform/Http.h"
 
 #include "platform/Hmac.h"
-#include "platform/Http.h"
 #include "platform/HttpReader.h"
 #include "platform/sim/SimPlatform.h"
 
@@ -35,16 +37,23 @@ TEST(HttpText, UrlsLeadWhereTheySay) {
                                  : "";
         EXPECT_EQ(found, leads) << url;
     }
-    for (const auto& [name, value] : {std::pair("X", "a\r\nY: b"), {"X", "a\n"}, {"X\r\nY", "a"}, {"X Y", "a"},
-                                      {"", "a"}, {"X", "a\x01"}, {"content-LENGTH", "5"}})
+    for (const auto& [name, value] : {std::pair("X", "a\r\nY: b"),
+                                      {"X", "a\n"},
+                                      {"X\r\nY", "a"},
+                                      {"X Y", "a"},
+                                      {"", "a"},
+                                      {"X", "a\x01"},
+                                      {"content-LENGTH", "5"}})
         EXPECT_FALSE(ProblemOf({.url = "http://h/", .headers = {{name, value}}, .body = {}}).empty()) << name;
     EXPECT_EQ(PercentEncoded("a/..%\n\xC3\xA9"), "a%2F..%25%0A%C3%A9");
-    EXPECT_EQ(HmacSha256("key", "The quick brown fox jumps over the lazy dog").substr(0, 4), "\xF7\xBC\x83\xF4");
+    EXPECT_EQ(HmacSha256("key", "The quick brown fox jumps over the lazy dog").substr(0, 4),
+              "\xF7\xBC\x83\xF4");
 }
 
 TEST(HttpText, ReadsMessagesInPiecesAndWithinBounds) {
     using Kind = HttpReader::Kind;
-    const std::tuple<Kind, std::string, std::string> cases[] = { // what is found: status and body
+    const std::tuple<Kind, std::string, std::string> cases[] = {
+        // what is found: status and body
         {Kind::Answer, "HTTP/1.1 200 OK\r\ncontent-length: 3\r\n\r\nabcdef", "200 abc"},
         {Kind::Answer, "HTTP/1.1 204 None\r\n\r\n", "204 "},
         {Kind::Answer, "HTTP/1.0 404 No\r\n\r\nto the end", "404 to the end"},
@@ -97,12 +106,14 @@ TEST(SimHttp, AsksFailsAndFallsSilentWithItsOwner) {
         return told;
     };
     EXPECT_EQ(ask("http://h:8080/a"), "200hi");
-    EXPECT_EQ(heard, "GET /a HTTP/1.1\r\nHost: h:8080\r\nConnection: close\r\nX: y\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_EQ(heard,
+              "GET /a HTTP/1.1\r\nHost: h:8080\r\nConnection: close\r\nX: y\r\nContent-Length: 0\r\n\r\n");
     EXPECT_EQ(ask("http://h:8081/"), "0Connection refused");
     EXPECT_EQ(ask("nowhere"), "0the address is no URL of HTTP");
     answer = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nhi";
     EXPECT_EQ(ask("http://h:8080/"), "0no answer in time");
-    http->Ask({.url = "http://h:8080/", .headers = {}, .body = {}}, [&](const HttpAnswer&) { ADD_FAILURE(); });
+    http->Ask({.url = "http://h:8080/", .headers = {}, .body = {}},
+              [&](const HttpAnswer&) { ADD_FAILURE(); });
     world.RunFor(1);
     http.reset();
     world.RunFor(6000);

@@ -45,9 +45,13 @@ QWidget* OwnServerPage(ManagementPage& page) {
     grid->addWidget(BindLabel(page.lblHeader), 1, 0);
     grid->addWidget(BindPassword(page.txtHeader, page.lblHeader.Caption()), 1, 1);
     grid->setColumnStretch(1, 1);
+    auto* suspects = BindList(page.lstSuspects, page.lblSuspects.Caption());
+    HighFor(*suspects, 3);
     return Fill(BindGroup(page.FrameManagement),
                 {grid, BindCheck(page.chkEnforce), Wrapped(page.lblEnforce), BindCheck(page.chkSuspend),
-                 BindCheck(page.chkWatch), Room(), Row({Room(), BindButton(page.cmdApply)})});
+                 BindCheck(page.chkWatch), Row({Room(), BindButton(page.cmdApply)}),
+                 BindLabel(page.lblSuspects), Item(suspects, 1),
+                 Row({Room(), BindButton(page.cmdBanSuspect)})});
 }
 
 QWidget* DrawCheckPage(CheckPage& page) {
