@@ -30,7 +30,7 @@ class ManagementPage {
     Label lblEnforce{"lblEnforce",
                      "This signs the person off the whole network, not out of one room. Ops and immunes are "
                      "never touched."};
-    CheckBox chkSuspend{"chkSuspend", "Suspend the account of who is put out five times in ten minutes"};
+    CheckBox chkSuspend{"chkSuspend", "Suspend accounts that are put out five times in ten minutes"};
     CheckBox chkWatch{"chkWatch", "Keep a keyed hash of each session's address for 30 days"};
     Button cmdApply{"cmdApply", "Apply"};
     Label lblSuspects{"lblSuspects", "Entered from where somebody else was banned"};

@@ -46,6 +46,8 @@ QLineEdit* BindLine(TextBox& box, const std::string& name);
 QLineEdit* BindPassword(TextBox& box, const std::string& name);
 /// Read only, many lines; what is appended is appended here too, and scrolled to.
 QPlainTextEdit* BindLog(TextBox& box, const std::string& name);
+/// Read only, many lines, seen from the first one on whenever it is another text.
+QPlainTextEdit* BindReading(TextBox& box, const std::string& name);
 QComboBox* BindCombo(ComboBox& box, const std::string& name);
 /// Opens to choose; nothing is typed in it.
 QComboBox* BindChoice(ChoiceBox& box, const std::string& name);

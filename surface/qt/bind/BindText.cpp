@@ -101,6 +101,16 @@ QPlainTextEdit* BindLog(TextBox& box, const std::string& name) {
     return widget;
 }
 
+QPlainTextEdit* BindReading(TextBox& box, const std::string& name) {
+    auto* widget = new LogView;
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Field, [&box, widget] {
+        if (!widget->Show(box.Text())) return;
+        widget->moveCursor(QTextCursor::Start);
+    });
+    return widget;
+}
+
 namespace {
 
 void KeepItems(QComboBox& widget, const std::vector<std::string>& items) {

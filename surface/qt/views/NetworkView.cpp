@@ -19,18 +19,12 @@ namespace halyard {
 
 namespace {
 
-QLabel* Wrapped(Label& label) {
-    auto* text = BindLabel(label);
-    text->setWordWrap(true);
-    return text;
-}
-
 QWidget* WaysPage(NetworkWindow& model) {
     auto* choice = BindChoice(model.cmbChosen, model.lblChosen.Caption());
     choice->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    auto* ways = BindLog(model.txtWays, "What this network does otherwise");
+    auto* ways = BindReading(model.txtWays, "What this network does otherwise");
     HighFor(*ways, 7);
-    auto* problems = BindLog(model.txtProblems, "Mistakes in bridge.toml");
+    auto* problems = BindReading(model.txtProblems, "Mistakes in bridge.toml");
     HighFor(*problems, 3);
     problems->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return Fill(BindGroup(model.FrameWays),
@@ -48,7 +42,7 @@ QWidget* OwnServerPage(ManagementPage& page) {
     auto* suspects = BindList(page.lstSuspects, page.lblSuspects.Caption());
     HighFor(*suspects, 3);
     return Fill(BindGroup(page.FrameManagement),
-                {grid, BindCheck(page.chkEnforce), Wrapped(page.lblEnforce), BindCheck(page.chkSuspend),
+                {grid, BindCheck(page.chkEnforce), BindValue(page.lblEnforce, 2), BindCheck(page.chkSuspend),
                  BindCheck(page.chkWatch), Row({Room(), BindButton(page.cmdApply)}),
                  BindLabel(page.lblSuspects), Item(suspects, 1),
                  Row({Room(), BindButton(page.cmdBanSuspect)})});
@@ -57,20 +51,21 @@ QWidget* OwnServerPage(ManagementPage& page) {
 QWidget* DrawCheckPage(CheckPage& page) {
     auto* exchange = BindLine(page.txtCheckExchange, page.lblCheckExchange.Caption());
     exchange->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    exchange->setMaximumWidth(exchange->fontMetrics().averageCharWidth() * 8);
     auto* rows = BindList(page.lstCheck, page.FrameCheck.Caption());
     HighFor(*rows, 6);
     auto* found = BindValue(page.lblFound, 3);
     NameAfter(*found, "The selected row");
     return Fill(BindGroup(page.FrameCheck),
                 {Row({BindLabel(page.lblCheckRoom), BindLine(page.txtCheckRoom, page.lblCheckRoom.Caption()),
-                      BindLabel(page.lblCheckExchange), exchange}),
-                 Row({Item(BindValue(page.lblCheckState), 1), BindButton(page.cmdStartCheck),
+                      BindLabel(page.lblCheckExchange), exchange, BindButton(page.cmdStartCheck),
                       BindButton(page.cmdStopCheck)}),
-                 Item(rows, 1), found, Row({Room(), BindButton(page.cmdSaveHexLog)})});
+                 BindValue(page.lblCheckState), Item(rows, 1), found,
+                 Row({Room(), BindButton(page.cmdSaveHexLog)})});
 }
 
 QWidget* MeaningsPage(NetworkWindow& model) {
-    auto* meanings = BindLog(model.txtMeanings, model.FrameMeanings.Caption());
+    auto* meanings = BindReading(model.txtMeanings, model.FrameMeanings.Caption());
     return Fill(BindGroup(model.FrameMeanings), {Item(meanings, 1)});
 }
 
@@ -89,7 +84,7 @@ std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model) {
     pages->AddPage(DrawCheckPage(model.check), model.check.FrameCheck);
     pages->AddPage(MeaningsPage(model), model.FrameMeanings);
     pages->AddPage(ToldPage(model), model.FrameTold);
-    WideFor(*pages, 60);
+    WideFor(*pages, 66);
     Fill(window.get(), {BindOptions(model.optPage, "Page"), Item(pages, 1)});
     return window;
 }
