@@ -36,7 +36,9 @@ SoakPlan DayPlan(std::uint64_t number) {
     return plan;
 }
 
-std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
+std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
+    auto words = given;
+    const bool bridge = std::erase(words, "--bridge") > 0;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -50,13 +52,15 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words) {
         days = days || day || words[i] == "--days";
     }
     if (!seed || !days) return std::nullopt;
+    plan.bridge = bridge;
     return plan;
 }
 
 std::string ReplayLine(const SoakPlan& plan) {
     return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
-           " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour());
+           " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
+           (plan.bridge ? " --bridge" : "");
 }
 
 } // namespace halyard

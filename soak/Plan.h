@@ -12,10 +12,11 @@ struct SoakPlan {
     std::uint64_t seed = 1;
     double days = 1;
     int rooms = 1;
-    int people = 20; ///< in all rooms together
-    int faults = 0;  ///< 0 (none) to 9
-    int journal = 0; ///< 1 writes down everything that happens, 2 everything that goes into the digest
-    int lines = 0;   ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
+    int people = 20;     ///< in all rooms together
+    int faults = 0;      ///< 0 (none) to 9
+    int journal = 0;     ///< 1 writes down everything that happens, 2 everything that goes into the digest
+    int lines = 0;       ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
+    bool bridge = false; ///< the bridge is there as well, with nothing switched on
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 
@@ -25,8 +26,8 @@ SoakPlan DayPlan(std::uint64_t number);
 
 /// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--journal 0..2]", or "--day
 /// N
-/// [--journal 0..2]" for a DayPlan. Nothing for words that make no sense or numbers out of their range; seed
-/// and days must be given, or the day.
+/// [--journal 0..2]" for a DayPlan, and "--bridge" anywhere. Nothing for words that make no sense or numbers
+/// out of their range; seed and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);
