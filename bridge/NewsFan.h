@@ -26,6 +26,9 @@ class NewsFan : public News {
     void ConnectionEnded(int socket, const std::string& text) override {
         Pass(&News::ConnectionEnded, socket, text);
     }
+    void SocketFailed(int socket, int number, const std::string& words) override {
+        Pass(&News::SocketFailed, socket, number, words);
+    }
     void Frame(int socket, bool sent, int channel, std::string_view body) override {
         Pass(&News::Frame, socket, sent, channel, body);
     }

@@ -35,7 +35,6 @@ struct PracticeOptions {
     std::size_t maxConnections = 1000;
     std::size_t maxRooms = 500;
     std::int32_t management = -1; ///< the port of the management on 127.0.0.1; 0 any free one, -1 none
-    std::string password;         ///< the one that everybody's sign-on needs; empty: any will do
     Ways ways; ///< the habits of other services: for each departure, the one that it is there for
 
     bool Has(Departure habit) const { return ways.test(static_cast<std::size_t>(habit)); }

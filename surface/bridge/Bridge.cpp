@@ -4,8 +4,11 @@
 #include "bridge/networks/Refusals.h"
 #include "commands/CommandContext.h"
 #include "platform/Platform.h"
+#include "platform/Tls.h"
 #include "surface/frmMain.h"
 #include "surface/look/Theme.h"
+
+#include <utility>
 
 namespace halyard {
 
@@ -114,8 +117,16 @@ void Bridge::SignedOffElsewhere(int reason, const std::string& page) {
     foot.Tell(words);
 }
 
+void Bridge::SocketFailed(int socket, int number, const std::string& words) {
+    if (number != TlsFailed) return;
+    foot.Tell(words);
+    if (socket == 0) refusedByTls = words;
+}
+
 void Bridge::ConnectionEnded(int socket, const std::string&) {
-    if (socket == 0) row.Tell(RefusalText(RefusalKind::SignOff, -1));
+    if (socket != 0) return;
+    const auto tls = std::exchange(refusedByTls, {});
+    row.Tell(tls.empty() ? RefusalText(RefusalKind::SignOff, -1) : tls);
 }
 
 void Bridge::RoomEntered(std::int16_t room, const std::string&) { window.management.ForgetRoom(room); }

@@ -13,6 +13,8 @@
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 
+#include <string>
+
 namespace halyard {
 
 class frmMain;
@@ -49,12 +51,14 @@ class Bridge : private News {
     void SignOnRefused(int code, const std::string& text) override;
     void SignedOn(const std::string& name) override;
     void SignedOffElsewhere(int reason, const std::string& page) override;
+    void SocketFailed(int socket, int number, const std::string& words) override;
     void ConnectionEnded(int socket, const std::string& text) override;
     void RoomEntered(std::int16_t room, const std::string& name) override;
     void RoomRefused(int code, const std::string& family, const std::string& text) override;
     void RateTold(std::int16_t room, int code, int classId) override;
 
     frmMain& main;
+    std::string refusedByTls; // what was wrong with the main connection's certificate
 };
 
 } // namespace halyard
