@@ -49,7 +49,7 @@ void ManagementPage::TakeOff(int index) {
 
 void ManagementPage::Fill(const std::string& name) {
     network = name;
-    const auto terms = file.Management(name);
+    const auto terms = filled = file.Management(name);
     FrameManagement.SetCaption("A server of one's own: " + name);
     txtAddress.SetText(terms.address);
     txtHeader.SetText(terms.header);
@@ -64,8 +64,8 @@ ManagementTerms ManagementPage::Boxes() const {
 }
 
 void ManagementPage::Apply() {
-    if (network.empty() || Boxes() == file.Management(network)) return;
     const auto wanted = Boxes();
+    if (network.empty() || wanted == filled) return;
     if (!file.SetManagement(network, wanted))
         tell(file.Management(network) == wanted
                  ? "The management of " + network +

@@ -47,7 +47,7 @@ class ManagementPage {
     void ForgetRoom(std::int16_t room);
     /// Shows what is kept for this network.
     void Fill(const std::string& network);
-    /// Keeps what the boxes say where it is another.
+    /// Keeps what the boxes say where somebody has changed it.
     void Apply();
 
     template <typename Visit>
@@ -66,6 +66,7 @@ class ManagementPage {
     BridgeFile& file;
     std::function<void(const std::string&)> tell;
     std::deque<std::pair<std::int16_t, std::string>> suspects; ///< as listed: room and name
+    ManagementTerms filled;                                    ///< into the boxes
     std::string network; ///< whose terms the boxes show; empty before the first Fill
 };
 

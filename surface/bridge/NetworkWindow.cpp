@@ -31,7 +31,7 @@ std::string WaysText(const std::string& name, const Network* network) {
 
 std::string Codes(int code) {
     constexpr const char* digits = "0123456789ABCDEF";
-    if (code < 0) return "none";
+    if (code < 0) return "without a code";
     return std::to_string(code) + " (0x" + digits[code >> 4 & 15] + digits[code & 15] + ")";
 }
 
@@ -105,8 +105,10 @@ void NetworkWindow::ShowPage(int page) {
 }
 
 void NetworkWindow::ReadAgain() {
+    management.Apply();
     file.Load();
     chosen.TakeOver();
+    if (management.onApplied) management.onApplied(chosen.OfSignOn()); // the terms may be others now
 }
 
 void OfferNetworks(ChoiceBox& box, const BridgeFile& file, const std::string& chosen) {

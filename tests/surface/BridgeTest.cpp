@@ -2,6 +2,7 @@
 
 #include "surface/bridge/Bridge.h"
 
+#include "base/Text.h"
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
@@ -203,6 +204,10 @@ TEST_F(BridgeScene, KeepsTheTermsOfTheChosenNetworkAlone) {
     page.chkEnforce.SetValue(0);
     page.cmdApply.Press();
     EXPECT_FALSE(bridge.enforcement.Terms().enforce);
+    machine.disk.Put(Toml, Replace(machine.disk.Contents(Toml), "9090", "7070"));
+    bridge.window.cmdReadAgain.Press();
+    EXPECT_EQ(page.txtAddress.Text(), "127.0.0.1:7070") << "what the boxes held must not overwrite it";
+    EXPECT_EQ(bridge.enforcement.Terms().address, "127.0.0.1:7070");
 
     page.AddSuspect(3, "bob", "eve");
     page.lstSuspects.Select(0);

@@ -56,12 +56,13 @@ QWidget* DrawCheckPage(CheckPage& page) {
     HighFor(*rows, 6);
     auto* found = BindValue(page.lblFound, 3);
     NameAfter(*found, "The selected row");
-    return Fill(BindGroup(page.FrameCheck),
-                {Row({BindLabel(page.lblCheckRoom), BindLine(page.txtCheckRoom, page.lblCheckRoom.Caption()),
-                      BindLabel(page.lblCheckExchange), exchange, BindButton(page.cmdStartCheck),
-                      BindButton(page.cmdStopCheck)}),
-                 BindValue(page.lblCheckState), Item(rows, 1), found,
-                 Row({Room(), BindButton(page.cmdSaveHexLog)})});
+    auto* room = BindLine(page.txtCheckRoom, page.lblCheckRoom.Caption());
+    return Fill(
+        BindGroup(page.FrameCheck),
+        {Row({BindLabel(page.lblCheckRoom), Item(room, 1), BindLabel(page.lblCheckExchange), exchange}),
+         Item(rows, 1), found, BindValue(page.lblCheckState),
+         Row({BindButton(page.cmdStartCheck), BindButton(page.cmdStopCheck), Room(),
+              BindButton(page.cmdSaveHexLog)})});
 }
 
 QWidget* MeaningsPage(NetworkWindow& model) {
