@@ -2,7 +2,7 @@
 // time, into a bot on line with a room and the whole command engine behind it.
 //
 // An input is a row of steps, a byte each and what belongs to it. The low two bits are the socket; the rest
-// says what happens there (see Step).
+// says what happens there (see Step). A bot with the ways of "Open server" meets those whose last byte ends in three set bits.
 
 #include "fuzz/FuzzDesk.h"
 
@@ -42,6 +42,12 @@ void Step(FuzzDesk& desk, Input& input) {
         desk.Feed(socket, input.Bytes(static_cast<std::size_t>(input.Word())));
 }
 
+const Ways& WaysFor(const std::uint8_t* data, std::size_t size) {
+    static const Ways none;
+    static const Ways open = FindNetwork(BuiltInNetworks(), "Open server")->ways;
+    return size > 0 && data[size - 1] % 8 == 7 ? open : none;
+}
+
 /// What must hold in every state that bytes can bring about.
 void CheckState(const FuzzDesk& desk) {
     const auto& timers = desk.window.counters.lstActions;
@@ -56,6 +62,7 @@ void CheckState(const FuzzDesk& desk) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto& desk = KeptDesk(data, size);
+    desk.control.Switches().SetWays(WaysFor(data, size));
     static unsigned inputs = 0;
     if (inputs++ % inputsOfASignOn == 0)
         desk.SignOnAndJoin();

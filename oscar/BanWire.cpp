@@ -54,6 +54,9 @@ std::string BanRequest(const char* head, std::int32_t id, const std::string& str
     return HexToStr(head) + WordToStr(id) + MakeTLV("0001", 2, strUser);
 }
 
+/// Lines and closes go out under ids of their own, and a refusal of one carries it.
+bool IsTaken(std::int32_t id) { return id == 0x05 || id == 0x23; }
+
 constexpr const char* BanHead = "000E002400000000";
 constexpr const char* UnbanHead = "000E002500000000";
 constexpr const char* CloseID = "35"; // its low half is the type of its TLV
@@ -61,7 +64,8 @@ constexpr const char* CloseID = "35"; // its low half is the type of its TLV
 } // namespace
 
 void TillerSock::UpdateRequestID() {
-    CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
+    do CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
+    while (Departs(Departure::UnenforcedBans) && IsTaken(CurrentRequestID));
 }
 
 BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
@@ -136,7 +140,7 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     const bool ofClose = pending.empty() && id == CloseID;
     if (confirmsElsewhere && !ofClose && body != std::string(2, '\0')) return;
     TellBanAnswer(intChatIndex, id, body);
-    if (Departs(Departure::UnenforcedBans) && body.size() == 2 && body != std::string(2, '\0')) {
+    if (Departs(Departure::UnenforcedBans) && body.size() <= 2 && body != std::string(2, '\0')) {
         RequestIDs.Remove(id);
         return;
     }

@@ -139,19 +139,23 @@ void TillerSock::HandleNavigationError(const std::string& strPacket) {
         return true;
     });
     if (request.creationsUnanswered > 0) --request.creationsUnanswered;
-    if (!told && Departs(Departure::BareJoinRefusals)) {
-        std::int16_t code = 0;
-        if (auto word = StrToWord(HexToStr(strLastErrorCode))) AssignInt16(code, *word);
-        Refuse(UnknownJoinError, code, "000D");
-    }
+    if (!told && Departs(Departure::BareJoinRefusals)) RefuseBare(HexToStr(strLastErrorCode));
     EndRequest();
+}
+
+void TillerSock::RefuseBare(const std::string& strWord) {
+    std::int16_t code = 0;
+    if (auto word = StrToWord(strWord)) AssignInt16(code, *word);
+    Refuse(UnknownJoinError, code, "000D");
 }
 
 void TillerSock::HandleJoinError(const std::string& strPacket) {
     auto body = Mid(strPacket, BodyAt);
     const bool prefixed = IsFlagged(strPacket) && body.size() >= 2;
     if (prefixed) body = Mid(body, 4U + static_cast<unsigned char>(body[1])); // a byte behind the prefix
-    if (!ReadJoinError(body) && prefixed) ReadJoinError(BodyBehindPrefix(strPacket));
+    const bool told = ReadJoinError(body) || (prefixed && ReadJoinError(BodyBehindPrefix(strPacket)));
+    if (!told && request.JoinPending && body.size() == 2 && Departs(Departure::BareJoinRefusals))
+        RefuseBare(body);
     EndRequest();
 }
 
@@ -204,6 +208,7 @@ void TillerSock::Leave(std::int16_t intChatColIndex) {
     auto position = GetChatIndex(room->ChatIndex); // the listener may have moved it
     timers.UnloadChatTimers(position);
     Chat.Remove(position);
+    if (IsUnderWay({room->ChatName, room->Exchange, room->Instance})) EndRequest(); // left while it opened
 }
 
 } // namespace halyard

@@ -31,7 +31,7 @@ void TakeCountedTLVs(std::string& rest, Collection<std::string>& list) {
 } // namespace
 
 void TillerSock::SendIM(const std::string& strScreenname, const std::string& strMessage) {
-    if (signOn.MessagesRated) return;
+    if (platform.Milliseconds() < signOn.MessagesRatedUntil) return;
     SendPacket(indices.BOSIndex, 2,
                HexToStr("0004000600000000000400000000000000010001") + MakeTLV("", 1, strScreenname) +
                    MakeTLV("0002", 2,

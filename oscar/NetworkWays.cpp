@@ -53,6 +53,7 @@ void TillerSock::HandleMainSignOff(int Index, const std::string& strBody) {
             if (type == pageType) page = value;
             return true;
         });
+    if (!elsewhere && signOn.ServerPaused) return; // a migration is due, or the socket's end tells it
     if (!elsewhere) return SocketError(Index);
     int number = 0;
     for (const char c : Left(reason, 2)) number = number << 8 | static_cast<unsigned char>(c);

@@ -152,7 +152,7 @@ void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) 
     if (news) news->RoomEntered(room->ChatIndex, room->ChatName);
     events.JoinedChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, room->MaxPeople,
                       room->MaxMessageLength, room->ServerIP, room->DetailLevel);
-    EndRequest();
+    if (IsUnderWay(service.wish)) EndRequest();
 }
 
 } // namespace halyard

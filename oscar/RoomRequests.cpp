@@ -20,12 +20,15 @@ bool SameRoom(const RoomWish& one, const RoomWish& other) {
 
 } // namespace
 
+bool TillerSock::IsUnderWay(const RoomWish& wish) const {
+    return request.underWay && SameRoom({request.strJoinName, request.intJoinExchange, 0}, wish);
+}
+
 /// True when the wish has to wait, and now does. One for a room that waits already, or is just being asked
 /// for, is that one.
 bool TillerSock::WaitsItsTurn(const RoomWish& wish) {
     if (!Departs(Departure::OneServiceRequest) || !signOn.LoggedOn) return false;
-    const RoomWish current{request.strJoinName, request.intJoinExchange, request.intJoinInstance};
-    if (request.underWay && SameRoom(current, wish)) return true;
+    if (IsUnderWay(wish)) return true;
     if (!request.underWay && !signOn.ServerPaused) {
         request.underWay = true;
         request.tries = 0;

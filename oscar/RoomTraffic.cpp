@@ -18,6 +18,7 @@ namespace {
 
 // A line (000E 0006): its TLVs behind 8 bytes of cookie and 2 of channel, and those of its message.
 constexpr std::size_t LineAt = BodyAt + 10 - 1; // counted from 0
+constexpr std::int64_t MessagesRest = 30000; // ms without messages when no notice clears their class before
 constexpr std::string_view SenderTLV("\0\3", 2);
 constexpr std::string_view MessageTLV("\0\5", 2);
 constexpr std::string_view TextTLV("\0\1", 2);
@@ -84,9 +85,12 @@ void TillerSock::HearWholeBlock(int Index, std::string_view sender, std::string_
         return true;
     });
     if (!text) return;
-    const bool wide = encoding && *encoding == "unicode-2-0";
-    const auto name = NameIn(sender);
-    events.ChatMessage(static_cast<std::int16_t>(Index), name, wide ? FromUtf16(*text) : std::string(*text));
+    std::string line(*text);
+    if (encoding && *encoding == "unicode-2-0") {
+        line = FromUtf16(line);
+        std::erase(line, '\0'); // nobody sees them, and a word with one in it is no entry's
+    }
+    events.ChatMessage(static_cast<std::int16_t>(Index), NameIn(sender), line);
 }
 
 void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool joined) {
@@ -129,8 +133,11 @@ void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
     if (!notice.read) return;
     if (news) news->RateTold(room->ChatIndex, notice.type, notice.classID);
     const auto table = rateTables.find(Index);
-    if (!Departs(Departure::RateClassesAsTold) || table == rateTables.end() || !table->second.Known())
-        return room->RateNotice(notice.type, notice.classID);
+    if (!Departs(Departure::RateClassesAsTold)) return room->RateNotice(notice.type, notice.classID);
+    if (table == rateTables.end() || !table->second.Known()) {
+        if (notice.classID == 1 || notice.classID == 5) room->RateNotice(notice.type, notice.classID);
+        return;
+    }
     const std::pair<std::uint32_t, int> rated[] = {{BanRequestKey, 1}, {RoomLineRequest, 5}};
     for (const auto& [key, laidDown] : rated) // under the class that the room knows for it
         if (table->second.ClassOf(key) == notice.classID) room->RateNotice(notice.type, laidDown);
@@ -144,7 +151,8 @@ void TillerSock::HandleMainRateChange(const std::string& strPacket) {
     const auto table = rateTables.find(indices.BOSIndex);
     if (notice.IsKnown() && news) news->RateTold(0, notice.type, notice.classID);
     if (!notice.IsKnown() || table == rateTables.end() || !table->second.Known()) return;
-    if (table->second.ClassOf(MessageRequest) == notice.classID) signOn.MessagesRated = notice.type <= 3;
+    if (table->second.ClassOf(MessageRequest) != notice.classID) return;
+    signOn.MessagesRatedUntil = notice.type <= 3 ? platform.Milliseconds() + MessagesRest : 0;
 }
 
 } // namespace halyard

@@ -25,7 +25,7 @@ struct SignOnState {
     bool UseMD5Reply = true;
     bool LoginInvisible = false; ///< stored and otherwise unused
     bool ServerPaused = false;
-    bool MessagesRated = false; ///< the class of messages is limited, with Departure::RateClassesAsTold
+    std::int64_t MessagesRatedUntil = 0; ///< ms; with Departure::RateClassesAsTold no message goes out before
     std::array<std::string, 7> ICBMParameters; ///< 0004 0005, sent back by 0004 0002
 };
 

@@ -172,6 +172,7 @@ class TillerSock : public RoomHost {
     bool WaitsItsTurn(const RoomWish& wish);
     void AskForRoom(const RoomWish& wish);
     bool IsIn(const RoomWish& wish) const;
+    bool IsUnderWay(const RoomWish& wish) const;
     void EndRequest();
     void StartNextRequest();
     void RequestTimedOut();
@@ -232,6 +233,7 @@ class TillerSock : public RoomHost {
     void HandleRoomInformation(int Index, const std::string& strPacket);
     void HandleNavigationError(const std::string& strPacket);
     void HandleJoinError(const std::string& strPacket);
+    void RefuseBare(const std::string& strWord);
     /// `strBody` is the denied family and the TLVs behind it. False when the first of them is no sub-code.
     bool ReadJoinError(std::string strBody);
     void Leave(std::int16_t intChatColIndex);

@@ -5,6 +5,7 @@
 #include "practice/World.h"
 #include "practice/service/Messages.h"
 #include "practice/service/RoomTraffic.h"
+#include "practice/service/Services.h"
 
 namespace halyard {
 
@@ -121,6 +122,7 @@ void PracticeLevers::Migrate(const std::string& name) {
         auto cookie = world.NewCookie({.name = bos.name, .service = Service::Bos, .migration = true});
         bos.SendSnac(0x0001, 0x0012, 0,
                      WordToStr(0) + Tlv(0x0005, world.RedirectAddress()) + Tlv(0x0006, cookie));
+        if (world.options.Has(Departure::OneServiceRequest)) world.Dismiss(bos); // doesn't wait to be left
     });
 }
 
@@ -130,6 +132,18 @@ void PracticeLevers::Drop(const std::string& name) {
 
 void PracticeLevers::SignOff(const std::string& name) {
     WithBos(name, [&](Connection& bos) { world.Dismiss(bos); });
+}
+
+void PracticeLevers::SignOffElsewhere(const std::string& name, bool inFourBytes) {
+    WithBos(name, [&](Connection& bos) {
+        world.Note("", name, "has signed on elsewhere");
+        world.Dismiss(bos, inFourBytes ? WordToStr(0x0009) + WordToStr(1) : ElsewhereBody());
+    });
+}
+
+void PracticeLevers::Stop(int seconds) {
+    world.closedUntil = world.Now() + seconds * 1000LL;
+    world.EachConnection([this](Connection& connection) { world.Dismiss(connection); });
 }
 
 void PracticeLevers::DropFromRoom(const std::string& room, const std::string& name) {

@@ -48,6 +48,9 @@ class PracticeLevers {
     /// Closes the connection without a word, or with a channel 4 frame.
     void Drop(const std::string& name);
     void SignOff(const std::string& name);
+    /// The name has signed on elsewhere: a channel 4 frame that says so in TLVs, or in four bytes without a
+    /// length.
+    void SignOffElsewhere(const std::string& name, bool inFourBytes);
     /// The same for its connection to a room.
     void DropFromRoom(const std::string& room, const std::string& name);
     void SignOffFromRoom(const std::string& room, const std::string& name);
@@ -61,6 +64,9 @@ class PracticeLevers {
     void SetManagementMood(ManagementMood mood);
     void SetAddress(const std::string& name, const std::string& address);
     bool IsSuspended(const std::string& name) const;
+
+    /// An orderly stop: each connection ends with a channel 4 frame, and for so many seconds nobody gets in.
+    void Stop(int seconds);
 
     /// The person of a script is on line from now on.
     void BringOnLine(const std::string& name);

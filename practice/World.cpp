@@ -31,6 +31,7 @@ std::string World::InfoOf(const std::string& name) {
 }
 
 void World::Accept(std::unique_ptr<Socket> socket) {
+    if (Now() < closedUntil) return socket->Close();
     ended.clear();
     if (connections.size() >= options.maxConnections) {
         Note("", "a stranger",

@@ -46,7 +46,8 @@ class World {
     ManagementMood mood = ManagementMood::Works;
     /// A client, not a person of the script, has entered the room.
     std::function<void(Room&)> onClientEntered;
-    std::int32_t port = 0; ///< it listens on
+    std::int32_t port = 0;        ///< it listens on
+    std::int64_t closedUntil = 0; ///< ms; nobody gets in before
 
     std::int64_t Now() { return platform.Milliseconds(); }
     void Note(const std::string& room, const std::string& who, const std::string& what);

@@ -49,7 +49,7 @@ void Faults::End() {
     levers.RefuseNextCreation(0);
     levers.RefuseNextJoin(0);
     for (const auto& room : rooms)
-        for (int classId : {1, 5}) levers.SetRate(room, bot, classId, RateCode::Clear);
+        for (int classId : {1, LineClass()}) levers.SetRate(room, bot, classId, RateCode::Clear);
 }
 
 /// At level 1 two strokes an hour, at level 9 eighteen.
@@ -72,7 +72,7 @@ Socket* Faults::SomeSocket() {
 }
 
 void Faults::Strike() {
-    auto kind = random.Between(0, 20);
+    auto kind = random.Between(0, openServer ? 23 : 20);
     kind < 9 ? StrikeNetwork(kind) : StrikeService(kind);
 }
 
@@ -104,11 +104,14 @@ void Faults::StrikeService(std::int64_t kind) {
     case 13: return levers.DropFromRoom(SomeRoom(), bot);
     case 14: return levers.SignOffFromRoom(SomeRoom(), bot);
     case 15: return levers.SetRate(SomeRoom(), bot, 1, RateCode::Limit);
-    case 16: return levers.SetRate(SomeRoom(), bot, 5, RateCode::Limit);
+    case 16: return levers.SetRate(SomeRoom(), bot, LineClass(), RateCode::Limit);
     case 17: return levers.RefuseNextSignOn(24), levers.DropFromRoom(SomeRoom(), bot);
     case 18: return levers.RefuseNextJoin(0x0018), levers.RefuseNextCreation(0x0012);
     case 19: machine.repeatReplies = static_cast<int>(random.Between(1, 5)); return;
-    default: return levers.CloseRoom(SomeRoom());
+    case 20: return levers.CloseRoom(SomeRoom());
+    case 21: return levers.SignOff(bot);
+    case 22: return levers.Stop(static_cast<int>(random.Between(5, 120)));
+    default: return levers.SignOffElsewhere(bot, random.Chance(0.5));
     }
 }
 

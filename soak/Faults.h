@@ -15,6 +15,8 @@ class PracticeNetwork;
 
 class Faults {
   public:
+    bool openServer = false; ///< the service's habits go wrong in their own way too
+
     /// Level 0 does nothing ever.
     Faults(SimWorld& world, TapMachine& machine, PracticeNetwork& network, std::vector<std::string> rooms,
            int level);
@@ -33,6 +35,8 @@ class Faults {
     void StrikeService(std::int64_t kind);
     const std::string& SomeRoom();
     Socket* SomeSocket();
+    /// The rate class of a room's lines.
+    int LineClass() const { return openServer ? 2 : 5; }
 
     SimWorld& world;
     TapMachine& machine;

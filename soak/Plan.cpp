@@ -43,6 +43,11 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     bool seed = false;
     bool days = false;
     for (std::size_t i = 0; i < words.size(); i += 2) {
+        if (i + 1 < words.size() && words[i] == "--network") {
+            plan.openServer = words[i + 1] == "open-server";
+            if (!plan.openServer) return std::nullopt;
+            continue;
+        }
         if (i + 1 >= words.size() || !IsNumeric(words[i + 1])) return std::nullopt;
         const auto whole = std::strtoull(words[i + 1].c_str(), nullptr, 10);
         const bool day = words[i] == "--day" && i == 0;
@@ -60,7 +65,7 @@ std::string ReplayLine(const SoakPlan& plan) {
     return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
-           (plan.bridge ? " --bridge" : "");
+           (plan.openServer ? " --network open-server" : "") + (plan.bridge ? " --bridge" : "");
 }
 
 } // namespace halyard

@@ -24,10 +24,13 @@ std::int64_t WayBack(std::size_t rooms) {
     return (75 + 75 + 30 + 60) * second + static_cast<std::int64_t>(rooms) * 16 * second;
 }
 
+Network OpenServer() { return *FindNetwork(BuiltInNetworks(), "Open server"); }
+
 PracticeOptions NetworkOptions(const SoakPlan& plan) {
     PracticeOptions options;
     options.maxPeople = plan.people + 10;
     options.cookieLength = 32; // every cookie draws from the randomness that the rest of the day comes from
+    if (plan.openServer) options.ways = OpenServer().ways;
     return options;
 }
 
@@ -49,6 +52,9 @@ SoakRun::SoakRun(const SoakPlan& plan)
     };
     if (plan.bridge) bridge = std::make_unique<Bridge>(window);
     world.afterEvent = [this] { invariants.Check(); };
+    if (!plan.openServer) return;
+    window.Control().UseNetwork(OpenServer());
+    faults.openServer = invariants.openServer = true;
 }
 
 std::string SoakRun::Violation() const {
@@ -153,6 +159,7 @@ void SoakRun::SignOnAgain() {
     RunFor(second);
     window.connection.cmdSignOn.Press();
     RunFor(10 * second);
+    for (const auto& room : town.Rooms()) leftForGood.insert(room); // until it is joined
     JoinAll();
 }
 

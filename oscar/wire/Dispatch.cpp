@@ -31,8 +31,9 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
     auto channel = Mid(strPacket, ChannelAt, 1);
     if (channel == ByteToStr(1)) HandleHello(Index);
     if (channel == ByteToStr(4)) {
+        if (signOn.LoggedOn && Departs(Departure::MainSignOffs))
+            return HandleMainSignOff(Index, Mid(strPacket, 7));
         if (signOn.LoggedOn && !signOn.ServerPaused) {
-            if (Departs(Departure::MainSignOffs)) return HandleMainSignOff(Index, Mid(strPacket, 7));
             if (news) news->ConnectionEnded(Index, "The service has ended the main connection.");
             HandleSignOff(Index);
             ResetAll();

@@ -60,6 +60,7 @@ std::string RoomBlock(const World& world, const Room& room) {
 
 void ConnectionReady(World& world, Connection& connection) {
     auto room = world.rooms.FindCookie(connection.roomCookie);
+    if (!room && world.options.Has(Departure::NavigationAnswers)) return; // kept, and in no room
     const auto word = room ? RefusalOf(*room, connection.name) : 0;
     if (room) NoteRefusal(world, *room, connection.name, word);
     if (!room || word != 0) return world.Dismiss(connection);

@@ -14,9 +14,6 @@ namespace {
 constexpr std::size_t mostKnown = 10000;
 constexpr int wordInvalidRoom = 0x0033;
 
-/// The reason for which a name's older connection ends, and a page about it.
-const std::string SignedOnElsewhere = Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced");
-
 std::string FamiliesOf(Service service) {
     if (service == Service::Bos)
         return HexToStr("0001001300020003000400060008"
@@ -67,7 +64,9 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
         if (!block.Ok()) return false;
         if (room && world.options.Has(Departure::RefusedSecondJoins))
             ReplaceMember(world, *room, connection.name);
-        auto word = room ? RefusalOf(*room, connection.name) : wordInvalidRoom;
+        // A service that answers unasked lets in for any cookie; such a connection leads to no room.
+        const bool anyCookie = world.options.Has(Departure::NavigationAnswers);
+        auto word = room ? RefusalOf(*room, connection.name) : anyCookie ? 0 : wordInvalidRoom;
         if (room) NoteRefusal(world, *room, connection.name, word);
         if (auto asked = std::exchange(world.refusals.join, 0)) word = asked;
         if (word != 0) return connection.SendSnac(0x0001, 0x0001, snac.id, ErrorBody(codeDenied, word)), true;
@@ -132,12 +131,14 @@ void SignedOff(World& world, Connection& connection) {
     if (!connection.migrating && !person->scripted) world.people.Remove(connection.name);
 }
 
+std::string ElsewhereBody() { return Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced"); }
+
 void DismissOthers(World& world, const std::string& name, const Connection* except) {
     world.EachConnection([&](Connection& other) {
         if (&other == except || !SameName(other.name, name)) return;
         const bool tells =
             except && other.service == Service::Bos && world.options.Has(Departure::MainSignOffs);
-        world.Dismiss(other, tells ? SignedOnElsewhere : std::string());
+        world.Dismiss(other, tells ? ElsewhereBody() : std::string());
     });
 }
 

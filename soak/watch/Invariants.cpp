@@ -115,7 +115,10 @@ void Invariants::Check() {
     CheckQueues();
     CheckReplies();
     CheckTimeBans();
-    if (!doubtful.empty()) CheckLists();
+    if (openServer)
+        CheckListsAreEmpty();
+    else if (!doubtful.empty())
+        CheckLists();
     bans.EventOver();
     if (world.Now() < nextGiveUp) return;
     nextGiveUp = world.Now() + longestAnswer;
@@ -200,6 +203,12 @@ void Invariants::CheckLists() {
         else
             CheckList(*joined);
     }
+}
+
+void Invariants::CheckListsAreEmpty() {
+    for (const auto& list : window.Control().EjectLists)
+        if (list->GetEjects().Count() > 0)
+            Violate("a list holds a name, though nobody was put out: " + list->GetEjects().Item(1));
 }
 
 void Invariants::CheckList(const Chats& room) {

@@ -28,6 +28,8 @@ class Invariants : public TapListener {
                std::string botName);
     ~Invariants() override { machine.listener = nullptr; }
 
+    bool openServer = false; ///< a service that enforces no bans
+
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
     /// After every event of the world.
@@ -56,6 +58,7 @@ class Invariants : public TapListener {
     void CheckReplies();
     void CheckTimeBans();
     void CheckLists();
+    void CheckListsAreEmpty();
     void CheckList(const Chats& room);
     double ListActs() const;
 

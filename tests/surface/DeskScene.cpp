@@ -4,7 +4,7 @@
 
 namespace halyard {
 
-Desk::Desk(std::uint64_t seed) : world(seed) {
+Desk::Desk(std::uint64_t seed, PracticeOptions options) : world(seed), network(service, std::move(options)) {
     network.onEvent = [this](const PracticeEvent& event) {
         if (event.room.empty() && event.what != "signs on") return;
         const auto seconds = (event.milliseconds - started + 500) / 1000;

@@ -29,12 +29,12 @@ struct WindowLog : WindowHost {
 
 class Desk {
   public:
-    explicit Desk(std::uint64_t seed = 1);
+    explicit Desk(std::uint64_t seed = 1, PracticeOptions options = {});
 
     SimWorld world;
     SimPlatform service{world};
     SimPlatform machine{world};
-    PracticeNetwork network{service, {}};
+    PracticeNetwork network;
     WindowLog windows;
     frmMain window{machine, &windows};
     OptionControls& boxes = window.options.Controls;
