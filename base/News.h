@@ -50,6 +50,9 @@ class News {
     virtual void PersonCame(std::int16_t /*room*/, const std::string& /*name*/) {}
     virtual void PersonWent(std::int16_t /*room*/, const std::string& /*name*/) {}
 
+    /// A rate notice (0001 000A) for a room's connection or, as 0, the main one: its code and class.
+    virtual void RateTold(std::int16_t /*room*/, int /*code*/, int /*classId*/) {}
+
     // Bans. `id` is the request id on the room's connection.
     virtual void BanAsked(std::int16_t /*room*/, std::int32_t /*id*/, BanRequestKind,
                           const std::string& /*name*/) {}

@@ -131,6 +131,7 @@ void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
         if (!notice.IsKnown()) notice = ReadRateNotice(BodyBehindPrefix(strPacket));
     }
     if (!notice.read) return;
+    if (news) news->RateTold(room->ChatIndex, notice.type, notice.classID);
     const auto table = rateTables.find(Index);
     if (!Departs(Departure::RateClassesAsTold)) return room->RateNotice(notice.type, notice.classID);
     if (table == rateTables.end() || !table->second.Known()) {
@@ -148,6 +149,7 @@ void TillerSock::HandleMainRateChange(const std::string& strPacket) {
     const auto notice =
         ReadRateNotice(IsFlagged(strPacket) ? BodyBehindPrefix(strPacket) : Mid(strPacket, BodyAt));
     const auto table = rateTables.find(indices.BOSIndex);
+    if (notice.IsKnown() && news) news->RateTold(0, notice.type, notice.classID);
     if (!notice.IsKnown() || table == rateTables.end() || !table->second.Known()) return;
     if (table->second.ClassOf(MessageRequest) != notice.classID) return;
     signOn.MessagesRatedUntil = notice.type <= 3 ? platform.Milliseconds() + MessagesRest : 0;

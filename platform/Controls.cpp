@@ -38,4 +38,28 @@ void ListBox::Select(int index) {
     if (Change(selected, index) && Click) Click();
 }
 
+void ComboBox::OfferFurther(const std::vector<std::string>& others) {
+    auto wanted = items;
+    wanted.resize(items.size() - further);
+    wanted.insert(wanted.end(), others.begin(), others.end());
+    further = others.size();
+    Change(items, wanted);
+}
+
+std::string ChoiceBox::Text() const {
+    return index < 0 ? std::string() : items[static_cast<std::size_t>(index)];
+}
+
+void ChoiceBox::SetItems(const std::vector<std::string>& lines, int chosen) {
+    const bool isLine = chosen >= 0 && chosen < static_cast<int>(lines.size());
+    items = lines;
+    index = isLine ? chosen : -1;
+    Redraw();
+}
+
+void ChoiceBox::Select(int wanted) {
+    if (wanted >= 0 && wanted < static_cast<int>(items.size()) && Change(index, wanted) && Click)
+        Click(index);
+}
+
 } // namespace halyard

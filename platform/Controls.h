@@ -180,13 +180,38 @@ class ComboBox : public Control {
   public:
     explicit ComboBox(std::string name) : Control(std::move(name), {}) {}
     const std::vector<std::string>& Items() const { return items; }
-    void AddItem(const std::string& item) { items.push_back(item), Redraw(); }
+    void AddItem(const std::string& item) {
+        items.insert(items.end() - static_cast<std::ptrdiff_t>(further), item);
+        Redraw();
+    }
+    /// Offers these behind the added ones, in the place of those that were offered so before. The text stays.
+    void OfferFurther(const std::vector<std::string>& others);
     const std::string& Text() const { return text; }
     void SetText(const std::string& value) { Change(text, value); }
 
   private:
     std::vector<std::string> items;
+    std::size_t further = 0; ///< how many of the last items are no added ones
     std::string text;
+};
+
+/// Lines in a list that opens, of which one is chosen; an index of -1 is none.
+class ChoiceBox : public Control {
+  public:
+    explicit ChoiceBox(std::string name) : Control(std::move(name), {}) {}
+    std::function<void(int index)> Click;
+    const std::vector<std::string>& Items() const { return items; }
+    int Index() const { return index; }
+    /// The chosen line, empty when none is.
+    std::string Text() const;
+    /// Other lines, one of them chosen, or none. Runs nothing.
+    void SetItems(const std::vector<std::string>& lines, int chosen);
+    /// An index without a line changes nothing.
+    void Select(int wanted);
+
+  private:
+    std::vector<std::string> items;
+    int index = -1;
 };
 
 /// A menu entry, or with `Items` a menu. A caption of "-" is a separator.

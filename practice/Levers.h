@@ -60,13 +60,13 @@ class PracticeLevers {
     void RefuseNextCreation(int word);
     void RefuseNextJoin(int word);
 
-    /// An orderly stop: each connection ends with a channel 4 frame, and for so many seconds nobody gets in.
-    void Stop(int seconds);
-
     // The management: how it answers from now on, and where a person's sessions come from.
     void SetManagementMood(ManagementMood mood);
     void SetAddress(const std::string& name, const std::string& address);
     bool IsSuspended(const std::string& name) const;
+
+    /// An orderly stop: each connection ends with a channel 4 frame, and for so many seconds nobody gets in.
+    void Stop(int seconds);
 
     /// The person of a script is on line from now on.
     void BringOnLine(const std::string& name);

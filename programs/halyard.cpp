@@ -3,6 +3,7 @@
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/widgets/QtDesktop.h"
 #include "platform/qt/widgets/QtDialogs.h"
+#include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "surface/qt/AppLook.h"
 #include "surface/qt/QtWindows.h"
@@ -18,9 +19,11 @@ int main(int argc, char** argv) {
     halyard::QtPlatform platform(std::make_unique<halyard::QtDialogs>(), std::move(shell));
     halyard::QtWindows windows;
     halyard::frmMain bot(platform, &windows);
-    windows.Draw(bot);
+    halyard::Bridge bridge(bot);
+    windows.Draw(bot, &bridge);
     desktop.onTrayEvent = [&bot](int message) { bot.Form_MouseMove(0, 0, message, 0); };
     bot.Form_Load();
+    bridge.Start();
     windows.Show(bot.form);
 
     const int status = QApplication::exec();

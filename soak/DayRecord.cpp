@@ -28,6 +28,10 @@ struct Shown {
     std::string operator()(const Control&) const { return {}; }
 };
 
+bool IsOfBridge(const std::string& path) {
+    return path.starts_with("/config/") || path.starts_with("/bridge/");
+}
+
 } // namespace
 
 void DayRecord::Absorb(std::string_view bytes) {
@@ -48,7 +52,8 @@ void DayRecord::NoteWindow(frmMain& window) {
 }
 
 void DayRecord::NoteFiles(const SimFiles& disk) {
-    for (const auto& path : disk.Paths()) Note(path, disk.Contents(path));
+    for (const auto& path : disk.Paths())
+        if (!IsOfBridge(path)) Note(path, disk.Contents(path));
 }
 
 std::string DayRecord::Digest() const {

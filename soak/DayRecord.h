@@ -22,7 +22,7 @@ class DayRecord {
     void Note(std::string_view kind, std::string_view bytes);
     /// Every control that the main window shows, with its text, lines, value and state.
     void NoteWindow(frmMain& window);
-    /// Every file and its bytes.
+    /// Every file of the desk's and its bytes.
     void NoteFiles(const SimFiles& disk);
     /// FNV-1a, 64 bits, as sixteen hex digits.
     std::string Digest() const;

@@ -39,6 +39,7 @@ SoakPlan DayPlan(std::uint64_t number) {
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     auto words = given;
     const bool management = std::erase(words, "--management") > 0;
+    const bool bridge = std::erase(words, "--bridge") > 0;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -57,7 +58,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
         days = days || day || words[i] == "--days";
     }
     plan.management = management;
-    if (!seed || !days || (plan.management && !plan.openServer)) return std::nullopt;
+    plan.bridge = bridge;
+    if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
 
@@ -65,7 +67,8 @@ std::string ReplayLine(const SoakPlan& plan) {
     return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
-           (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "");
+           (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "") +
+           (plan.bridge ? " --bridge" : "");
 }
 
 } // namespace halyard

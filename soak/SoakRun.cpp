@@ -51,6 +51,7 @@ SoakRun::SoakRun(const SoakPlan& plan)
     window.counters.lstActions.onInserted = [this](int index) {
         NoteAction(window.counters.lstActions.List(index));
     };
+    if (plan.bridge) bridge = std::make_unique<Bridge>(window);
     world.afterEvent = [this] { invariants.Check(); };
     if (!plan.openServer) return;
     window.Control().UseNetwork(OpenServer());
@@ -103,6 +104,7 @@ void SoakRun::NoteDesk() {
 void SoakRun::Arrive() {
     network.Start();
     window.Form_Load();
+    if (bridge) bridge->Start();
     FillBoxes();
     LookAfterLists();
     window.Engine().Lists().AddAB("spam*", 0);

@@ -12,9 +12,11 @@
 #include "soak/TapMachine.h"
 #include "soak/Town.h"
 #include "soak/watch/Invariants.h"
+#include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -61,6 +63,7 @@ class SoakRun {
     TapMachine machine;
     PracticeNetwork network;
     frmMain window;
+    std::unique_ptr<Bridge> bridge; ///< null without one
     Town town;
     Faults faults;
     Invariants invariants;

@@ -97,6 +97,7 @@ void ImportForeignSettings(const SettingsTarget& target, const std::string& fold
     SettingsReading reading{options, target.lists, unused};
     ReadForeignLines(reading, *text);
     options.SettingsLoading = false;
+    TellRead(target, folderOrPath, fileName);
 }
 
 } // namespace halyard

@@ -27,11 +27,13 @@ void Options::TakeDefaults() {
 }
 
 void Options::AskNewSettings() {
-    if (platform.Boxes().YesNo(
+    if (!platform.Boxes().YesNo(
             "Clear Settings?",
             "This will return all the settings back to their defaults, except eject lists. Do you "
             "really want to clear the settings?"))
-        NewSettings();
+        return;
+    NewSettings();
+    if (onSettingsFile) onSettingsFile(FileUse::None, {});
 }
 
 void Options::NewSettings() {

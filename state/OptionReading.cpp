@@ -83,6 +83,12 @@ std::optional<std::string> BeginReading(const SettingsTarget& target, const std:
     return files.Read(path, TextFileLimit).value_or(std::string());
 }
 
+void TellRead(const SettingsTarget& target, const std::string& folderOrPath, const std::string& fileName) {
+    if (target.options.onSettingsFile)
+        target.options.onSettingsFile(Options::FileUse::Read,
+                                      PathOf(target.platform.FileSystem(), folderOrPath, fileName));
+}
+
 OptionsByKey IndexOptions() {
     OptionsByKey byKey;
     for (const auto& option : OptionTable())

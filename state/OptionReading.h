@@ -19,6 +19,9 @@ struct SettingsTarget;
 std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& folderOrPath,
                                         const std::string& fileName);
 
+/// Tells who wants to know that the settings are now those of this file.
+void TellRead(const SettingsTarget& target, const std::string& folderOrPath, const std::string& fileName);
+
 /// The rows of the option table by key.
 using OptionsByKey = std::unordered_map<std::string_view, const Option*>;
 OptionsByKey IndexOptions();

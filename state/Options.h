@@ -95,6 +95,11 @@ class Options {
     void NewSettings();
     std::function<void()> onCloseEditors;
 
+    /// The settings are now those of the file at this path, read or written by the operator; with an empty
+    /// path those of no file.
+    enum class FileUse { Read, Written, None };
+    std::function<void(FileUse use, const std::string& path)> onSettingsFile;
+
     TillerSock& Control() { return control; }
     OscarSettings& Shared() { return settings; }
 

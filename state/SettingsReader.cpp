@@ -71,6 +71,7 @@ void ReadSettings(const SettingsTarget& target, const std::string& folderOrPath,
     ReadLines(target, reading, lines);
     for (const auto& slot : slots) options.Control().ChatSends.Add(slot);
     options.SettingsLoading = false;
+    TellRead(target, folderOrPath, fileName);
 }
 
 } // namespace halyard

@@ -85,6 +85,8 @@ class frmMain : private TillerEvents, private MainWindowLink, private CommandHos
 
     TillerSock& Control() { return control; }
     CommandEngine& Engine() { return engine; }
+    /// What the panels and windows work on.
+    const SurfaceContext& Context() const { return context; }
 
     // The window's events (FormEvents.cpp, StartUp.cpp).
     void Form_Load();

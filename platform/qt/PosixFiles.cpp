@@ -65,6 +65,13 @@ std::optional<std::string> NamedFolder(const char* variable) {
     return place && place->starts_with('/') ? place : std::nullopt;
 }
 
+/// The program's folder in the one that a variable names, else below the operator's home; not created.
+std::string NamedOrHome(const char* variable, const char* below) {
+    if (auto place = NamedFolder(variable)) return *place + "/halyard";
+    const auto home = Home();
+    return home.starts_with('/') ? FromUtf8(home) + below : std::string();
+}
+
 constexpr mode_t OthersRights = S_IRWXG | S_IRWXO;
 
 /// A folder in the operator's home, created when it is not there; empty when there is no home.
@@ -208,10 +215,8 @@ std::string PosixFiles::StateFolder() {
                                           't', 'e', '/', 'h', 'a', 'l', 'y', 'a', 'r', 'd'}));
 }
 
-std::string PosixFiles::ConfigFolder() {
-    if (auto place = NamedFolder("XDG_CONFIG_HOME")) return *place + "/halyard";
-    const auto home = Home();
-    return home.starts_with('/') ? FromUtf8(home) + "/.config/halyard" : std::string();
-}
+std::string PosixFiles::ConfigFolder() { return NamedOrHome("XDG_CONFIG_HOME", "/.config/halyard"); }
+
+std::string PosixFiles::BridgeFolder() { return NamedOrHome("XDG_DATA_HOME", "/.local/share/halyard"); }
 
 } // namespace halyard

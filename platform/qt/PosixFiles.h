@@ -27,6 +27,7 @@ class PosixFiles : public Files {
     std::string DataFolder() override;
     std::string StateFolder() override;
     std::string ConfigFolder() override;
+    std::string BridgeFolder() override;
     char Separator() const override { return '/'; }
 };
 

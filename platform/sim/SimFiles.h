@@ -65,6 +65,7 @@ class SimFiles : public Files {
     std::string DataFolder() override { return "/data"; }
     std::string StateFolder() override { return "/state"; }
     std::string ConfigFolder() override { return "/config"; }
+    std::string BridgeFolder() override { return "/bridge"; }
     char Separator() const override { return '/'; }
 
   private:

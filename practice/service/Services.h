@@ -19,10 +19,10 @@ bool HandleGeneric(World& world, Connection& connection, const Snac& snac);
 void SignOffPerson(World& world, Connection& connection);
 /// The main connection of a person is gone.
 void SignedOff(World& world, Connection& connection);
-/// What is told to a connection whose name signed on elsewhere: a reason, and a page about it.
-std::string ElsewhereBody();
 /// Takes a person of the script, who has no connection, out of every room and off line.
 void SignOffScripted(World& world, const std::string& name);
+/// What is told to a connection whose name signed on elsewhere: a reason, and a page about it.
+std::string ElsewhereBody();
 /// Ends every connection of a person but one.
 void DismissOthers(World& world, const std::string& name, const Connection* except);
 

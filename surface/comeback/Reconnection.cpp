@@ -74,6 +74,7 @@ void Reconnection::QueueRooms(bool onlyMissing) {
 
 void Reconnection::ReconnectTick() {
     if (!Reconnecting || !context.options.ReconnectOn) return tmrReconnect->SetEnabled(false);
+    if (!view.connection.MayLogin(ConnectionPanel::By::WayBack)) return tmrReconnect->SetInterval(NextTries);
     if (tmrReconnect->Interval() != FirstTry && Alert.Loaded()) {
         Notice("Failed to re-connect!\r\nAttempting again...");
         context.counters.AddAction("Failed to re-connect! Attempting re-connection...");

@@ -26,6 +26,7 @@ class Theme {
     void operator()(ListBox& list) const { list.SetColors(FieldBack, FieldFore); }
     void operator()(TextBox& box) const { box.SetColors(FieldBack, FieldFore); }
     void operator()(ComboBox& box) const { box.SetColors(FieldBack, FieldFore); }
+    void operator()(ChoiceBox& box) const { box.SetColors(ButtonBack, ButtonFore); }
     void operator()(Button& button) const { button.SetColors(ButtonBack, ButtonFore); }
 };
 

@@ -46,6 +46,7 @@ void ConnectionPanel::Login() {
 void ConnectionPanel::SignOnClicked() {
     if (const auto* missing = Missing(context.options.Controls, SignedOn))
         return context.platform.Boxes().Note("Note", missing);
+    if (!MayLogin(By::Hand)) return;
     lblConnectionInfo.SetCaption("Logging in...");
     SetButtons(true);
     Login();

@@ -28,6 +28,11 @@ class ConnectionPanel {
     void SetButtons(bool online);
     /// Signs on with what stands in the boxes, unchecked.
     void Login();
+    /// Asked before each sign-on, the one by the button and those of the way back; false refuses it, and who
+    /// is asked has said why. Unset, all may begin.
+    enum class By { Hand, WayBack };
+    std::function<bool(By by)> onMayLogin;
+    bool MayLogin(By by) const { return !onMayLogin || onMayLogin(by); }
     /// The control has dropped its rooms without a word about each.
     std::function<void()> onRoomsDropped;
     /// The list of rooms is to be emptied.

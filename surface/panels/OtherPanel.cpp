@@ -80,7 +80,8 @@ void OtherPanel::LoadClicked() {
 void OtherPanel::SaveClicked() {
     auto& platform = context.platform;
     if (auto path = platform.Boxes().Save(FileTitle, SettingsFilter, platform.FileSystem().ProgramFolder()))
-        WriteSettings(platform, context.options, *path);
+        if (WriteSettings(platform, context.options, *path) && context.options.onSettingsFile)
+            context.options.onSettingsFile(Options::FileUse::Written, *path);
 }
 
 void OtherPanel::LoadGannetClicked() {

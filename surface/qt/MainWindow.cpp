@@ -1,8 +1,10 @@
 #include "surface/qt/MainWindow.h"
 
+#include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "surface/qt/SideMenu.h"
 #include "surface/qt/bind/Bind.h"
+#include "surface/qt/views/Bridge.h"
 #include "surface/qt/views/Lay.h"
 #include "surface/qt/views/Panels.h"
 #include "surface/qt/widgets/PageArea.h"
@@ -24,13 +26,14 @@ double Part(int value, int least, int most) { return static_cast<double>(value -
 
 } // namespace
 
-MainWindow::MainWindow(frmMain& main)
+MainWindow::MainWindow(frmMain& main, Bridge* bridge)
     : FormWindow(main.form, [&main] { main.Form_Unload(); }), main(main), side(new SideMenu(main.slide)),
       pages(new PageArea), rated(RatedRooms()) {
     auto frame = main.FrameTabs.begin();
     for (auto draw : DrawPanels) pages->AddPage(draw(main), *frame++);
     auto* left = Column({Item(pages, 1), rated});
     left->setSpacing(0);
+    if (bridge) AddBridge(*bridge, *left);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
@@ -39,6 +42,18 @@ MainWindow::MainWindow(frmMain& main)
     BindMenus();
     BindKeys();
     FormChanged();
+}
+
+/// The row of the network is seen with the panel of the connection only.
+void MainWindow::AddBridge(Bridge& bridge, QBoxLayout& column) {
+    auto* network = DrawNetworkRow(bridge.row);
+    Put(column, {network, DrawFootLine(bridge.foot)});
+    auto& panel = main.FrameTabs.front();
+    auto follow = panel.onView;
+    panel.onView = [network, &panel, follow] {
+        if (follow) follow();
+        network->setVisible(panel.Visible());
+    };
 }
 
 QWidget* MainWindow::RatedRooms() {

@@ -5,21 +5,26 @@
 
 #include "surface/qt/FormWindow.h"
 
+class QBoxLayout;
+
 namespace halyard {
 
+class Bridge;
 class PageArea;
 class SideMenu;
 class frmMain;
 
 class MainWindow : public FormWindow {
   public:
-    explicit MainWindow(frmMain& main);
+    /// Without a bridge nothing stands below the lists of limited rooms.
+    explicit MainWindow(frmMain& main, Bridge* bridge = nullptr);
 
   protected:
     void FormChanged() override;
 
   private:
     QWidget* RatedRooms();
+    void AddBridge(Bridge& bridge, QBoxLayout& column);
     void BindMenus();
     void BindKeys();
     void Grow(int width, int height);

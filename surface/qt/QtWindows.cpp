@@ -1,7 +1,9 @@
 #include "surface/qt/QtWindows.h"
 
+#include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "surface/qt/MainWindow.h"
+#include "surface/qt/views/Bridge.h"
 #include "surface/qt/views/Windows.h"
 
 #include <QTimer>
@@ -16,9 +18,10 @@ void QtWindows::Offer(Model& model, std::unique_ptr<FormWindow> (*draw)(Model&))
     makers[&model.form] = [&model, draw] { return draw(model); };
 }
 
-void QtWindows::Draw(frmMain& bot) {
+void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
     main = &bot;
-    windows[&bot.form].drawn = std::make_unique<MainWindow>(bot);
+    windows[&bot.form].drawn = std::make_unique<MainWindow>(bot, bridge);
+    if (bridge) Offer(bridge->window, DrawNetwork);
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);
     Offer(bot.locksWindow, DrawLocks);

@@ -14,6 +14,7 @@
 
 namespace halyard {
 
+class Bridge;
 class FormWindow;
 class frmMain;
 
@@ -22,8 +23,9 @@ class QtWindows : public WindowHost {
     QtWindows();
     ~QtWindows() override;
 
-    /// Binds the main window and gets ready to draw the others; shows nothing yet.
-    void Draw(frmMain& main);
+    /// Binds the main window and gets ready to draw the others; shows nothing yet. With a bridge, what it
+    /// adds stands below the panels.
+    void Draw(frmMain& main, Bridge* bridge = nullptr);
     /// Lets go of every window at once.
     void Close();
 

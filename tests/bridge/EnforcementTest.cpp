@@ -221,6 +221,41 @@ TEST(Enforcement, LeavesNobodyOnTheListInTheRoomForTenSeconds) {
     }
 }
 
+TEST(Enforcement, FindsWhoIsListedAndInTheRoomAllTheSame) {
+    Den den;
+    auto& levers = den.network.Levers();
+    for (const char* name : {"op", "bob", "kim"}) levers.Enter("den", name);
+    den.Ban("bob");
+    den.world.RunFor(3000);
+    for (const char* name : {"op", "kim"}) den.control.EjectLists.Item(1)->AddEject(name); // as a file's list
+    EXPECT_TRUE(den.world.RunUntil([&] { return !den.IsIn("kim"); }, 10000));
+    EXPECT_TRUE(den.IsIn("op"));
+    EXPECT_EQ(den.Told(), Lines{});
+    levers.SetManagementMood(ManagementMood::Failing);
+    levers.Enter("den", "bob");
+    den.world.RunFor(200000);
+    EXPECT_EQ(den.Told(),
+              Lines{"bob is banned, came back and was not signed off: the management answered 500"});
+    levers.SetManagementMood(ManagementMood::Works);
+    EXPECT_TRUE(den.world.RunUntil([&] { return !den.IsIn("bob"); }, 70000));
+
+    // The room's slot serves another one by the time that the answer comes.
+    levers.SetManagementMood(ManagementMood::Silent);
+    den.Ban("tom");
+    den.world.RunFor(1000);
+    levers.SetManagementMood(ManagementMood::Works);
+    den.control.LeaveChat(2);
+    den.control.JoinChat("other", 4, 0);
+    den.world.RunFor(10000);
+    ASSERT_EQ(den.control.Room(2)->ChatName, "other");
+    EXPECT_EQ(den.Told(), Lines{"tom was signed off, and is on no list: the room is no longer open"});
+    EXPECT_EQ(den.control.EjectLists.Count(), 1U);
+    EXPECT_FALSE(den.IsListed("tom"));
+    den.Happened();
+    den.world.RunFor(30000);
+    EXPECT_EQ(den.Happened(), Lines{}) << "nothing is called for nothing";
+}
+
 TEST(Enforcement, BoundsTheQueueAndForgetsItWithTheTerms) {
     Den den;
     den.network.Levers().SetManagementMood(ManagementMood::Silent);

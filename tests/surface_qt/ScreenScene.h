@@ -7,6 +7,7 @@
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
 #include "surface/EachControl.h"
+#include "surface/bridge/Bridge.h"
 #include "surface/qt/QtWindows.h"
 #include "surface/qt/bind/Follow.h"
 
@@ -21,6 +22,7 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace halyard {
 
@@ -34,10 +36,12 @@ class ScreenScene : public ::testing::Test {
     }
 
   protected:
-    ScreenScene() {
+    explicit ScreenScene(bool withBridge = false) {
         EXPECT_TRUE(network.Start());
-        windows.Draw(bot);
+        if (withBridge) bridge = std::make_unique<Bridge>(bot);
+        windows.Draw(bot, bridge.get());
         bot.Form_Load();
+        if (bridge) bridge->Start();
         windows.Show(bot.form);
         Settle();
     }
@@ -49,6 +53,7 @@ class ScreenScene : public ::testing::Test {
     PracticeNetwork network{service, {}};
     QtWindows windows;
     frmMain bot{machine, &windows};
+    std::unique_ptr<Bridge> bridge; ///< null unless the scene asks for one
     PracticeLevers& people = network.Levers();
 
     /// A widget of a window; the test ends when there is none.
@@ -118,6 +123,22 @@ class ScreenScene : public ::testing::Test {
         Choose("mnuOpenConsole");
     }
     void Wait(int seconds) { world.RunFor(seconds * 1000), Settle(); }
+};
+
+/// Every control has its widget, with a name for people, too.
+struct NameCheck {
+    const char* window;
+    int count = 0;
+    template <typename T>
+    void operator()(T& control) {
+        ++count;
+        auto* place = ScreenScene::Window(window);
+        ASSERT_TRUE(place) << window;
+        auto* widget = std::is_same_v<T, Form> ? place : place->findChild<QWidget*>(Shown(control.Name));
+        ASSERT_TRUE(widget) << control.Name << " in " << window;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << control.Name << " in " << window;
+        EXPECT_TRUE(control.ToolTip.empty() || widget->toolTip() == Shown(control.ToolTip)) << control.Name;
+    }
 };
 
 } // namespace halyard

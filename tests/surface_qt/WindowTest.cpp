@@ -12,22 +12,6 @@ namespace {
 
 using Windows = ScreenScene;
 
-/// Every control has its widget, with a name for people, too.
-struct NameCheck {
-    const char* window;
-    int count = 0;
-    template <typename T>
-    void operator()(T& control) {
-        ++count;
-        auto* place = ScreenScene::Window(window);
-        ASSERT_TRUE(place) << window;
-        auto* widget = std::is_same_v<T, Form> ? place : place->findChild<QWidget*>(Shown(control.Name));
-        ASSERT_TRUE(widget) << control.Name << " in " << window;
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << control.Name << " in " << window;
-        EXPECT_TRUE(control.ToolTip.empty() || widget->toolTip() == Shown(control.ToolTip)) << control.Name;
-    }
-};
-
 TEST_F(Windows, NameEveryWidget) {
     people.Enter("lobby", "bob");
     SignOn();

@@ -46,7 +46,11 @@ QLineEdit* BindLine(TextBox& box, const std::string& name);
 QLineEdit* BindPassword(TextBox& box, const std::string& name);
 /// Read only, many lines; what is appended is appended here too, and scrolled to.
 QPlainTextEdit* BindLog(TextBox& box, const std::string& name);
+/// Read only, many lines, seen from the first one on whenever it is another text.
+QPlainTextEdit* BindReading(TextBox& box, const std::string& name);
 QComboBox* BindCombo(ComboBox& box, const std::string& name);
+/// Opens to choose; nothing is typed in it.
+QComboBox* BindChoice(ChoiceBox& box, const std::string& name);
 QListView* BindList(ListBox& list, const std::string& name);
 
 /// A titled group around what the caller lays out in it.

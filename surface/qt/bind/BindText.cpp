@@ -101,6 +101,32 @@ QPlainTextEdit* BindLog(TextBox& box, const std::string& name) {
     return widget;
 }
 
+QPlainTextEdit* BindReading(TextBox& box, const std::string& name) {
+    auto* widget = new LogView;
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Field, [&box, widget] {
+        if (!widget->Show(box.Text())) return;
+        widget->moveCursor(QTextCursor::Start);
+    });
+    return widget;
+}
+
+namespace {
+
+void KeepItems(QComboBox& widget, const std::vector<std::string>& items) {
+    QStringList lines;
+    for (const auto& item : items) lines.append(Shown(item));
+    const auto at = [&widget](int index) { return widget.itemText(index); };
+    for (int index = 0; index < lines.size(); ++index)
+        if (index >= widget.count())
+            widget.addItem(lines[index]);
+        else if (at(index) != lines[index])
+            widget.setItemText(index, lines[index]);
+    while (widget.count() > lines.size()) widget.removeItem(widget.count() - 1);
+}
+
+} // namespace
+
 QComboBox* BindCombo(ComboBox& box, const std::string& name) {
     auto* widget = new QComboBox;
     widget->setEditable(true);
@@ -110,13 +136,25 @@ QComboBox* BindCombo(ComboBox& box, const std::string& name) {
     NameAfter(*widget, name);
     Follow(box, *widget, Paint::Field, [&box, widget] {
         const QSignalBlocker quiet(widget);
-        const auto& items = box.Items();
-        for (auto index = static_cast<std::size_t>(widget->count()); index < items.size(); ++index)
-            widget->addItem(Shown(items[index]));
+        KeepItems(*widget, box.Items());
         if (const auto text = Shown(box.Text()); text != widget->currentText()) widget->setEditText(text);
     });
     QObject::connect(widget, &QComboBox::editTextChanged, widget,
                      [&box](const QString& text) { box.SetText(Typed(text)); });
+    return widget;
+}
+
+QComboBox* BindChoice(ChoiceBox& box, const std::string& name) {
+    auto* widget = new QComboBox;
+    widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    NameAfter(*widget, name);
+    Follow(box, *widget, Paint::Button, [&box, widget] {
+        const QSignalBlocker quiet(widget);
+        KeepItems(*widget, box.Items());
+        widget->setCurrentIndex(box.Index());
+    });
+    QObject::connect(widget, &QComboBox::currentIndexChanged, widget,
+                     [&box](int index) { box.Select(index); });
     return widget;
 }
 

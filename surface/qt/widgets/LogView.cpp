@@ -16,11 +16,12 @@ LogView::LogView() {
     setFont(lettering);
 }
 
-void LogView::Show(const std::string& text) {
-    if (text == shown) return;
+bool LogView::Show(const std::string& text) {
+    if (text == shown) return false;
     shown = text;
     setPlainText(Shown(text));
     ScrollToEnd();
+    return true;
 }
 
 void LogView::Append(const std::string& added) {

@@ -11,8 +11,8 @@ namespace halyard {
 class LogView : public QPlainTextEdit {
   public:
     LogView();
-    /// The whole text; nothing happens when it stands there already.
-    void Show(const std::string& text);
+    /// The whole text, from its end. False, and nothing happens, when it stands there already.
+    bool Show(const std::string& text);
     void Append(const std::string& added);
 
   private:

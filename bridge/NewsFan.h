@@ -1,0 +1,74 @@
+#pragma once
+
+// The control tells its news to one listener; this one passes each fact on to several, in the order in which
+// they were added. What holds the bridge together owns the one.
+
+#include "base/News.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace halyard {
+
+class NewsFan : public News {
+  public:
+    /// `listener` outlives the fan, or is taken out before it goes. It hears from the next fact on.
+    void Add(News& listener);
+    void Remove(News& listener);
+
+    void SignOnStage(const std::string& text) override { Pass(&News::SignOnStage, text); }
+    void SignOnRefused(int code, const std::string& text) override { Pass(&News::SignOnRefused, code, text); }
+    void SignedOn(const std::string& name) override { Pass(&News::SignedOn, name); }
+    void SignedOff() override { Pass(&News::SignedOff); }
+    void SignedOffElsewhere(int reason, const std::string& page) override {
+        Pass(&News::SignedOffElsewhere, reason, page);
+    }
+    void ConnectionEnded(int socket, const std::string& text) override {
+        Pass(&News::ConnectionEnded, socket, text);
+    }
+    void SocketFailed(int socket, int number, const std::string& words) override {
+        Pass(&News::SocketFailed, socket, number, words);
+    }
+    void Frame(int socket, bool sent, int channel, std::string_view body) override {
+        Pass(&News::Frame, socket, sent, channel, body);
+    }
+    void RoomEntered(std::int16_t room, const std::string& name) override {
+        Pass(&News::RoomEntered, room, name);
+    }
+    void RoomLeft(std::int16_t room, const std::string& name, const std::string& reason) override {
+        Pass(&News::RoomLeft, room, name, reason);
+    }
+    void RoomRefused(int code, const std::string& family, const std::string& text) override {
+        Pass(&News::RoomRefused, code, family, text);
+    }
+    void PersonCame(std::int16_t room, const std::string& name) override {
+        Pass(&News::PersonCame, room, name);
+    }
+    void PersonWent(std::int16_t room, const std::string& name) override {
+        Pass(&News::PersonWent, room, name);
+    }
+    void RateTold(std::int16_t room, int code, int classId) override {
+        Pass(&News::RateTold, room, code, classId);
+    }
+    void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override {
+        Pass(&News::BanAsked, room, id, kind, name);
+    }
+    void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override {
+        Pass(&News::BanAnswered, room, id, verdict, word);
+    }
+
+  private:
+    template <typename... Parameters, typename... Values>
+    void Pass(void (News::*fact)(Parameters...), const Values&... values) {
+        ++passing;
+        for (std::size_t index = 0, count = listeners.size(); index < count; ++index)
+            if (auto* listener = listeners[index]) (listener->*fact)(values...);
+        if (--passing == 0) DropRemoved();
+    }
+    void DropRemoved();
+
+    std::vector<News*> listeners; ///< null for one that went while a fact was passed on
+    int passing = 0;
+};
+
+} // namespace halyard

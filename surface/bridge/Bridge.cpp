@@ -1,0 +1,144 @@
+#include "surface/bridge/Bridge.h"
+
+#include "base/Text.h"
+#include "bridge/networks/Refusals.h"
+#include "commands/CommandContext.h"
+#include "platform/Platform.h"
+#include "platform/Tls.h"
+#include "surface/frmMain.h"
+#include "surface/look/Theme.h"
+
+#include <utility>
+
+namespace halyard {
+
+namespace {
+
+constexpr int WrongPassword = 5;
+constexpr const char* RoastedStage = "Sending roasted login...";
+
+bool IsSpared(const Options& options, const std::string& name) {
+    const auto key = NormalizeName(name);
+    return CheckCollection(key, options.Ops) || CheckCollection(key, options.Immunes);
+}
+
+} // namespace
+
+Bridge::Bridge(frmMain& main)
+    : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
+      check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
+      answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
+      enforcement(main.Context().platform, main.Control(),
+                  {[&main](const std::string& name) { return IsSpared(main.options, name); },
+                   [this](const std::string& text) { foot.Tell(text); },
+                   main.Context().platform.FileSystem().BridgeFolder()}),
+      main(main) {
+    BindControls();
+    heard.Add(*this);
+    heard.Add(answers);
+    heard.Add(enforcement);
+    heard.Add(check.Listener());
+    main.Control().SetNews(&heard);
+}
+
+Bridge::~Bridge() {
+    main.Control().SetNews(nullptr);
+    main.options.onSettingsFile = nullptr;
+    main.connection.onMayLogin = nullptr;
+}
+
+void Bridge::BindControls() {
+    chosen.onHappened = [this](const std::string& text) { row.Tell(text); };
+    chosen.onTell = [this](const std::string& text) { foot.Tell(text); };
+    chosen.onChanged = [this] { Refresh(); };
+    main.options.onSettingsFile = [this](Options::FileUse use, const std::string& path) {
+        chosen.Follow(use, path);
+    };
+    main.connection.onMayLogin = [this](ConnectionPanel::By by) { return MayLogin(by); };
+    row.cmbNetwork.Click = [this](int index) {
+        if (index < static_cast<int>(file.Networks().size())) chosen.Choose(row.cmbNetwork.Text());
+    };
+    row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    window.management.onApplied = [this](const std::string& network) {
+        if (network == chosen.OfSignOn()) Enforce(network);
+    };
+    window.management.onBan = [this](std::int16_t room, const std::string& name) {
+        if (!enforcement.BanByHand(room, name)) foot.Tell(name + " can't be banned there now.");
+    };
+    enforcement.onSameAddress = [this](std::int16_t room, const std::string& name, const std::string& other) {
+        window.management.AddSuspect(room, name, other);
+    };
+    foot.lblFoot.Click = [this] { window.ShowAt(NetworkWindow::Told); };
+}
+
+void Bridge::Start() {
+    row.EachControl(Theme());
+    Theme()(foot.lblFoot);
+    Theme()(foot.lstTold);
+    file.Load();
+    for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
+    chosen.Follow(Options::FileUse::Read, {});
+}
+
+void Bridge::Refresh() {
+    OfferNetworks(row.cmbNetwork, file, chosen.Name());
+    row.Stand(chosen.Standing());
+    if (window.Loaded()) window.Refresh();
+}
+
+bool Bridge::MayLogin(ConnectionPanel::By by) {
+    if (!chosen.MayLogin(by)) return false;
+    window.check.GiveWay();
+    Enforce(chosen.OfSignOn());
+    return true;
+}
+
+void Bridge::Enforce(const std::string& network) {
+    const auto terms = file.Management(network);
+    enforcement.SetTerms(terms);
+    answers.enforcedElsewhere = terms.enforce;
+}
+
+void Bridge::SignOnStage(const std::string& text) {
+    if (text == RoastedStage) chosen.BeforeRoasting();
+}
+
+void Bridge::SignOnRefused(int code, const std::string&) {
+    auto words = RefusalText(RefusalKind::SignOn, code);
+    if (const auto hint = chosen.SaltHint(); code == WrongPassword && !hint.empty()) words += " " + hint;
+    row.Tell(words);
+}
+
+void Bridge::SignedOn(const std::string&) { row.Tell(""); }
+
+void Bridge::SignedOffElsewhere(int reason, const std::string& page) {
+    const auto words = OneLine(RefusalText(RefusalKind::SignOff, reason) + (page.empty() ? "" : " " + page));
+    row.Tell(words);
+    foot.Tell(words);
+}
+
+void Bridge::SocketFailed(int socket, int number, const std::string& words) {
+    if (number != TlsFailed) return;
+    foot.Tell(words);
+    if (socket == 0) refusedByTls = words;
+}
+
+void Bridge::ConnectionEnded(int socket, const std::string&) {
+    if (socket != 0) return;
+    const auto tls = std::exchange(refusedByTls, {});
+    row.Tell(tls.empty() ? RefusalText(RefusalKind::SignOff, -1) : tls);
+}
+
+void Bridge::RoomEntered(std::int16_t room, const std::string&) { window.management.ForgetRoom(room); }
+
+/// The code is a reason of the room's where it is one, else the word of a bare error answer.
+void Bridge::RoomRefused(int code, const std::string&, const std::string&) {
+    const bool bare = !FindRefusal(RefusalKind::Room, code) && FindRefusal(RefusalKind::Error, code);
+    row.Tell("The room is refused. " + RefusalText(bare ? RefusalKind::Error : RefusalKind::Room, code));
+}
+
+void Bridge::RateTold(std::int16_t, int code, int classId) {
+    row.Tell(RefusalText(RefusalKind::Rate, code) + " Class " + std::to_string(classId) + ".");
+}
+
+} // namespace halyard

@@ -1,0 +1,20 @@
+#pragma once
+
+// What the bridge adds to the main window, and its own windows.
+
+#include <memory>
+
+class QWidget;
+
+namespace halyard {
+
+class FootLine;
+class FormWindow;
+class NetworkRow;
+class NetworkWindow;
+
+QWidget* DrawNetworkRow(NetworkRow& row);
+QWidget* DrawFootLine(FootLine& foot);
+std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
+
+} // namespace halyard
