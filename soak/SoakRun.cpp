@@ -68,7 +68,9 @@ SoakRun::SoakRun(const SoakPlan& plan)
     enforcement.emplace(machine, window.Control(), hands);
     window.Control().SetNews(&*enforcement);
     enforcement->SetTerms({.enforce = true});
-    invariants.enforced.emplace(network, window.Control(), hands.spared);
+    invariants.enforced.emplace(
+        network, window.Control(),
+        EnforcedWatch::Questions{hands.spared, [this] { return enforcement->Waiting(); }});
 }
 
 std::string SoakRun::Violation() const {

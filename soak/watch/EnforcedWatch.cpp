@@ -17,6 +17,7 @@ constexpr std::int64_t lookEvery = 1000;
 constexpr std::int64_t longestStay = 10000;
 /// From a session's end to the list, whose answer is under way.
 constexpr std::int64_t longestListing = 10000;
+constexpr std::size_t shortLine = 3; // of those who wait to be signed off
 constexpr const char* botsName = "harbourbot";
 constexpr std::string_view ending = "DELETE /session/";
 
@@ -26,6 +27,7 @@ void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool
                           std::int64_t now) {
     const Place place{room, name};
     const bool kick = kind == "kick";
+    if (!kick) lastAsked[place] = now;
     next = std::max(next, now + 1); // what follows comes at once, but not within this event
     if (!ban) {
         ended.erase(place);
@@ -41,9 +43,13 @@ void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool
 }
 
 void EnforcedWatch::Happened(const PracticeEvent& event) {
-    if (event.what == "leaves" && SameName(event.who, botsName)) Forgive(NormalizeName(event.room));
+    if (event.what == "leaves") {
+        staying.erase({NormalizeName(event.room), NormalizeName(event.who)});
+        if (SameName(event.who, botsName)) Forgive(NormalizeName(event.room));
+    }
     if (!event.what.starts_with(ending)) return;
     const auto name = NormalizeName(event.what.substr(ending.size()));
+    signedOff[name] = event.milliseconds;
     for (auto at = asked.begin(); at != asked.end();) {
         if (at->first.second != name) {
             ++at;
@@ -83,13 +89,20 @@ std::string EnforcedWatch::Lasting(std::map<Place, std::int64_t>& since, const s
     return {};
 }
 
+/// A request may wait longer than one to let in again that was made after it, as in a room's ban pause.
+bool EnforcedWatch::CameLater(const Place& place) const {
+    const auto asked = lastAsked.find(place);
+    const auto off = signedOff.find(place.second);
+    return asked != lastAsked.end() && off != signedOff.end() && off->second > asked->second;
+}
+
 std::string EnforcedWatch::Check(std::int64_t now) {
     if (now < next) return {};
     next = now + lookEvery;
     const auto listed = Listed();
     std::set<Place> strange, lost, inside;
     for (const auto& place : listed)
-        if (!ended.contains(place) && Counts(place)) strange.insert(place);
+        if (!ended.contains(place) && Counts(place) && !CameLater(place)) strange.insert(place);
     const auto wrong = Lasting(strangers, strange, now, 2000, " is on a list, and nobody put them out of ");
     if (!wrong.empty() || now < trusted) return wrong;
     if (std::exchange(doubted, false)) Forgive();
@@ -97,8 +110,9 @@ std::string EnforcedWatch::Check(std::int64_t now) {
         for (auto at = ended.lower_bound({NormalizeName(room->ChatName), ""});
              at != ended.end() && at->first == NormalizeName(room->ChatName); ++at)
             if (!listed.contains(*at) && Counts(*at)) lost.insert(*at);
+    if (ask.waiting() > shortLine) staying.clear(); // everybody has their turn
     for (const auto& place : listed)
-        if (!spared(place.second) && network.IsInRoom(place.first, place.second) &&
+        if (!ask.spared(place.second) && network.IsInRoom(place.first, place.second) &&
             network.IsInRoom(place.first, botsName))
             inside.insert(place);
     const auto missed = Lasting(missing, lost, now, longestListing, " was put out, and is on no list of ");

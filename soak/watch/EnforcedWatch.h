@@ -6,6 +6,7 @@
 
 #include "practice/Journal.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -20,10 +21,12 @@ class TillerSock;
 
 class EnforcedWatch {
   public:
-    /// `spared` tells whom nobody signs off; who is listed and spared may stay.
-    EnforcedWatch(const PracticeNetwork& network, const TillerSock& control,
-                  std::function<bool(const std::string& name)> spared)
-        : network(network), control(control), spared(std::move(spared)) {}
+    struct Questions {
+        std::function<bool(const std::string& name)> spared; ///< nobody signs them off; they may stay
+        std::function<std::size_t()> waiting;                ///< who wait to be signed off, one a second
+    };
+    EnforcedWatch(const PracticeNetwork& network, const TillerSock& control, Questions questions)
+        : network(network), control(control), ask(std::move(questions)) {}
 
     /// A request went out. `kind` is the word of its record.
     void Asked(const std::string& room, const std::string& name, bool ban, const std::string& kind,
@@ -42,14 +45,17 @@ class EnforcedWatch {
     void Forgive(const std::string& room = {});
     std::string Lasting(std::map<Place, std::int64_t>& since, const std::set<Place>& now, std::int64_t moment,
                         std::int64_t longest, const std::string& what) const;
+    bool CameLater(const Place& place) const;
     bool Counts(const Place& place) const { return !unclear.contains(place); }
 
     const PracticeNetwork& network;
     const TillerSock& control;
-    const std::function<bool(const std::string& name)> spared;
+    const Questions ask;
     std::map<Place, bool> asked; ///< and not yet signed off; true for a kick, which takes off the list
-    std::set<Place> ended;       ///< signed off for a list, and not let in again
-    std::set<Place> unclear;     ///< asked to be kicked and banned at once: which one came last isn't seen
+    std::map<Place, std::int64_t> lastAsked; ///< of whichever request but a kick
+    std::map<std::string, std::int64_t> signedOff;
+    std::set<Place> ended;   ///< signed off for a list, and not let in again
+    std::set<Place> unclear; ///< asked to be kicked and banned at once: which one came last isn't seen
     std::map<Place, std::int64_t> strangers, missing, staying; ///< since when it is wrong
     std::int64_t trusted = 0;
     bool doubted = false; ///< there were such times since the last look
