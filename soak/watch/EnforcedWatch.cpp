@@ -30,7 +30,7 @@ void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool
     if (!kick) lastAsked[place] = now;
     next = std::max(next, now + 1); // what follows comes at once, but not within this event
     if (!ban) {
-        ended.erase(place);
+        if (ended.erase(place) > 0) lifted[place] = now;
         if (!asked.contains(place)) unclear.erase(place);
         return;
     }
@@ -45,7 +45,7 @@ void EnforcedWatch::Asked(const std::string& room, const std::string& name, bool
 void EnforcedWatch::Happened(const PracticeEvent& event) {
     if (event.what == "leaves") {
         staying.erase({NormalizeName(event.room), NormalizeName(event.who)});
-        if (SameName(event.who, botsName)) Forgive(NormalizeName(event.room));
+        if (SameName(event.who, botsName)) Forgive(event.milliseconds, NormalizeName(event.room));
     }
     if (!event.what.starts_with(ending)) return;
     const auto name = NormalizeName(event.what.substr(ending.size()));
@@ -62,11 +62,13 @@ void EnforcedWatch::Happened(const PracticeEvent& event) {
 
 /// What is under way for a room that the bot has left comes to nothing. For every room: so may what was under
 /// way while answers were lost.
-void EnforcedWatch::Forgive(const std::string& room) {
+void EnforcedWatch::Forgive(std::int64_t now, const std::string& room) {
     const auto listed = Listed();
     std::erase_if(ended, [&](const auto& place) {
         return (room.empty() || place.first == room) && !listed.contains(place);
     });
+    for (const auto& [place, moment] : lifted) // the room was lost before it counted
+        if (place.first == room && now - moment < 2000 && listed.contains(place)) ended.insert(place);
     std::erase_if(asked, [&](const auto& each) { return room.empty() || each.first.first == room; });
 }
 
@@ -101,15 +103,20 @@ std::string EnforcedWatch::Check(std::int64_t now) {
     next = now + lookEvery;
     const auto listed = Listed();
     std::set<Place> strange, lost, inside;
-    for (const auto& place : listed)
-        if (!ended.contains(place) && Counts(place) && !CameLater(place)) strange.insert(place);
+    for (const auto& place : listed) {
+        if (CameLater(place)) ended.insert(place);
+        if (!ended.contains(place) && Counts(place)) strange.insert(place);
+    }
     const auto wrong = Lasting(strangers, strange, now, 2000, " is on a list, and nobody put them out of ");
     if (!wrong.empty() || now < trusted) return wrong;
-    if (std::exchange(doubted, false)) Forgive();
-    for (const auto& room : control.Chat)
-        for (auto at = ended.lower_bound({NormalizeName(room->ChatName), ""});
-             at != ended.end() && at->first == NormalizeName(room->ChatName); ++at)
+    if (std::exchange(doubted, false)) Forgive(now);
+    for (const auto& room : control.Chat) {
+        // Since a list file was loaded that doesn't name it, the room has no list: required.
+        if (room->EjectListIndex != 0 && !control.EjectLists.Item(room->EjectListIndex)) continue;
+        const auto name = NormalizeName(room->ChatName);
+        for (auto at = ended.lower_bound({name, ""}); at != ended.end() && at->first == name; ++at)
             if (!listed.contains(*at) && Counts(*at)) lost.insert(*at);
+    }
     if (ask.waiting() > shortLine) staying.clear(); // everybody has their turn
     for (const auto& place : listed)
         if (!ask.spared(place.second) && network.IsInRoom(place.first, place.second) &&

@@ -42,7 +42,7 @@ class EnforcedWatch {
   private:
     using Place = std::pair<std::string, std::string>; // room and name, normalised
     std::set<Place> Listed() const;
-    void Forgive(const std::string& room = {});
+    void Forgive(std::int64_t now, const std::string& room = {});
     std::string Lasting(std::map<Place, std::int64_t>& since, const std::set<Place>& now, std::int64_t moment,
                         std::int64_t longest, const std::string& what) const;
     bool CameLater(const Place& place) const;
@@ -53,6 +53,7 @@ class EnforcedWatch {
     const Questions ask;
     std::map<Place, bool> asked; ///< and not yet signed off; true for a kick, which takes off the list
     std::map<Place, std::int64_t> lastAsked; ///< of whichever request but a kick
+    std::map<Place, std::int64_t> lifted;
     std::map<std::string, std::int64_t> signedOff;
     std::set<Place> ended;   ///< signed off for a list, and not let in again
     std::set<Place> unclear; ///< asked to be kicked and banned at once: which one came last isn't seen
