@@ -2,7 +2,8 @@
 // time, into a bot on line with a room and the whole command engine behind it.
 //
 // An input is a row of steps, a byte each and what belongs to it. The low two bits are the socket; the rest
-// says what happens there (see Step). A bot with the ways of "Open server" meets those whose last byte ends in three set bits.
+// says what happens there (see Step). A bot with the ways of "Open server" meets those whose last byte ends
+// in three set bits.
 
 #include "fuzz/FuzzDesk.h"
 

@@ -12,12 +12,12 @@ struct SoakPlan {
     std::uint64_t seed = 1;
     double days = 1;
     int rooms = 1;
-    int people = 20;     ///< in all rooms together
-    int faults = 0;      ///< 0 (none) to 9
-    int journal = 0;     ///< 1 writes down everything that happens, 2 everything that goes into the digest
-    int lines = 0;       ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
+    int people = 20; ///< in all rooms together
+    int faults = 0;  ///< 0 (none) to 9
+    int journal = 0; ///< 1 writes down everything that happens, 2 everything that goes into the digest
+    int lines = 0;   ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
     bool openServer = false; ///< the service has the habits of "Open server", and the bot its ways
-    bool bridge = false; ///< the bridge is there as well, with nothing switched on
+    bool bridge = false;     ///< the bridge is there as well, with nothing switched on
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 

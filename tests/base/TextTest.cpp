@@ -148,10 +148,16 @@ TEST(Latin1, WhatHasNoPlaceAndWhatIsBrokenBecomesAQuestionMark) {
         EXPECT_EQ(FromUtf8(utf8), text);
     // UTF-16 in hex: a mark of either order, a character beyond 16 bits, halves of one, half a character.
     using namespace std::string_view_literals;
-    for (auto [utf16, wanted] :
-         {std::pair{"\0d\0\xE9\x20\xAC"sv, "d\xE9\x80"sv}, {"\xFE\xFF\0a"sv, "a"sv}, {"\xFF\xFE" "a\0"sv, "a"sv},
-          {"\x4E\x2D\0b"sv, "?b"sv}, {"\xD8\x3D\xDE\0\0c"sv, "?c"sv}, {"\xD8\x3D\0c\xDE\0"sv, "?c?"sv},
-          {"\0a\0"sv, "a?"sv}, {""sv, ""sv}})
+    for (auto [utf16, wanted] : {std::pair{"\0d\0\xE9\x20\xAC"sv, "d\xE9\x80"sv},
+                                 {"\xFE\xFF\0a"sv, "a"sv},
+                                 {"\xFF\xFE"
+                                  "a\0"sv,
+                                  "a"sv},
+                                 {"\x4E\x2D\0b"sv, "?b"sv},
+                                 {"\xD8\x3D\xDE\0\0c"sv, "?c"sv},
+                                 {"\xD8\x3D\0c\xDE\0"sv, "?c?"sv},
+                                 {"\0a\0"sv, "a?"sv},
+                                 {""sv, ""sv}})
         EXPECT_EQ(FromUtf16(utf16), wanted);
 }
 

@@ -1,4 +1,5 @@
 #include "oscar/networks/Reach.h"
+
 #include "oscar/wire/ModOscarFunctions.h"
 #include "oscar/wire/RateTable.h"
 
