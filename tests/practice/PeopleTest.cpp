@@ -36,9 +36,13 @@ TEST(People, ASecondSignOnEndsTheFirstAndItsRooms) {
     stage.network.Levers().Resume("bot");
     first.bos->Wait();
     EXPECT_TRUE(first.bos->Keys().ends_with("0001000B 0001000D"));
+    stage.network.Levers().Migrate("bot");
+    RawClient moved(stage);
+    moved.Begin(RawClient::Tlvs({.body = Mid(first.bos->Last(1, 0x12).body, 3)}, 6));
+    EXPECT_TRUE(stage.Noted("|Bot|comes back from a migration") && stage.network.IsInRoom("r", "bot"));
     Guest second(stage, "bot");
-    EXPECT_EQ(first.bos->frames.back(), std::make_pair(4, std::string()));
-    EXPECT_TRUE(first.bos->closed && first.chat->closed);
+    EXPECT_EQ(moved.frames.back(), std::make_pair(4, std::string()));
+    EXPECT_TRUE(first.bos->closed && moved.closed && first.chat->closed);
     EXPECT_TRUE(stage.network.IsOnLine("bot"));
     EXPECT_FALSE(stage.network.IsInRoom("r", "bot"));
     second.Join("r");

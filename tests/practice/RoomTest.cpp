@@ -77,7 +77,9 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     EXPECT_EQ(ban(bot, 0x25, "bob the rower"), "0000");
     bob.Join("r");
     EXPECT_TRUE(stage.network.IsInRoom("r", "bobtherower"));
-    EXPECT_EQ(ban(bot, 0x23, ""), "0000");
+    stage.network.Levers().SetOwner("r", "eve");
+    EXPECT_EQ(ban(bot, 0x24, "bobtherower"), "000D000800020048");
+    EXPECT_EQ(ban(eve, 0x23, ""), "0000");
     EXPECT_TRUE(stage.network.People("r").empty());
     EXPECT_TRUE(bob.chat->closed && eve.chat->closed && bot.chat->closed);
 }
@@ -91,7 +93,11 @@ TEST(Room, FullRefusedAndInvalid) {
         other.bos->Ask(1, 4, WordToStr(0x0E) + Guest::Wish(room));
         return StrToHex(RawClient::Tlvs({.body = Mid(other.bos->Last(1, 1).body, 3)}, 8));
     };
+    stage.network.Levers().RefuseNextJoin(0x30);
+    EXPECT_EQ(word("R"), "0030");
     EXPECT_EQ(word("R"), "");
+    stage.network.Levers().RefuseNextCreation(0x12);
+    EXPECT_EQ(bot.Create("mine"), "");
     EXPECT_EQ(word("nowhere"), "0033");
     stage.network.Levers().SetMaxPeople("r", 5);
     stage.network.Levers().Fill("r");
