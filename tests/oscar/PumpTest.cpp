@@ -53,24 +53,4 @@ TEST_F(Wire, SequenceNumbersRunOnThroughEverythingAndWrapAt65536) {
     Settle();
 }
 
-TEST_F(Wire, NoRandomFrameDoesHarm) {
-    SignOn();
-    OpenRoom();
-    SimRandom chance(99);
-    auto heads =
-        Split("00010005 00130006 000E0002 000E0003 000E0004 000E0006 000E0001 000E0030 0001000A 00040007 "
-              "00020006 000D0009 000D0001 00010001 00010012 00170003 00170007 00040005",
-              " ");
-    for (int n = 0; n < 4000; ++n) {
-        std::string body;
-        for (auto left = chance.Between(0, 40); left > 0; --left)
-            body += ByteToStr(chance.Between(0, chance.Between(0, 3) > 0 ? 4 : 255));
-        auto head = heads[chance.Next() % heads.size()] + (n % 3 == 0 ? "8000" : "0000");
-        auto frame = Frame(head + "00000000" + Hex(body));
-        control.ParsePacket(static_cast<int>(chance.Between(0, 3)), frame);
-        if (n % 50 == 0) world.RunFor(100);
-    }
-    EXPECT_LE(control.Sockets().UpperBound(), 50);
-}
-
 } // namespace halyard
