@@ -109,36 +109,6 @@ TEST_F(Comeback, ASignOnThatFailsCanBeTriedAgainAtOnce) {
     SignOn();
 }
 
-TEST(Weather, AHarbourOfStormsEndsInCalm) {
-    for (std::uint64_t seed = 1; seed <= 120; ++seed) {
-        Desk desk(seed);
-        for (auto* box : {&desk.boxes.chkAutoLogin, &desk.boxes.chkRejoinKick, &desk.boxes.chkRejoinError})
-            desk.Set(*box, true);
-        desk.SignOn();
-        desk.Join("lobby");
-        desk.Join("deck");
-        auto& faults = desk.world.network.faults;
-        faults.cutBytes = true;
-        faults.latencyMax = 400;
-        faults.refuse = faults.silent = .1;
-        faults.drop = .01;
-        faults.halfOpen = .003;
-        faults.stall = .01;
-        desk.Wait(900);
-        faults = {};
-        for (int minute = 0; minute < 6; ++minute) { // somebody talks, so that the service finds dead members
-            for (const auto* room : {"lobby", "deck"})
-                desk.people.Enter(room, "opal"), desk.people.Say(room, "opal", "still here?");
-            desk.Wait(60);
-        }
-        const auto rooms = desk.Listed(desk.window.chats.lstChats);
-        EXPECT_EQ(rooms.size(), desk.control.Chat.Count()) << seed;
-        for (const auto* room : {"lobby", "deck"})
-            EXPECT_TRUE(desk.network.IsInRoom(room, "harbourbot")) << seed << room;
-        EXPECT_EQ(desk.window.connection.lblConnectionInfo.Caption(), "Online!") << seed;
-    }
-}
-
 TEST_F(Comeback, ALostRoomIsRejoinedAtOnceWhenAllowed) {
     SignOn();
     using Case = std::tuple<const char*, bool, bool, bool, int>;
