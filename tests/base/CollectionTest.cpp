@@ -8,7 +8,6 @@
 #include <vector>
 
 namespace halyard {
-namespace {
 
 // Keys close to each other in the table, some gone and some new, and each found where it is.
 TEST(Collection, FindsEveryKeyWhateverCameAndWent) {
@@ -53,5 +52,4 @@ TEST(Collection, FindsEveryKeyWhateverCameAndWent) {
     EXPECT_FALSE(moved.Remove(wanted[0].first));
 }
 
-} // namespace
 } // namespace halyard

@@ -7,7 +7,6 @@
 #include <limits>
 
 namespace halyard {
-namespace {
 
 using Parts = std::vector<std::string>;
 
@@ -148,5 +147,4 @@ TEST(Latin1, WhatHasNoPlaceAndWhatIsBrokenBecomesAQuestionMark) {
         EXPECT_EQ(FromUtf8(utf8), text);
 }
 
-} // namespace
 } // namespace halyard

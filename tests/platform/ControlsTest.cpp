@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace halyard {
-namespace {
 
 // How a list's selection follows its lines is looked at where a view follows both.
 TEST(Controls, ListsSelectOnlyLinesThatAreThereAndClickOnAChange) {
@@ -32,5 +31,4 @@ TEST(Controls, HandlersRunOnChangesOnly) {
     EXPECT_EQ(clicks, 2) << "the box was turned on and off";
 }
 
-} // namespace
 } // namespace halyard

@@ -1,7 +1,6 @@
 #include "tests/practice/RawClient.h"
 
 namespace halyard {
-namespace {
 
 TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
     auto code = [this] {
@@ -39,5 +38,4 @@ TEST_F(InRoom, ALimitOnDemandHoldsUntilCleared) {
     EXPECT_TRUE(network.IsBanned("r", "bob"));
 }
 
-} // namespace
 } // namespace halyard

@@ -1,7 +1,6 @@
 #include "tests/practice/RawClient.h"
 
 namespace halyard {
-namespace {
 
 TEST(Room, BlockAndEntryByteForByte) {
     Stage stage;
@@ -124,5 +123,4 @@ TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     EXPECT_TRUE(stage.network.IsInRoom("kept", "bot"));
 }
 
-} // namespace
 } // namespace halyard

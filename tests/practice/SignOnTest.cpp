@@ -1,7 +1,6 @@
 #include "tests/practice/RawClient.h"
 
 namespace halyard {
-namespace {
 
 TEST(SignOn, HashedInEveryForm) {
     for (const auto& salt : {DefaultSecrets().salt, std::string("AOL Instant Messenger (SM)")})
@@ -112,5 +111,4 @@ TEST(BringUp, ClientsExtrasDoNoHarm) {
     }
 }
 
-} // namespace
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 using Editors = DeskScene;
 
@@ -133,5 +132,4 @@ TEST_F(Editors, NewSettingsClosesThem) {
     EXPECT_EQ(window.locksWindow.txtAddLockBan.Text(), "");
 }
 
-} // namespace
 } // namespace halyard

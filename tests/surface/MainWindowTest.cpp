@@ -5,7 +5,6 @@
 #include <set>
 
 namespace halyard {
-namespace {
 
 using MainWindow = DeskScene;
 
@@ -149,5 +148,4 @@ TEST_F(MainWindow, RatedRoomsAreListedUntilTheyAreFree) {
     EXPECT_EQ(Happened("manually re-enabled").size(), 1U);
 }
 
-} // namespace
 } // namespace halyard

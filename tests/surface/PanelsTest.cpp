@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 using Panels = DeskScene;
 
@@ -180,5 +179,4 @@ TEST_F(Panels, UnbanningWithoutTheRoomAndRemovingAList) {
     EXPECT_EQ(window.ejects.lblEjectListChat.Caption(), "Current Chat: [None]");
 }
 
-} // namespace
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 using WholeBot = DeskScene;
 
@@ -104,5 +103,4 @@ TEST_F(WholeBot, AsksWhichFilesToSaveAndRead) {
                             "Load settings|Gannet Elite Settings File [All files] (*.*)|*.*|/program"}));
 }
 
-} // namespace
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface_qt/ScreenScene.h"
 
 namespace halyard {
-namespace {
 
 using Operator = ScreenScene;
 
@@ -76,5 +75,4 @@ TEST_F(Operator, ADayAtTheWindows) {
     EXPECT_FALSE(Window("frmNotice"));
 }
 
-} // namespace
 } // namespace halyard
