@@ -36,11 +36,10 @@ TEST_F(Wire, TheHashedDialogueReachesBos) {
                      "LoginStatus|Connecting to BOS Server...",
                      "LoginStatus|Sending Ack and Cookie to BOS Server..."}));
 
-    Answer("00090003000000000000");
-    EXPECT_EQ(events.Take(),
+    EXPECT_EQ(Told(Last(), "00090003000000000000"),
               (Lines{"LoginStatus|Login Completed!", "LoggedIn|MyBot|m@x.home.arpa|127.0.0.1"}));
-    Answer("00090003000000000000"); // once more, as after a migration
-    EXPECT_EQ(events.Take(), (Lines{"LoginStatus|Login Completed!"}));
+    // once more, as after a migration
+    EXPECT_EQ(Told(Last(), "00090003000000000000"), (Lines{"LoginStatus|Login Completed!"}));
     world.RunFor(60000);
     EXPECT_EQ(events.Take(), Lines{}) << "the sign-on timer is off";
 }
@@ -161,8 +160,7 @@ TEST_F(Wire, MigrationMovesBosAndAPauseMakesItsGoodbyeHarmless) {
     ASSERT_EQ(peers.size(), 3U);
     Answer("00000001", 1);
     EXPECT_EQ(Last().Take(), (Lines{"1 00000001" + Hex(MakeTLV("0006", 2, "new"))}));
-    Answer("00090003000000000000");
-    EXPECT_EQ(events.Take(), (Lines{"LoginStatus|Login Completed!"}));
+    EXPECT_EQ(Told(Last(), "00090003000000000000"), (Lines{"LoginStatus|Login Completed!"}));
     EXPECT_TRUE(control.LoggedOn());
     Answer("", 4); // not paused any more: the service signs the bot off, and no event tells of it
     EXPECT_FALSE(control.LoggedOn());

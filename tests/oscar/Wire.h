@@ -154,6 +154,11 @@ class Wire : public ::testing::Test, public EventLog {
         from.Send(hexBody, channel);
         Settle();
     }
+    /// What the control tells of an answer, and of what came before it.
+    Lines Told(Peer& from, const std::string& hexBody, int channel = 2) {
+        Answer(from, hexBody, channel);
+        return events.Take();
+    }
     /// Signs on by the roasted dialogue, up to LoggedIn on the second connection.
     Peer& SignOn() {
         settings.LoginMD5 = false;

@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace halyard {
-namespace {
 
 /// A client and the socket that the server got for it.
 class SocketContract : public testing::Test {
@@ -154,5 +153,4 @@ TEST_F(SocketContract, ConnectsAnewFromItsOwnErrorHandlerAndOverAConnection) {
     EXPECT_EQ(errors, 1);
 }
 
-} // namespace
 } // namespace halyard

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 namespace halyard {
-namespace {
 
 class PosixFilesTest : public testing::Test {
   protected:
@@ -144,9 +143,4 @@ TEST_F(PosixFilesTest, MakesFoldersOnTheWay) {
     EXPECT_EQ(files.Read(Path("a/b/c/moved"), 1), "x");
 }
 
-TEST_F(PosixFilesTest, KnowsTheProgramsOwnFolder) {
-    EXPECT_EQ(files.ProgramFolder(), QCoreApplication::applicationDirPath().toStdString());
-}
-
-} // namespace
 } // namespace halyard

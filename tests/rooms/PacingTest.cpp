@@ -2,8 +2,6 @@
 
 namespace halyard {
 
-namespace {
-
 class Pacing : public RoomScenario {
   protected:
     /// Sends each "key|template|name|other value" of the script, apart by "; "; "@5" is the fifth second.
@@ -125,7 +123,5 @@ TEST_F(Pacing, ARoomThatEndsWhileItSpeaksIsSafe) {
     Heard(60, "0 Op: ann; 8.2 Op: bob, cid");
     EXPECT_EQ(rooms.Count(), 0U);
 }
-
-} // namespace
 
 } // namespace halyard

@@ -2,8 +2,6 @@
 
 namespace halyard {
 
-namespace {
-
 class RateState : public RoomScenario {
   protected:
     RateState() {
@@ -110,7 +108,5 @@ TEST_F(RateState, OtherClassesAndCodes) {
     for (int classID : {1, 5}) room.RateNotice(2, classID);
     room.CheckUnrate();
 }
-
-} // namespace
 
 } // namespace halyard

@@ -9,8 +9,6 @@
 
 namespace halyard {
 
-namespace {
-
 const std::string banner = "a\nb\nVersion: 2.0 (Beta 1.0)\n";
 
 class NothingLost : public Desk {
@@ -130,7 +128,5 @@ TEST_F(NothingLost, FilesThatCannotBeReadStay) {
     EXPECT_TRUE(statistics.Load());
     EXPECT_EQ(platform.disk.Contents("/state/StatsStore.dat"), "version:1.0\r\n");
 }
-
-} // namespace
 
 } // namespace halyard

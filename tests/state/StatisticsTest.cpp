@@ -3,8 +3,6 @@
 
 namespace halyard {
 
-namespace {
-
 constexpr const char* StatsPath = "/state/StatsStore.dat";
 constexpr const char* Remark =
     "NOTE: Congrats on finding the hidden stats file used in Halyard 2.0! (Unless someone else told you or I "
@@ -102,7 +100,5 @@ TEST_F(Statistics, StandOnTheProgramsDriveWhereThereAreDrives) {
     EXPECT_TRUE(StatisticsFile(drives, counters).Write());
     EXPECT_EQ(drives.drive.Paths(), std::set<std::string>{"D:\\Windows\\StatsStore.dat"});
 }
-
-} // namespace
 
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 class Comeback : public DeskScene {
   protected:
@@ -235,5 +234,4 @@ TEST_F(Comeback, JoinFailuresByCode) {
     EXPECT_EQ(window.chats.lblChatStatus.Caption(), "rates");
 }
 
-} // namespace
 } // namespace halyard

@@ -8,7 +8,6 @@
 #include <set>
 
 namespace halyard {
-namespace {
 
 using Windows = ScreenScene;
 
@@ -200,5 +199,4 @@ TEST(Bound, LogsTakeWhatIsNew) {
     EXPECT_TRUE(log->isReadOnly());
 }
 
-} // namespace
 } // namespace halyard
