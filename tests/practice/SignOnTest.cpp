@@ -57,7 +57,7 @@ TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
     EXPECT_TRUE(stranger.closed);
 }
 
-TEST(BringUp, AnswersEchoTheRequest) {
+TEST(BringUp, AnswersEchoTheRequestRatesHaveTwoFormsAndExtrasDoNoHarm) {
     Stage stage;
     Guest guest(stage, "Bot");
     using Case = std::tuple<int, int, int, std::string>;
@@ -72,13 +72,6 @@ TEST(BringUp, AnswersEchoTheRequest) {
         EXPECT_FALSE(answer.body.empty());
         EXPECT_TRUE(hex.empty() || StrToHex(answer.body) == hex) << StrToHex(answer.body);
     }
-    guest.bos->Ask(0x13, 0x08, HexToStr("0000000000000008FFFF0000")); // a list whose length lies
-    EXPECT_TRUE(guest.bos->closed);
-}
-
-TEST(BringUp, RateClassesInBothForms) {
-    Stage stage;
-    Guest guest(stage, "Bot");
     for (auto [version, size] : {std::make_pair("00010001", 30u), std::make_pair("00010002", 35u)}) {
         guest.bos->Ask(1, 0x17, HexToStr(version));
         EXPECT_EQ(StrToHex(guest.bos->Last(1, 0x18).body), version);
@@ -90,17 +83,12 @@ TEST(BringUp, RateClassesInBothForms) {
         EXPECT_EQ(StrToHex(body.substr(body.size() - 8)), "00050001000E0005"); // its one member is chat
         EXPECT_EQ(StrToHex(body.substr(2 + 5 * size, 2)), "0001");
     }
-}
-
-TEST(BringUp, ClientsExtrasDoNoHarm) {
-    Stage stage;
-    Guest guest(stage, "Bot");
-    using Case = std::tuple<int, int, const char*>;
+    using Extra = std::tuple<int, int, const char*>;
     for (const auto& [family, subtype, hex] :
-         {Case{0x13, 7, ""}, Case{0x13, 8, "0000000000120004000500CA00010100000000000000050000"},
-          Case{0x13, 9, "00000000001200040000"}, Case{2, 4, "000500000002000568656C6C6F"},
-          Case{1, 0x1E, "00060004"}, Case{1, 0x11, "00000000"}, Case{4, 0x10, "00"}, Case{0x18, 6, "00"},
-          Case{4, 2, "0001"}, Case{1, 8, "0001"}})
+         {Extra{0x13, 7, ""}, Extra{0x13, 8, "0000000000120004000500CA00010100000000000000050000"},
+          Extra{0x13, 9, "00000000001200040000"}, Extra{2, 4, "000500000002000568656C6C6F"},
+          Extra{1, 0x1E, "00060004"}, Extra{1, 0x11, "00000000"}, Extra{4, 0x10, "00"}, Extra{0x18, 6, "00"},
+          Extra{4, 2, "0001"}, Extra{1, 8, "0001"}})
         guest.bos->Ask(family, subtype, HexToStr(hex));
     EXPECT_FALSE(guest.bos->closed);
     EXPECT_EQ(guest.bos->Count("0013000E"), 2);
@@ -109,6 +97,8 @@ TEST(BringUp, ClientsExtrasDoNoHarm) {
         EXPECT_EQ(service->Last(1, 3).body, WordToStr(1) + WordToStr(family));
         EXPECT_FALSE(service->closed);
     }
+    guest.bos->Ask(0x13, 0x08, HexToStr("0000000000000008FFFF0000")); // a list whose length lies
+    EXPECT_TRUE(guest.bos->closed);
 }
 
 } // namespace halyard

@@ -15,20 +15,14 @@ namespace halyard {
 
 namespace {
 
-SoakPlan Plan(std::uint64_t seed, double days, int faults, int rooms = 3) {
-    SoakPlan plan;
-    plan.seed = seed;
-    plan.days = days;
-    plan.rooms = rooms;
-    plan.people = 12 * rooms;
-    plan.faults = faults;
-    plan.lines = 300;
-    return plan;
+SoakPlan Plan(const std::string& words) {
+    return ReadPlan(Split("--days 0.1 --rooms 3 --lines 300 " + words, " ")).value();
 }
 
 TEST(Soak, HoldsAtEveryLevelOfFaults) {
     for (int level = 0; level <= 9; ++level) {
-        auto plan = Plan(static_cast<std::uint64_t>(100 + level), 0.1, level);
+        const auto plan =
+            Plan("--people 36 --seed 10" + std::to_string(level) + " --faults " + std::to_string(level));
         SoakRun run(plan);
         EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
         EXPECT_EQ(run.FaultCount() > 0, level > 0);
@@ -38,9 +32,7 @@ TEST(Soak, HoldsAtEveryLevelOfFaults) {
 // A room that opens while another is asked for bears that one's name for a moment. Its bans once went to the
 // other's list.
 TEST(Soak, BansOfARoomThatOpenedUnderAnotherNameAreOnItsOwnList) {
-    auto plan = Plan(1035, 0.1, 5);
-    plan.people = 40;
-    SoakRun run(plan);
+    SoakRun run(Plan("--people 40 --seed 1035 --faults 5"));
     EXPECT_TRUE(run.Run()) << run.Violation();
 }
 

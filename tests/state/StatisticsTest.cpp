@@ -75,6 +75,9 @@ TEST_F(Statistics, UnreadableNumbersLeaveCountersAsTheyWere) {
 TEST_F(Statistics, AnotherVersionIsEmptiedAndEndsTheStart) {
     for (const char* bytes : {"version:1.0\r\ntotalban:5\r\n", "", "\r\n"}) {
         platform.disk.Put(StatsPath, bytes);
+        platform.disk.FailNth(1);
+        EXPECT_TRUE(file.Load()) << "what can't be read stays";
+        EXPECT_EQ(platform.disk.Contents(StatsPath), bytes);
         EXPECT_FALSE(file.Load());
         EXPECT_EQ(platform.disk.Contents(StatsPath), "\r\n");
         EXPECT_EQ(counters.Kept(12), 0);
