@@ -141,6 +141,7 @@ TEST_F(PosixFilesTest, MakesFoldersOnTheWay) {
     EXPECT_TRUE(files.Rename(Path("file"), Path("a/b/c/moved")));
     EXPECT_FALSE(files.Rename(Path("file"), Path("again")));
     EXPECT_EQ(files.Read(Path("a/b/c/moved"), 1), "x");
+    EXPECT_EQ(files.ProgramFolder(), QCoreApplication::applicationDirPath().toStdString());
 }
 
 } // namespace halyard
