@@ -36,14 +36,12 @@ TEST(SignOn, RoastedByBotAndByOthers) {
 
 TEST(SignOn, ClientMaySpeakFirst) {
     Stage stage;
-    auto socket = stage.platform.NewSocket();
-    std::string got;
-    socket->onData = [&](std::size_t) { got += socket->ReadAll(); };
-    socket->Connect("127.0.0.1", 5190);
-    while (socket->State() != SocketState::Connected) stage.world.RunFor(1);
-    socket->Send(HexToStr("2A0100000004000000012A02000100110017000600000000000300010003") + "bob");
-    stage.world.RunFor(20);
-    EXPECT_EQ(StrToHex(got.substr(0, 28)), "2A0100000004000000012A020001001600170007000000000003000A");
+    RawClient client(stage, 0);
+    while (client.Raw().State() != SocketState::Connected) client.Wait(1);
+    EXPECT_TRUE(client.frames.empty());
+    client.Frame(1, HexToStr("00000001"), 0);
+    client.Ask(0x17, 6, HexToStr("00010003") + "bob");
+    EXPECT_EQ(client.Keys(), "00170007");
 }
 
 TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
