@@ -249,6 +249,7 @@ TEST_F(SettingsFile, ForeignSettingsAreImported) {
     EXPECT_EQ(controls.txtBGColor.Text() + controls.txtFontColor.Text() + controls.txtFontType.Text(),
               "112233445566Times");
     EXPECT_EQ(settings.FontColor, "00BFFF");
+    EXPECT_EQ(controls.optAB.Index(), 1);
     EXPECT_EQ(controls.chkBold.Value() + 2 * controls.chkStrikethrough.Value(), 1);
     EXPECT_EQ(control.ChatSends.Count(), 124u);
     EXPECT_FALSE(options.SettingsLoading);
