@@ -189,7 +189,7 @@ TEST_F(Wire, BosFamiliesAreAddedToARoomsVersions) {
                                              MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "key")));
     auto& room = Last();
     Answer(room, "0001001800000000000000010004000E0001");
-    Answer(bos, "0001000300000000000000090013");
+    Answer(bos, "0001000300000000000000090013000A"); // a third has no pair
     room.Take();
     Answer(room, "00010007000000000000");
     EXPECT_EQ(room.Take()[1],
