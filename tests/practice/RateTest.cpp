@@ -7,6 +7,7 @@ TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
         auto notice = alice.chat->Last(1, 0x0A);
         return notice.body.empty() ? "-" : std::to_string(*StrToWord(notice.body));
     };
+    alice.chat->Ask(1, 0x17, HexToStr("00010002")); // the first version with the long form
     std::string codes;
     for (int line = 0; line < 8; ++line) alice.Say("spam", 100), codes += code();
     // 8000 falls by a tenth a line: the fourth is below 5300, the seventh below 4200.

@@ -57,6 +57,7 @@ TEST_F(Desk, AutoSaveBoxesOpenAndCloseEachOther) {
         if (controls.chkAutoSaveBans.Enabled()) shown += " bans";
         return controls.txtEjectListFileName.Enabled() ? shown + " ejects" : shown;
     };
+    EXPECT_EQ(open(), "");
     controls.chkAutoSave.SetValue(1);
     EXPECT_EQ(open(), "timer file bans");
     controls.chkAutoSaveBans.SetValue(1);
