@@ -79,7 +79,7 @@ TEST(BringUp, AnswersEchoTheRequestRatesHaveTwoFormsAndExtrasDoNoHarm) {
         EXPECT_EQ(StrToHex(body.substr(2 + 4 * size, 10)),
                   "00050000000A0000157C"); // class 5, window 10, clear 5500
         EXPECT_EQ(StrToHex(body.substr(body.size() - 8)), "00050001000E0005"); // its one member is chat
-        EXPECT_EQ(StrToHex(body.substr(2 + 5 * size, 4)), "0001000A"); // ten of class 1
+        EXPECT_EQ(StrToHex(body.substr(2 + 5 * size, 4)), "0001000A");         // ten of class 1
     }
     using Extra = std::tuple<int, int, const char*>;
     for (const auto& [family, subtype, hex] :
