@@ -155,7 +155,7 @@ autosavebans:1;autosavebanfile:b.txt;autosave:1 -> autosavebans 00, autosavebanf
 autosave:1;autosavebans:1;autosavebanfile:b.txt -> autosavebans 11, autosavebanfile b.txt
 autosavefile: -> autosavefile AutoSaveFile.hys
 autosavefile:12345678901234567890123456789012345678901 -> autosavefile AutoSaveFile.hys
-user:;user:Al -> user Al
+user:;user:A -> user A
 banpause:.0009 -> banpause 1
 banpause:999.5 -> banpause 1
 ccom:28:late;ccom:-1:x;ccom:9:;ccom:8:elevenchars;ccom:0:a:b -> ccom:0 a:b, ccom:8 kick, ccom:9 ban
