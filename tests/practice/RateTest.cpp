@@ -26,8 +26,9 @@ TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
 }
 
 TEST_F(InRoom, ALimitOnDemandHoldsUntilCleared) {
-    network.Levers().SetRate("r", "bot", 1, RateCode::Limit);
+    for (int classId : {0, 1, 6}) network.Levers().SetRate("r", "bot", classId, RateCode::Limit);
     bot.chat->Wait();
+    EXPECT_EQ(bot.chat->Count("0001000A"), 1) << "there are five classes";
     EXPECT_EQ(StrToHex(bot.chat->Last(1, 0x0A).body.substr(0, 4)), "00030001");
     world.RunFor(600000);
     bot.chat->Ask(0x0E, 0x24, Tlv(1, "bob"));
