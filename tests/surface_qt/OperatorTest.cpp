@@ -26,6 +26,10 @@ TEST_F(Operator, ADayAtTheWindows) {
         EXPECT_EQ(Find<QLineEdit>("txtCharBan").text() == "12", set) << button;
         EXPECT_EQ(Find<QAbstractButton>("optAB(2)").isChecked(), set) << button;
     }
+    Choose("mnuChatsends");
+    Press("cmdPage(2)", "frmChatSends");
+    EXPECT_TRUE(Find<QPushButton>("cmdPage(2)", "frmChatSends").font().bold());
+    EXPECT_FALSE(Find<QLineEdit>("txtChatSend(0)", "frmChatSends").isVisible());
     Choose("mnuLocks");
     Press("cmdPrevious", "frmLocks");
     EXPECT_EQ(Find<QWidget>("FrameMain", "frmLocks").accessibleName(), "Ban Locks");
