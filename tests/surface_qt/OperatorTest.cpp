@@ -47,6 +47,11 @@ TEST_F(Operator, ADayAtTheWindows) {
     EXPECT_FALSE(Find<QPushButton>("cmdSignOn").isEnabled());
     Join("lobby");
     Press("chkRejoinError");
+    ClickLine("lstChats", 0);
+    people.Enter("lobby", "carol");
+    Wait(1);
+    ClickLine("lstChats", 0); // once more, for the news
+    EXPECT_EQ(Find<QLabel>("lblChatData(4)").text(), "3");
     OpenConsole();
     Type("txtSend", "good evening", "frmConsole");
     Enter("txtSend", "frmConsole");
