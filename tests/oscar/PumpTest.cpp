@@ -1,4 +1,4 @@
-// Frames that come in pieces, and the numbers of those that go out. The soak cuts its streams anywhere.
+// Unfinished frames, and the numbers of those that go out.
 
 #include "tests/oscar/Wire.h"
 

@@ -43,15 +43,21 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
     EXPECT_EQ(bos.Take(), Lines{});
 }
 
-TEST_F(Wire, LinesKeepTheirHtmlAndTheLastEncodingHolds) {
+TEST_F(Wire, LinesComeInAnyPiecesKeepTheirHtmlAndTheLastEncodingHolds) {
     SignOn();
     auto& room = OpenRoom();
-    auto say = [&](const std::string& inner) {
-        Answer(room, "000E000600000000000000000000000000000003" +
-                         Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
-                             MakeTLV("0005", 2, inner)));
-        return events.Take();
+    auto line = [](const std::string& inner) {
+        return "000E000600000000000000000000000000000003" +
+               Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
+                   MakeTLV("0005", 2, inner));
     };
+    auto say = [&](const std::string& inner) { return Told(room, line(inner)); };
+    const auto stream = Frame(line(MakeTLV("0001", 2, "one"))) + Frame(line(MakeTLV("0001", 2, "two")));
+    for (std::size_t cut = 1; cut < stream.size(); ++cut) {
+        for (const auto& piece : {stream.substr(0, cut), stream.substr(cut)})
+            room.socket->Send(piece), Settle();
+        EXPECT_EQ(events.Take(), (Lines{"ChatMessage|1|A nn|one", "ChatMessage|1|A nn|two"})) << cut;
+    }
     EXPECT_EQ(say(MakeTLV("0001", 2, "<B>hi")), (Lines{"ChatMessage|1|A nn|<B>hi"}));
     EXPECT_EQ(say(MakeTLV("0002", 2, "unicode-2-0") + MakeTLV("0001", 2, HexToStr("00680069"))),
               (Lines{"ChatMessage|1|A nn|hi"}));

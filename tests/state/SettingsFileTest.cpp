@@ -157,7 +157,7 @@ autosavefile: -> autosavefile AutoSaveFile.hys
 autosavefile:12345678901234567890123456789012345678901 -> autosavefile AutoSaveFile.hys
 user:;user:A -> user A
 banpause:.0009 -> banpause 1
-banpause:999.5 -> banpause 1
+banpause:999;banpause:999.5 -> banpause 999
 ccom:28:late;ccom:-1:x;ccom:9:;ccom:8:elevenchars;ccom:0:a:b -> ccom:0 a:b, ccom:8 kick, ccom:9 ban
 trigger:four;trigger: -> trigger
 trigger:!!!;comment:0;imcoms:2 -> trigger !!!, comment 0, imcoms 1

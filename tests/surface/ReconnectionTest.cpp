@@ -42,6 +42,26 @@ TEST_F(Comeback, ThreeRoomsComeBackEightSecondsApart) {
     for (const auto* room : {"lobby", "deck", "hold"}) EXPECT_TRUE(network.IsInRoom(room, "harbourbot"));
 }
 
+TEST(Loss, ARoomEnteredBetweenALossAndTheFirstAttemptComesBackToo) {
+    int entered = 0;
+    for (int milliseconds = 1; milliseconds <= 40; ++milliseconds) {
+        Desk desk;
+        desk.Set(desk.boxes.chkAutoLogin, true);
+        desk.Set(desk.boxes.chkRejoinError, true);
+        desk.SignOn();
+        desk.Start();
+        desk.boxes.txtChat.SetText("quay");
+        desk.window.chats.cmdJoinChat.Press();
+        desk.world.RunFor(milliseconds);
+        desk.people.Drop("harbourbot");
+        desk.Wait(40);
+        const bool was = !desk.Happened("enters in quay").empty();
+        EXPECT_EQ(desk.network.IsInRoom("quay", "harbourbot"), was) << milliseconds;
+        entered += was ? 1 : 0;
+    }
+    EXPECT_GT(entered, 1);
+}
+
 TEST_F(Comeback, TriesEveryFifteenSecondsUntilStopped) {
     Allow(true, false, true);
     SignOn();

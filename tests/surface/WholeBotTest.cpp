@@ -80,6 +80,11 @@ TEST_F(WholeBot, SavesAndLoadsInARoomWithoutAWordAndAsksWhichFiles) {
     Wait(60);
     EXPECT_EQ(Transcript(), Lines{});
     EXPECT_EQ(Listed(boxes.lstABs), Lines{"spam*"});
+    Join("deck");
+    boxes.lstOps.Select(0);
+    boxes.lstOps.KeyDown(DeleteKey);
+    Wait(9);
+    EXPECT_EQ(Happened("Op Removed").size(), 2U) << "in every room";
     machine.dialogs.AnswerText("/program/list.txt");
     window.ejects.cmdSaveEjects.Press();
     EXPECT_EQ(machine.disk.Contents("/program/list.txt"), "Halyard File: Eject Lists\r\n\r\n");
