@@ -194,6 +194,10 @@ TEST_F(Wire, BosFamiliesAreAddedToARoomsVersions) {
     Answer(bos, "00010005000000000000" + Hex(MakeTLV("000D", 2, HexToStr("000E")) +
                                              MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "key")));
     auto& room = Last();
+    room.Take();
+    Answer(room, "0001000300000000000000010003000E");
+    EXPECT_EQ(room.Take(), Lines{"2 00010017000000000017"
+                                 "0001000400030003000E0001"});
     Answer(room, "0001001800000000000000010004000E0001");
     Answer(bos, "0001000300000000000000090013000A"); // a third has no pair
     room.Take();
