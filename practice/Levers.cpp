@@ -122,7 +122,10 @@ void PracticeLevers::Migrate(const std::string& name) {
         auto cookie = world.NewCookie({.name = bos.name, .service = Service::Bos, .migration = true});
         bos.SendSnac(0x0001, 0x0012, 0,
                      WordToStr(0) + Tlv(0x0005, world.RedirectAddress()) + Tlv(0x0006, cookie));
-        if (world.options.Has(Departure::OneServiceRequest)) world.Dismiss(bos); // doesn't wait to be left
+        if (!world.options.Has(Departure::OneServiceRequest)) return;
+        bos.SendSnac(0x0001, 0x000D, 0,
+                     ""); // to whom it may concern: it is over, and nobody waits to be left
+        world.Dismiss(bos);
     });
 }
 

@@ -38,6 +38,7 @@ SoakPlan DayPlan(std::uint64_t number) {
 
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     auto words = given;
+    const bool management = std::erase(words, "--management") > 0;
     const bool bridge = std::erase(words, "--bridge") > 0;
     SoakPlan plan;
     bool seed = false;
@@ -56,8 +57,9 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
         seed = seed || day || words[i] == "--seed";
         days = days || day || words[i] == "--days";
     }
-    if (!seed || !days) return std::nullopt;
+    plan.management = management;
     plan.bridge = bridge;
+    if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
 
@@ -65,7 +67,8 @@ std::string ReplayLine(const SoakPlan& plan) {
     return "halyard-soak --seed " + std::to_string(plan.seed) + " --days " + NumberText(plan.days) +
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
-           (plan.openServer ? " --network open-server" : "") + (plan.bridge ? " --bridge" : "");
+           (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "") +
+           (plan.bridge ? " --bridge" : "");
 }
 
 } // namespace halyard

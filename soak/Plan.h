@@ -17,6 +17,7 @@ struct SoakPlan {
     int journal = 0; ///< 1 writes down everything that happens, 2 everything that goes into the digest
     int lines = 0;   ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
     bool openServer = false; ///< the service has the habits of "Open server", and the bot its ways
+    bool management = false; ///< with openServer: bans are enforced through its management
     bool bridge = false;     ///< the bridge is there as well, with nothing switched on
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
@@ -25,9 +26,10 @@ struct SoakPlan {
 /// faults.
 SoakPlan DayPlan(std::uint64_t number);
 
-/// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server]
-/// [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge" anywhere. Nothing for words
-/// that make no sense or numbers out of their range; seed and days must be given, or the day.
+/// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server
+/// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge" anywhere,
+/// but not beside "--management". Nothing for words that make no sense or numbers out of their range; seed
+/// and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);

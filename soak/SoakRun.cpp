@@ -31,6 +31,7 @@ PracticeOptions NetworkOptions(const SoakPlan& plan) {
     options.maxPeople = plan.people + 10;
     options.cookieLength = 32; // every cookie draws from the randomness that the rest of the day comes from
     if (plan.openServer) options.ways = OpenServer().ways;
+    if (plan.management) options.management = 8080;
     return options;
 }
 
@@ -55,6 +56,21 @@ SoakRun::SoakRun(const SoakPlan& plan)
     if (!plan.openServer) return;
     window.Control().UseNetwork(OpenServer());
     faults.openServer = invariants.openServer = true;
+    if (!plan.management) return;
+    Enforcement::Hands hands;
+    hands.spared = [this](const std::string& name) {
+        const auto& options = window.options;
+        const auto key = NormalizeName(name);
+        return !options.Ops.Item(key).empty() || !options.Immunes.Item(key).empty();
+    };
+    hands.tell = [this](const std::string& text) { NoteTold(text); };
+    hands.folder = machine.disk.DataFolder();
+    enforcement.emplace(machine, window.Control(), hands);
+    window.Control().SetNews(&*enforcement);
+    enforcement->SetTerms({.enforce = true});
+    invariants.enforced.emplace(
+        network, window.Control(),
+        EnforcedWatch::Questions{hands.spared, [this] { return enforcement->Waiting(); }});
 }
 
 std::string SoakRun::Violation() const {
@@ -125,11 +141,13 @@ void SoakRun::JoinAll() {
 bool SoakRun::Hour() {
     const auto end = world.Now() + hour;
     if (plan.faults > 0) {
+        if (invariants.enforced) invariants.enforced->Trust(world.Now() + hour); // not before the faults' end
         faults.Begin();
         RunFor(faultTime / 2);
         SaveAndLoad();
         RunFor(faultTime - faultTime / 2);
         faults.End();
+        if (invariants.enforced) invariants.enforced->Trust(world.Now() + WayBack(town.Rooms().size()));
     } else {
         SaveAndLoad();
     }
@@ -161,6 +179,11 @@ void SoakRun::SignOnAgain() {
     RunFor(10 * second);
     for (const auto& room : town.Rooms()) leftForGood.insert(room); // until it is joined
     JoinAll();
+}
+
+void SoakRun::NoteTold(const std::string& text) {
+    record.Note("told", text);
+    if (onEvent) onEvent({world.Now(), "", "", "told: " + text});
 }
 
 void SoakRun::NoteAction(const std::string& action) {

@@ -4,6 +4,7 @@
 // simulated world. An operator sits at the desk who signs on, joins the rooms, looks after the lists once an
 // hour, saves and loads. The same plan gives the same digest.
 
+#include "bridge/networks/Enforcement.h"
 #include "practice/PracticeNetwork.h"
 #include "soak/DayRecord.h"
 #include "soak/Faults.h"
@@ -16,6 +17,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -48,6 +50,7 @@ class SoakRun {
     void LookAfterLists();
     void SaveAndLoad();
     void SignOnAgain();
+    void NoteTold(const std::string& text);
     void NoteAction(const std::string& action);
     void JoinAgain();
     void FillBoxes();
@@ -65,7 +68,8 @@ class SoakRun {
     Faults faults;
     Invariants invariants;
     SimRandom random;
-    std::set<std::string> leftForGood; ///< rooms that the bot left by itself and has not come back to
+    std::optional<Enforcement> enforcement; ///< with the plan's management
+    std::set<std::string> leftForGood;      ///< rooms that the bot left by itself and has not come back to
     int stepsIn = 0;
     std::int64_t violatedAt = 0;
 };

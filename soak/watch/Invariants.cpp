@@ -53,7 +53,7 @@ Invariants::Invariants(SimWorld& world, TapMachine& machine, PracticeNetwork& ne
 }
 
 void Invariants::Violate(const std::string& text) {
-    if (violation.empty()) violation = text;
+    if (violation.empty()) violation = text; // an empty one is none
 }
 
 void Invariants::Sent(std::uint64_t stream, std::string_view frame) {
@@ -83,6 +83,8 @@ void Invariants::SentBan(std::uint64_t stream, int id, const std::string& user, 
         bans.Excuse(NormalizeName(room->ChatName), NormalizeName(record[3]));
     bans.Sent(id, {NormalizeName(room->ChatName), NormalizeName(user), stream, world.Now()});
     doubtful.insert(NormalizeName(room->ChatName));
+    if (enforced)
+        enforced->Asked(NormalizeName(room->ChatName), NormalizeName(user), ban, record[0], world.Now());
     if (!ban) lifts.Asked(NormalizeName(room->ChatName), NormalizeName(user));
     const auto& immunes = window.options.Immunes;
     // A ban that had to wait may have been wanted before its name became immune.
@@ -104,6 +106,7 @@ void Invariants::Ended(std::uint64_t stream) {
 }
 
 void Invariants::Happened(const PracticeEvent& event) {
+    if (enforced) enforced->Happened(event);
     if (event.what.starts_with("bans ") || event.what.starts_with("unbans "))
         doubtful.insert(NormalizeName(event.room));
 }
@@ -113,9 +116,11 @@ double Invariants::ListActs() const { return window.counters.Kept(banned) + wind
 void Invariants::Check() {
     CheckTimers();
     CheckQueues();
-    CheckReplies();
+    if (!enforced) CheckReplies(); // else none tells what is done
     CheckTimeBans();
-    if (openServer)
+    if (enforced)
+        Violate(enforced->Check(world.Now()));
+    else if (openServer)
         CheckListsAreEmpty();
     else if (!doubtful.empty())
         CheckLists();
@@ -234,6 +239,7 @@ void Invariants::CheckList(const Chats& room) {
 }
 
 void Invariants::ListsLoaded(const std::vector<std::string>& rooms) {
+    if (enforced) enforced->ListsLoaded();
     for (const auto& room : rooms) {
         for (const auto& user : network.Bans(room)) bans.Excuse(room, NormalizeName(user));
         for (const auto& list : window.Control().EjectLists)

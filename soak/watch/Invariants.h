@@ -6,11 +6,13 @@
 
 #include "soak/TapMachine.h"
 #include "soak/watch/BanWatch.h"
+#include "soak/watch/EnforcedWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -28,7 +30,8 @@ class Invariants : public TapListener {
                std::string botName);
     ~Invariants() override { machine.listener = nullptr; }
 
-    bool openServer = false; ///< a service that enforces no bans
+    bool openServer = false;               ///< a service that enforces no bans
+    std::optional<EnforcedWatch> enforced; ///< and somebody else who does
 
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }

@@ -27,6 +27,14 @@ TEST(Soak, HoldsAtEveryLevelOfFaults) {
         EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
         EXPECT_EQ(run.FaultCount() > 0, level > 0);
     }
+    for (int level : {0, 6, 9})
+        for (const bool management : {false, true}) {
+            auto plan = Plan(static_cast<std::uint64_t>(200 + level), 0.1, level);
+            plan.openServer = true;
+            plan.management = management;
+            SoakRun run(plan);
+            EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << ReplayLine(plan);
+        }
 }
 
 // A room that opens while another is asked for bears that one's name for a moment. Its bans once went to the
@@ -95,13 +103,14 @@ TEST(Soak, ATimeBanEndsInItsTimeAndIsLifted) {
 }
 
 TEST(Soak, TheCommandLineIsReadAndWrittenBack) {
-    const std::string words =
-        "--seed 18446744073709551615 --days 0.5 --rooms 10 --people 200 --faults 9 --lines 1200";
+    const std::string words = "--seed 18446744073709551615 --days 0.5 --rooms 10 --people 200 --faults 9 "
+                              "--lines 1200 --network open-server --management";
     const auto plan = ReadPlan(Split(words, " "));
     ASSERT_TRUE(plan);
     EXPECT_EQ(ReplayLine(*plan), "halyard-soak " + words);
     for (const char* wrong : {"", "--seed 1", "--seed 1 --days", "--seed 1 --days 0", "--seed x --days 1",
-                              "--seed 1 --days 1 --faults 10", "--seed 1 --days 1 --what 1", "--days 1"})
+                              "--seed 1 --days 1 --faults 10", "--seed 1 --days 1 --what 1", "--days 1",
+                              "--seed 1 --days 1 --network x", "--seed 1 --days 1 --management"})
         EXPECT_FALSE(ReadPlan(Split(wrong, " "))) << wrong;
 }
 

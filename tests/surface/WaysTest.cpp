@@ -30,9 +30,15 @@ struct Told : News {
     }
 };
 
+PracticeOptions Having(const Ways& habits) {
+    PracticeOptions options;
+    options.ways = habits;
+    return options;
+}
+
 class Meeting : public Desk {
   public:
-    Meeting(const Ways& habits, const Ways& ways, std::uint64_t seed = 1) : Desk(seed, {.ways = habits}) {
+    Meeting(const Ways& habits, const Ways& ways, std::uint64_t seed = 1) : Desk(seed, Having(habits)) {
         control.Switches().SetWays(ways);
         control.SetNews(&told);
         Set(boxes.chkAutoLogin, true);
@@ -182,7 +188,7 @@ std::string Migrates(Meeting& desk) {
     desk.people.Migrate(bot);
     desk.Wait(0.15);
     desk.Ask("deck");
-    desk.Wait(40);
+    desk.Wait(10); // at the return, and not when what was lost is asked for once more
     return desk.Rooms() + (desk.network.IsOnLine(bot) ? "on line" : "gone");
 }
 
