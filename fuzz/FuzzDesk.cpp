@@ -1,6 +1,5 @@
 #include "fuzz/FuzzDesk.h"
 
-#include "fuzz/Record.h"
 #include "state/Permissions.h"
 
 #include <algorithm>
@@ -88,17 +87,16 @@ void FuzzDesk::FillLists() {
 
 FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size) {
     static std::unique_ptr<FuzzDesk> desk;
-    static Record record;
     static const int inputs = InputsOfADesk();
     static int desks = 0;
     static int uses = 0;
-    if (uses++ % inputs == 0) {
+    const bool first = uses++ % inputs == 0;
+    if (first) {
         desk.reset();
         if (++desks % desksOfALeakCheck == 0) Require(__lsan_do_recoverable_leak_check() == 0);
         desk = std::make_unique<FuzzDesk>();
-        record.Begin();
     }
-    record.Add(std::string_view(reinterpret_cast<const char*>(data), size));
+    KeepOnRecord(std::string_view(reinterpret_cast<const char*>(data), size), first);
     desk->platform.dialogs.shown.clear();
     desk->waited = 0;
     return *desk;

@@ -54,4 +54,8 @@ class FuzzDesk {
 /// names before it begins.
 FuzzDesk& KeptDesk(const std::uint8_t* data, std::size_t size);
 
+/// Adds to the file that HALYARD_FUZZ_RECORD names, begun anew with the first input of a desk. Without one
+/// nothing is kept.
+void KeepOnRecord(std::string_view input, bool first);
+
 } // namespace halyard::fuzz

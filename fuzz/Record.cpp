@@ -1,38 +1,33 @@
-#include "fuzz/Record.h"
+// The inputs that one desk was given, in a file that is there after any kind of end: the length in decimal, a
+// line feed and the input, again and again.
 
-#include <cstdint>
-#include <cstdlib>
+#include "fuzz/FuzzDesk.h"
+
+#include <fstream>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Called by libFuzzer before the first input.
+/// Called by libFuzzer before the first input. Of a record that was cut off it plays the whole ones.
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    if (const char* path = std::getenv("HALYARD_FUZZ_REPLAY"))
-        for (const auto& input : halyard::fuzz::Record::Read(path))
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
-    return 0;
-}
-
-namespace halyard::fuzz {
-
-void Record::Begin() {
-    file.close();
-    if (const char* path = std::getenv("HALYARD_FUZZ_RECORD")) file.open(path, std::ios::binary);
-}
-
-void Record::Add(std::string_view input) {
-    if (file.is_open()) file << input.size() << '\n' << input << std::flush;
-}
-
-std::vector<std::string> Record::Read(const char* path) {
-    std::ifstream file(path, std::ios::binary);
-    std::vector<std::string> inputs;
+    const char* path = std::getenv("HALYARD_FUZZ_REPLAY");
+    std::ifstream file(path ? path : "", std::ios::binary);
+    std::vector<std::string> inputs; // read first: what is played is recorded again
     for (std::size_t length = 0; file >> length && file.get() == '\n';) {
         std::string input(length, '\0');
         if (!file.read(input.data(), static_cast<std::streamsize>(length))) break;
         inputs.push_back(std::move(input));
     }
-    return inputs;
+    for (const auto& input : inputs)
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
+    return 0;
 }
 
-} // namespace halyard::fuzz
+void halyard::fuzz::KeepOnRecord(std::string_view input, bool first) {
+    static std::ofstream file;
+    if (const char* path = std::getenv("HALYARD_FUZZ_RECORD"); path && first) {
+        file.close();
+        file.open(path, std::ios::binary);
+    }
+    if (file.is_open()) file << input.size() << '\n' << input << std::flush;
+}

@@ -22,7 +22,7 @@ struct PracticeOptions {
     /// The salts that the hashed sign-on may be made with: the bot's own network and the public clients.
     /// Without a password a hash that another salt made looks like one of another password, and is welcome.
     std::vector<std::string> salts = {DefaultSecrets().salt, "AOL Instant Messenger (SM)"};
-    std::string password; ///< of everybody; empty: any but an empty one
+    std::string password = {}; ///< of everybody; empty: any but an empty one
     /// Bytes of the cookies by which a connection vouches for the next; rounded up to a multiple of 4. Some
     /// clients take no other number than the classic network's.
     std::size_t cookieLength = 256;
@@ -35,7 +35,7 @@ struct PracticeOptions {
     std::size_t maxConnections = 1000;
     std::size_t maxRooms = 500;
     std::int32_t management = -1; ///< the port of the management on 127.0.0.1; 0 any free one, -1 none
-    Ways ways; ///< the habits of other services: for each departure, the one that it is there for
+    Ways ways = {}; ///< the habits of other services: for each departure, the one that it is there for
 
     bool Has(Departure habit) const { return ways.test(static_cast<std::size_t>(habit)); }
 };

@@ -30,7 +30,8 @@ void Suspensions::Lift(const std::string& name) {
     });
 }
 
-void Suspensions::Ask(const std::string& name, bool suspended, std::function<void(const HttpAnswer&)> done) {
+void Suspensions::Ask(const std::string& name, bool suspended,
+                      const std::function<void(const HttpAnswer&)>& done) {
     ManagementCall call{.method = "PATCH", .path = AccountPath(name), .body = SuspensionBody(suspended)};
     call.done = done;
     if (!line.Add(std::move(call))) done({0, {}, "too many requests wait"});

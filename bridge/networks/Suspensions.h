@@ -23,7 +23,7 @@ class Suspensions {
     void Lift(const std::string& name);
 
   private:
-    void Ask(const std::string& name, bool suspended, std::function<void(const HttpAnswer&)> done);
+    void Ask(const std::string& name, bool suspended, const std::function<void(const HttpAnswer&)>& done);
 
     ManagementLine& line;
     EnforcementRecord& record;

@@ -7,7 +7,6 @@
 #include <limits>
 
 namespace halyard {
-namespace {
 
 using Parts = std::vector<std::string>;
 
@@ -161,5 +160,4 @@ TEST(Latin1, WhatHasNoPlaceAndWhatIsBrokenBecomesAQuestionMark) {
         EXPECT_EQ(FromUtf16(utf16), wanted);
 }
 
-} // namespace
 } // namespace halyard

@@ -49,9 +49,14 @@ TEST_F(CommandEntry, OnlyOpsCommandAndOnlyCommandsCount) {
 
 TEST_F(CommandEntry, PermissionDigits) {
     options.Perms.Clear();
-    Judge(R"(op al -> 3 judge
+    Judge(R"(op al -> 3 judge; unop al -> 4 judge; imm al -> 11 judge; unimm al -> 12 judge
+             ab al -> 19 judge; unab al -> 20 judge; aw al -> 27 judge; unaw al -> 28 judge
+             kick al -> 34 judge; ban al -> 38 judge; gban al -> 45 judge; status -> 49 judge
              unban al -> 38 judge # the ban command's line, on purpose
-             tban al,5 -> 101 judge)");
+             info al -> 51 judge; bl 1 -> 54 judge; rejoin -> 56 judge; bp 2 -> 58 judge
+             lop al -> 62 judge; uop al -> 63 judge; limm al -> 72 judge; uimm al -> 73 judge
+             lban al -> 82 judge; uban al -> 83 judge; cb on -> 89 judge; sc 5 -> 92 judge
+             icq on -> 95 judge; uinfo al -> 98 judge; tban al,5 -> 101 judge)");
     options.SetPerms("judge", DefaultPerms);
     Judge("op al -> 3 judge; gban al -> ban al | 44 al=1");
     std::string older = "1" + std::string(FullPerms); // of 29 digits: the 12th is digit 11, the first digit 1

@@ -51,9 +51,7 @@ class RoomScene : public Wire, public CommandHost {
     void Feed(int position, const std::string& snac, const std::string& body);
     void Arrived(Peer& peer) override;
 
-    void ChatMessage(std::int16_t index, Text user, Text text) override {
-        engine.ChatMessage(index, user, text);
-    }
+    void ChatMessage(Int index, Text user, Text text) override { engine.ChatMessage(index, user, text); }
     void UserJoinedChat(std::int16_t index, Text user) override { engine.UserJoinedChat(index, user); }
     void UserLeftChat(std::int16_t index, Text user) override { engine.UserLeftChat(index, user); }
     void UpdatedStats(Text stat) override { counters.UpdateStat(stat, true); }

@@ -4,8 +4,6 @@
 
 namespace halyard {
 
-namespace {
-
 class BanWire : public Wire {
   protected:
     BanWire() {
@@ -26,8 +24,6 @@ class BanWire : public Wire {
     }
     Peer* room = nullptr;
 };
-
-} // namespace
 
 TEST_F(BanWire, EveryKindOfReplyDoesWhatItsKindSays) {
     control.sngBanPause = 0.001F;
@@ -152,8 +148,7 @@ TEST_F(BanWire, PeopleOnBos) {
                  MakeTLV("0001", 2, "text/plain") + MakeTLV("0002", 2, "me")));
     bos.Send("00020006000000000000" + Hex(MakeTLV("", 1, "Bo") + HexToStr("00000000"))); // and nothing more
     bos.Send("000400010000000000000004");
-    Answer(bos, "000400010000000000000005");
-    EXPECT_EQ(events.Take(),
+    EXPECT_EQ(Told(bos, "000400010000000000000005"),
               (Lines{"InstantMessage|Ann|hi|1", "IncomingUserInfo|Ann|10|2|1000|16|text/plain|me",
                      "IncomingUserInfo|Bo|0|0|0|||", "Error|User not available|4|0|0004"}));
     control.GettingUserInfo = true;

@@ -31,11 +31,11 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
     ASSERT_EQ(control.Chat.Count(), 1U);
     EXPECT_TRUE(control.Room(2)->JoinTimerEnabled()) << "the window starts before the information";
     events.Take();
-    Answer(room, "000E0002000000000000" +
-                     Hex(HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0003010005") +
-                         MakeTLV("006A", 2, "Den") + MakeTLV("00D1", 2, WordToStr(2000)) +
-                         MakeTLV("00D2", 2, WordToStr(306))));
-    EXPECT_EQ(events.Take(), (Lines{"JoinedChat|Den|4|3|2|50|2000|127.0.0.1|2"}));
+    EXPECT_EQ(Told(room, "000E0002000000000000" +
+                             Hex(HexToStr("0004") + MakeTLV("", 1, "4-0-Den") + HexToStr("0003010005") +
+                                 MakeTLV("006A", 2, "Den") + MakeTLV("00D1", 2, WordToStr(2000)) +
+                                 MakeTLV("00D2", 2, WordToStr(306)))),
+              (Lines{"JoinedChat|Den|4|3|2|50|2000|127.0.0.1|2"}));
     EXPECT_EQ(control.Sockets().Tag(2), "[Chat]connected");
     control.JoinChat("Other", 5, 0);
     Settle();
@@ -43,15 +43,21 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
     EXPECT_EQ(bos.Take(), Lines{});
 }
 
-TEST_F(Wire, LinesKeepTheirHtmlAndTheLastEncodingHolds) {
+TEST_F(Wire, LinesComeInAnyPiecesKeepTheirHtmlAndTheLastEncodingHolds) {
     SignOn();
     auto& room = OpenRoom();
-    auto say = [&](const std::string& inner) {
-        Answer(room, "000E000600000000000000000000000000000003" +
-                         Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
-                             MakeTLV("0005", 2, inner)));
-        return events.Take();
+    auto line = [](const std::string& inner) {
+        return "000E000600000000000000000000000000000003" +
+               Hex(MakeTLV("0001", 2, "") + MakeTLV("0003", 2, MakeTLV("", 1, "A nn") + "tail") +
+                   MakeTLV("0005", 2, inner));
     };
+    auto say = [&](const std::string& inner) { return Told(room, line(inner)); };
+    const auto stream = Frame(line(MakeTLV("0001", 2, "one"))) + Frame(line(MakeTLV("0001", 2, "two")));
+    for (std::size_t cut = 1; cut < stream.size(); ++cut) {
+        for (const auto& piece : {stream.substr(0, cut), stream.substr(cut)})
+            room.socket->Send(piece), Settle();
+        EXPECT_EQ(events.Take(), (Lines{"ChatMessage|1|A nn|one", "ChatMessage|1|A nn|two"})) << cut;
+    }
     EXPECT_EQ(say(MakeTLV("0001", 2, "<B>hi")), (Lines{"ChatMessage|1|A nn|<B>hi"}));
     EXPECT_EQ(say(MakeTLV("0002", 2, "unicode-2-0") + MakeTLV("0001", 2, HexToStr("00680069"))),
               (Lines{"ChatMessage|1|A nn|hi"}));
@@ -68,8 +74,7 @@ TEST_F(Wire, PeopleComeAndGoAndTheOwnerCountsOnlyAtFirst) {
     };
     room.Send("000E0030000000000000" + Hex("Bot"));
     room.Send("000E0003000000000000" + person("Some User") + person("someuser") + person("Bo"));
-    Answer(room, "000E0004000000000000" + person("B o"));
-    EXPECT_EQ(events.Take(),
+    EXPECT_EQ(Told(room, "000E0004000000000000" + person("B o")),
               (Lines{"UpdatedStats|#ofownedchats", "UserJoinedChat|1|Some User", "UserJoinedChat|1|someuser",
                      "UserJoinedChat|1|Bo", "UserLeftChat|1|B o"}));
     EXPECT_EQ(control.Room(1)->PeopleHere.Count(), 1U);
@@ -125,8 +130,7 @@ TEST_F(Wire, ALostRoomAndALeftRoom) {
     auto& bos = SignOn();
     auto& first = OpenRoom("One");
     OpenRoom("Two");
-    Answer(first, "", 4);
-    EXPECT_EQ(events.Take(), (Lines{"LeftChat|One|4|0|1|error"}));
+    EXPECT_EQ(Told(first, "", 4), (Lines{"LeftChat|One|4|0|1|error"}));
     EXPECT_EQ(control.GetChatIndex(2), 1) << "the position moves up, the slot stays";
     peers[3]->socket->Close();
     Settle();
@@ -147,24 +151,25 @@ TEST_F(Wire, ALostRoomAndALeftRoom) {
 
 TEST_F(Wire, JoinErrorsByTheirWords) {
     auto& bos = SignOn();
-    Answer(bos, "000100010000000000000018000800020007");
-    EXPECT_EQ(events.Take(), Lines{"Error|Unknown Error.|7|0|0018"});
-    // Behind a prefix the body is looked for a byte further on first, then right there.
-    Answer(bos, "000100018000000000000006AABBCCDDEEFF110018000800020030");
-    EXPECT_EQ(events.Take(), Lines{"Error|Join chat failed, rated.|48|0|0018"});
-    Answer(bos, "000100018000000000000006000100020003000E000800020018");
-    EXPECT_EQ(events.Take(), Lines{"Error|Join chat failed, full.|24|0|000E"});
-    Answer(bos, "000100018000000000000006000100020003000E000900020018");
-    EXPECT_EQ(events.Take(), Lines{});
-    Answer(bos, "000100010000000000000004000100020008"); // too little for a word
-    EXPECT_EQ(events.Take(), Lines{});
+    using Case = std::pair<const char*, Lines>;
+    for (const auto& [frame, told] :
+         {Case{"000100010000000000000018000800020007", {"Error|Unknown Error.|7|0|0018"}},
+          // Behind a prefix the body is looked for a byte further on first, then right there.
+          Case{"000100018000000000000006AABBCCDDEEFF110018000800020030",
+               {"Error|Join chat failed, rated.|48|0|0018"}},
+          Case{"000100018000000000000006000100020003000E000800020018",
+               {"Error|Join chat failed, full.|24|0|000E"}},
+          Case{"000100018000000000000006000100020003000E000900020018", {}},
+          Case{"000100010000000000000004000100020008", {}}}) // too little for a word
+        EXPECT_EQ(Told(bos, frame), told) << frame;
     control.JoinChat("Den", 4, 0);
     auto& navigation = Redirect("000D");
-    Answer(navigation, "000D00010000000000000005000800020033");
-    EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, invalid chat name.|51|0|0005"}));
-    Answer(navigation, "000D000100000000000000050008000300120000"); // the value's first word decides
-    EXPECT_EQ(events.Take(), (Lines{"Error|Join chat failed, you are already in the max amount of chats "
-                                    "Oscar allows.|18|0|0005"}));
+    EXPECT_EQ(Told(navigation, "000D00010000000000000005000800020033"),
+              (Lines{"Error|Join chat failed, invalid chat name.|51|0|0005"}));
+    // the value's first word decides
+    EXPECT_EQ(Told(navigation, "000D000100000000000000050008000300120000"),
+              (Lines{"Error|Join chat failed, you are already in the max amount of chats "
+                     "Oscar allows.|18|0|0005"}));
     navigation.Take();
     bos.Take();
     control.JoinChat("Den", -1, 0);
@@ -178,17 +183,10 @@ TEST_F(Wire, ARateChangeBehindAPrefix) {
     SignOn();
     auto& room = OpenRoom();
     const std::string figures(56, '0');
-    Answer(room, "0001000A8000000000000006000100020003"
-                 "FF"
-                 "00020001" +
-                     figures);
-    EXPECT_EQ(events.Take(), Lines{"Rated|0|Den"});
-    Answer(room, "0001000A8000000000000006000100020003"
-                 "00020005" +
-                     figures);
-    EXPECT_EQ(events.Take(), Lines{"Rated|1|Den"});
-    Answer(room, "0001000A8000000000000006000100020003");
-    EXPECT_EQ(events.Take(), Lines{});
+    for (const char* body : {"FF00020001", "00020005", ""})
+        EXPECT_EQ(
+            Told(room, std::string("0001000A8000000000000006000100020003") + body + (*body ? figures : "")),
+            *body ? Lines{*body == 'F' ? "Rated|0|Den" : "Rated|1|Den"} : Lines{});
 }
 
 TEST_F(Wire, BosFamiliesAreAddedToARoomsVersions) {
@@ -196,8 +194,12 @@ TEST_F(Wire, BosFamiliesAreAddedToARoomsVersions) {
     Answer(bos, "00010005000000000000" + Hex(MakeTLV("000D", 2, HexToStr("000E")) +
                                              MakeTLV("0005", 2, "127.0.0.1") + MakeTLV("0006", 2, "key")));
     auto& room = Last();
+    room.Take();
+    Answer(room, "0001000300000000000000010003000E");
+    EXPECT_EQ(room.Take(), Lines{"2 00010017000000000017"
+                                 "0001000400030003000E0001"});
     Answer(room, "0001001800000000000000010004000E0001");
-    Answer(bos, "0001000300000000000000090013");
+    Answer(bos, "0001000300000000000000090013000A"); // a third has no pair
     room.Take();
     Answer(room, "00010007000000000000");
     EXPECT_EQ(room.Take()[1],
@@ -211,8 +213,7 @@ TEST_F(Wire, ARedirectWithoutAFreeSocketIsTold) {
     for (int time = 1; time <= 50; ++time) Answer(bos, redirect);
     EXPECT_EQ(control.Sockets().UpperBound(), 50);
     events.Take();
-    Answer(bos, redirect);
-    EXPECT_EQ(events.Take(),
+    EXPECT_EQ(Told(bos, redirect),
               Lines{"ConnectionLost|-1|Connection to a service has been lost: all 51 sockets are in use."});
     EXPECT_EQ(peers.size(), 52U);
     EXPECT_TRUE(control.LoggedOn());

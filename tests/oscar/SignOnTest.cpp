@@ -25,7 +25,8 @@ TEST_F(Wire, TheHashedDialogueReachesBos) {
     auto reply =
         "00170003000000000000" + Hex(MakeTLV("0001", 2, "MyBot") + MakeTLV("0005", 2, "127.0.0.1:5190") +
                                      MakeTLV("0006", 2, "biscuit") + MakeTLV("0011", 2, "m@x.home.arpa"));
-    Last().socket->Send(Frame(reply) + Frame("", 4)); // many services hang up in the same breath
+    // Many services hang up in the same breath; what else comes in it is heard.
+    Last().socket->Send(Frame(reply) + Frame("000400010000000000000004") + Frame("", 4));
     Settle();
     ASSERT_EQ(peers.size(), 2U);
     Answer("00000001", 1);
@@ -33,14 +34,13 @@ TEST_F(Wire, TheHashedDialogueReachesBos) {
     EXPECT_EQ(events.Take(),
               (Lines{"LoginStatus|Connecting to Auth server...", "LoginStatus|Sending Ack to Auth Server...",
                      "LoginStatus|Requesting Auth Key...", "LoginStatus|Sending Login Information...",
-                     "LoginStatus|Connecting to BOS Server...",
+                     "LoginStatus|Connecting to BOS Server...", "Error|User not available|4|0|0004",
                      "LoginStatus|Sending Ack and Cookie to BOS Server..."}));
 
-    Answer("00090003000000000000");
-    EXPECT_EQ(events.Take(),
+    EXPECT_EQ(Told(Last(), "00090003000000000000"),
               (Lines{"LoginStatus|Login Completed!", "LoggedIn|MyBot|m@x.home.arpa|127.0.0.1"}));
-    Answer("00090003000000000000"); // once more, as after a migration
-    EXPECT_EQ(events.Take(), (Lines{"LoginStatus|Login Completed!"}));
+    // once more, as after a migration
+    EXPECT_EQ(Told(Last(), "00090003000000000000"), (Lines{"LoginStatus|Login Completed!"}));
     world.RunFor(60000);
     EXPECT_EQ(events.Take(), Lines{}) << "the sign-on timer is off";
 }
@@ -127,7 +127,10 @@ TEST_F(Wire, EachBringUpAnswerLeadsToTheNextRequest) {
         << "the first two fields overlap";
     EXPECT_EQ(finish[3].substr(0, 30), "2 0001000200000000000100010004");
     settings.LoginFullCaps = settings.LoginSecureIM = true;
-    EXPECT_EQ(control.CapabilityBlock(0).size(), 18U * 16U);
+    Collection<std::string> own;
+    own.Add("00112233445566778899AABBCCDDEEFF");
+    EXPECT_EQ(control.CapabilityBlock(0, own).size(), 18U * 16U);
+    EXPECT_EQ(StrToHex(control.CapabilityBlock(1, own)), own.Item(1));
 }
 
 TEST_F(Wire, TheServiceListMakesWhatIsMissingAndOnlyThat) {
@@ -161,11 +164,11 @@ TEST_F(Wire, MigrationMovesBosAndAPauseMakesItsGoodbyeHarmless) {
     ASSERT_EQ(peers.size(), 3U);
     Answer("00000001", 1);
     EXPECT_EQ(Last().Take(), (Lines{"1 00000001" + Hex(MakeTLV("0006", 2, "new"))}));
-    Answer("00090003000000000000");
-    EXPECT_EQ(events.Take(), (Lines{"LoginStatus|Login Completed!"}));
+    EXPECT_EQ(Told(Last(), "00090003000000000000"), (Lines{"LoginStatus|Login Completed!"}));
     EXPECT_TRUE(control.LoggedOn());
     Answer("", 4); // not paused any more: the service signs the bot off, and no event tells of it
     EXPECT_FALSE(control.LoggedOn());
+    EXPECT_NE(Last().socket->State(), SocketState::Connected) << "and hung up";
     EXPECT_EQ(events.Take(), Lines{});
 }
 

@@ -1,5 +1,6 @@
 #include "oscar/NetworkSecrets.h"
 #include "oscar/wire/ModOscarFunctions.h"
+#include "oscar/wire/TlvWalk.h"
 #include "platform/Md5.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,9 @@ TEST(Toolkit, ParseTLVsStopsAt101AndACountAt100AndOnItAlone) {
     ParseTLVs(rest, list);
     EXPECT_EQ(list.Count(), 202U);
     EXPECT_EQ(rest.size(), 5U);
+    int walked = 0;
+    EachTLV(many, [&walked](auto, auto) { return ++walked > 0; });
+    EXPECT_EQ(walked, 101);
 
     rest = many;
     list.Clear();

@@ -22,51 +22,43 @@ using Lines = std::vector<std::string>;
 class EventLog : public TillerEvents, public MainWindowLink {
   public:
     Lines lines;
+    using Int = std::int16_t;
     Lines Take() { return std::exchange(lines, {}); }
 
-    void NewEjectList(Text name, std::int16_t index) override { Note("NewEjectList", name, index); }
-    void AddedEject(Text user, std::int16_t index, std::int16_t col) override {
-        Note("AddedEject", user, index, col);
-    }
-    void RemovedEject(Text user, std::int16_t i, std::int16_t col) override {
-        Note("RemovedEject", user, i, col);
-    }
+    void NewEjectList(Text name, Int index) override { Note("NewEjectList", name, index); }
+    void AddedEject(Text user, Int index, Int col) override { Note("AddedEject", user, index, col); }
+    void RemovedEject(Text user, Int i, Int col) override { Note("RemovedEject", user, i, col); }
     void UpdatedStats(Text stats) override { Note("UpdatedStats", stats); }
     void LoggedIn(Text user, Text email, Text ip) override { Note("LoggedIn", user, email, ip); }
     void LoginStatus(Text action) override { Note("LoginStatus", action); }
-    void LoginError(Text text, std::int16_t code) override { Note("LoginError", text, code); }
-    void PrivacySettings(std::int16_t level, bool idle, bool typing, bool mobile) override {
+    void LoginError(Text text, Int code) override { Note("LoginError", text, code); }
+    void PrivacySettings(Int level, bool idle, bool typing, bool mobile) override {
         Note("PrivacySettings", level, idle, typing, mobile);
     }
     void LoggedOff() override { Note("LoggedOff"); }
-    void Error(Text text, std::int16_t code, std::int16_t sub, Text family) override {
-        Note("Error", text, code, sub, family);
-    }
-    void ConnectionLost(std::int16_t index, Text text) override { Note("ConnectionLost", index, text); }
-    void JoinedChat(Text name, std::int16_t exchange, std::int16_t instance, std::int16_t index,
-                    std::int16_t people, std::int16_t length, Text ip, std::int16_t detail) override {
+    void Error(Text text, Int code, Int sub, Text family) override { Note("Error", text, code, sub, family); }
+    void ConnectionLost(Int index, Text text) override { Note("ConnectionLost", index, text); }
+    void JoinedChat(Text name, Int exchange, Int instance, Int index, Int people, Int length, Text ip,
+                    Int detail) override {
         Note("JoinedChat", name, exchange, instance, index, people, length, ip, detail);
     }
-    void LeftChat(Text name, std::int16_t exchange, std::int16_t instance, std::int16_t index,
-                  Text type) override {
+    void LeftChat(Text name, Int exchange, Int instance, Int index, Text type) override {
         Note("LeftChat", name, exchange, instance, index, type);
     }
-    void UserJoinedChat(std::int16_t index, Text name) override { Note("UserJoinedChat", index, name); }
-    void UserLeftChat(std::int16_t index, Text name) override { Note("UserLeftChat", index, name); }
-    void ChatMessage(std::int16_t index, Text name, Text text) override {
-        Note("ChatMessage", index, name, text);
-    }
-    void InstantMessage(Text name, Text text, std::int16_t channel) override {
+    void UserJoinedChat(Int index, Text name) override { Note("UserJoinedChat", index, name); }
+    void UserLeftChat(Int index, Text name) override { Note("UserLeftChat", index, name); }
+    void ChatMessage(Int index, Text name, Text text) override { Note("ChatMessage", index, name, text); }
+    void InstantMessage(Text name, Text text, Int channel) override {
         Note("InstantMessage", name, text, channel);
     }
-    void IncomingUserInfo(Text name, std::int16_t warning, std::int32_t idle, std::int32_t online,
-                          Text userClass, Text encoding, Text profile) override {
+    void IncomingUserInfo(Text name, Int warning, std::int32_t idle, std::int32_t online, Text userClass,
+                          Text encoding, Text profile) override {
         Note("IncomingUserInfo", name, warning, idle, online, userClass, encoding, profile);
     }
     bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
+    Int GetUnratePause() const override { return 5; }
     void Rated(int type, Text name) override { Note("Rated", type, name); }
-    void Unrated(int type, Text name, std::int16_t index) override { Note("Unrated", type, name, index); }
+    void Unrated(int type, Text name, Int index) override { Note("Unrated", type, name, index); }
 
   private:
     static std::string Shown(const std::string& value) { return value; }
@@ -153,6 +145,11 @@ class Wire : public ::testing::Test, public EventLog {
     void Answer(Peer& from, const std::string& hexBody, int channel = 2) {
         from.Send(hexBody, channel);
         Settle();
+    }
+    /// What the control tells of an answer, and of what came before it.
+    Lines Told(Peer& from, const std::string& hexBody, int channel = 2) {
+        Answer(from, hexBody, channel);
+        return events.Take();
     }
     /// Signs on by the roasted dialogue, up to LoggedIn on the second connection.
     Peer& SignOn() {

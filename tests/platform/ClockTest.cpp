@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace halyard {
-namespace {
 
 TEST(Clock, RunsEventsByMomentThenInTheOrderTheyWereSet) {
     SimWorld world;
@@ -55,5 +54,4 @@ TEST(Clock, StopsWhereAConditionHoldsAndTellsWhenItNeverDid) {
     EXPECT_EQ(world.Now(), 30);
 }
 
-} // namespace
 } // namespace halyard

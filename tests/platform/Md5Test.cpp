@@ -4,7 +4,6 @@
 #include <string>
 
 namespace halyard {
-namespace {
 
 using namespace std::string_literals;
 
@@ -16,5 +15,4 @@ TEST(Md5, MatchesTheVectorsOfRfc1321) {
     EXPECT_NE(Md5("a\0b"s), Md5("a")) << "a null byte ends nothing";
 }
 
-} // namespace
 } // namespace halyard

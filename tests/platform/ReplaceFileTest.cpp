@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace halyard {
-namespace {
 
 const std::string path = "/program/list.txt";
 const std::string before = "the old bytes";
@@ -55,5 +54,4 @@ TEST(SimDisk, LosesWhatACarelessWriterDidNotSync) {
     EXPECT_EQ(disk.Contents(path), before);
 }
 
-} // namespace
 } // namespace halyard

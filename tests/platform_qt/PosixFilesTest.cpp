@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 namespace halyard {
-namespace {
 
 class PosixFilesTest : public testing::Test {
   protected:
@@ -174,11 +173,7 @@ TEST_F(PosixFilesTest, MakesFoldersOnTheWay) {
     EXPECT_TRUE(files.Rename(Path("file"), Path("a/b/c/moved")));
     EXPECT_FALSE(files.Rename(Path("file"), Path("again")));
     EXPECT_EQ(files.Read(Path("a/b/c/moved"), 1), "x");
-}
-
-TEST_F(PosixFilesTest, KnowsTheProgramsOwnFolder) {
     EXPECT_EQ(files.ProgramFolder(), QCoreApplication::applicationDirPath().toStdString());
 }
 
-} // namespace
 } // namespace halyard

@@ -4,7 +4,6 @@
 #include <set>
 
 namespace halyard {
-namespace {
 
 TEST(QtTimer, NeverTicksEarlyAndRepeats) {
     QtPlatform platform;
@@ -44,5 +43,4 @@ TEST(QtRandom, StaysBelowOneAndIsNoConstant) {
     EXPECT_GT(met.size(), 900U);
 }
 
-} // namespace
 } // namespace halyard

@@ -31,19 +31,16 @@ TEST(QtDialogs, ShowsStrangersTextAsItStands) {
     QtDialogs dialogs;
     std::string text = "<b>caf\xe9</b> & <img src=x>";
     int shown = 0;
-    auto look = [&](QMessageBox::Icon icon) {
-        OnNextBox<QMessageBox>([&shown, icon](QMessageBox& box) {
+    for (bool error : {false, true}) {
+        OnNextBox<QMessageBox>([&shown, error](QMessageBox& box) {
             EXPECT_EQ(box.text(), QStringLiteral("<b>café</b> & <img src=x>"));
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.icon(), error ? QMessageBox::Warning : QMessageBox::NoIcon);
             ++shown;
             box.accept();
         });
-    };
-    look(QMessageBox::NoIcon);
-    dialogs.Note("Note", text);
-    look(QMessageBox::Warning);
-    dialogs.Error("Error", text);
+        error ? dialogs.Error("Error", text) : dialogs.Note("Note", text);
+    }
     EXPECT_EQ(shown, 2);
 }
 

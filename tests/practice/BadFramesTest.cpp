@@ -1,7 +1,6 @@
 #include "tests/practice/RawClient.h"
 
 namespace halyard {
-namespace {
 
 TEST(BadFrames, EndTheirConnectionOnly) {
     struct Scene : InRoom {
@@ -85,5 +84,4 @@ TEST(BadFrames, NoiseOfAnyKindBringsNothingDown) {
     EXPECT_LE(stage.network.Connections(), 20u);
 }
 
-} // namespace
 } // namespace halyard

@@ -24,6 +24,8 @@ TEST(People, MessageUserInfoAndProfile) {
     EXPECT_EQ(Mid(info.body, 33), Tlv(1, "text/plain") + Tlv(2, "my profile"));
     bot.bos->Ask(2, 5, HexToStr("0003") + ShortString("alice"));
     EXPECT_EQ(bot.bos->Last(2, 6).body.size(), 32u);
+    bot.bos->Ask(2, 5, HexToStr("0003") + ShortString("nobody"));
+    EXPECT_EQ(StrToHex(bot.bos->Last(2, 1).body), "0004");
     alice.bos->Frame(4, "");
     EXPECT_FALSE(stage.network.IsOnLine("alice"));
 }
@@ -36,9 +38,15 @@ TEST(People, ASecondSignOnEndsTheFirstAndItsRooms) {
     stage.network.Levers().Resume("bot");
     first.bos->Wait();
     EXPECT_TRUE(first.bos->Keys().ends_with("0001000B 0001000D"));
+    stage.network.Levers().Migrate("bot");
+    first.bos->Wait(), first.bos->Hang();
+    EXPECT_TRUE(stage.network.IsOnLine("bot"));
+    RawClient moved(stage);
+    moved.Begin(RawClient::Tlvs({.body = Mid(first.bos->Last(1, 0x12).body, 3)}, 6));
+    EXPECT_TRUE(stage.Noted("|Bot|comes back from a migration") && stage.network.IsInRoom("r", "bot"));
     Guest second(stage, "bot");
-    EXPECT_EQ(first.bos->frames.back(), std::make_pair(4, std::string()));
-    EXPECT_TRUE(first.bos->closed && first.chat->closed);
+    EXPECT_EQ(moved.frames.back(), std::make_pair(4, std::string()));
+    EXPECT_TRUE(moved.closed && first.chat->closed);
     EXPECT_TRUE(stage.network.IsOnLine("bot"));
     EXPECT_FALSE(stage.network.IsInRoom("r", "bot"));
     second.Join("r");

@@ -1,13 +1,13 @@
 #include "tests/practice/RawClient.h"
 
 namespace halyard {
-namespace {
 
 TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
     auto code = [this] {
         auto notice = alice.chat->Last(1, 0x0A);
         return notice.body.empty() ? "-" : std::to_string(*StrToWord(notice.body));
     };
+    alice.chat->Ask(1, 0x17, HexToStr("00010002")); // the first version with the long form
     std::string codes;
     for (int line = 0; line < 8; ++line) alice.Say("spam", 100), codes += code();
     // 8000 falls by a tenth a line: the fourth is below 5300, the seventh below 4200.
@@ -26,8 +26,9 @@ TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
 }
 
 TEST_F(InRoom, ALimitOnDemandHoldsUntilCleared) {
-    network.Levers().SetRate("r", "bot", 1, RateCode::Limit);
+    for (int classId : {0, 1, 6}) network.Levers().SetRate("r", "bot", classId, RateCode::Limit);
     bot.chat->Wait();
+    EXPECT_EQ(bot.chat->Count("0001000A"), 1) << "there are five classes";
     EXPECT_EQ(StrToHex(bot.chat->Last(1, 0x0A).body.substr(0, 4)), "00030001");
     world.RunFor(600000);
     bot.chat->Ask(0x0E, 0x24, Tlv(1, "bob"));
@@ -39,5 +40,4 @@ TEST_F(InRoom, ALimitOnDemandHoldsUntilCleared) {
     EXPECT_TRUE(network.IsBanned("r", "bob"));
 }
 
-} // namespace
 } // namespace halyard

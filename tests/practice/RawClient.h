@@ -39,11 +39,11 @@ struct Stage {
 
 class RawClient {
   public:
-    explicit RawClient(Stage& stage) : stage(stage), socket(stage.platform.NewSocket()) {
+    explicit RawClient(Stage& stage, int wait = 10) : stage(stage), socket(stage.platform.NewSocket()) {
         socket->onData = [this](std::size_t) { Receive(); };
         socket->onError = [this](int, const std::string&) { closed = true; };
         socket->Connect("127.0.0.1", stage.network.Port());
-        Wait(10);
+        Wait(wait);
     }
 
     const Socket& Raw() const { return *socket; }

@@ -3,7 +3,6 @@
 #include <deque>
 
 namespace halyard {
-namespace {
 
 TEST(Room, BlockAndEntryByteForByte) {
     Stage stage;
@@ -97,7 +96,9 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
     EXPECT_EQ(ban(bot, 0x25, "bob the rower"), "0000");
     bob.Join("r");
     EXPECT_TRUE(stage.network.IsInRoom("r", "bobtherower"));
-    EXPECT_EQ(ban(bot, 0x23, ""), "0000");
+    stage.network.Levers().SetOwner("r", "eve");
+    EXPECT_EQ(ban(bot, 0x24, "bobtherower"), "000D000800020048");
+    EXPECT_EQ(ban(eve, 0x23, ""), "0000");
     EXPECT_TRUE(stage.network.People("r").empty());
     EXPECT_TRUE(bob.chat->closed && eve.chat->closed && bot.chat->closed);
 }
@@ -111,7 +112,11 @@ TEST(Room, FullRefusedAndInvalid) {
         other.bos->Ask(1, 4, WordToStr(0x0E) + Guest::Wish(room));
         return StrToHex(RawClient::Tlvs({.body = Mid(other.bos->Last(1, 1).body, 3)}, 8));
     };
+    stage.network.Levers().RefuseNextJoin(0x30);
+    EXPECT_EQ(word("R"), "0030");
     EXPECT_EQ(word("R"), "");
+    stage.network.Levers().RefuseNextCreation(0x12);
+    EXPECT_EQ(bot.Create("mine"), "");
     EXPECT_EQ(word("nowhere"), "0033");
     stage.network.Levers().SetMaxPeople("r", 5);
     stage.network.Levers().Fill("r");
@@ -121,7 +126,9 @@ TEST(Room, FullRefusedAndInvalid) {
 
     auto navigation = bot.Open(0x0D);
     navigation->Ask(0x0D, 2);
-    EXPECT_EQ(StrToHex(navigation->Last(0x0D, 9).body.substr(0, 5)), "000200010A");
+    EXPECT_EQ(StrToHex(navigation->Last(0x0D, 9).body.substr(0, 11)), "000200010A000300350004");
+    navigation->Ask(0x0D, 4, WordToStr(4) + ShortString("4-0-r"));
+    EXPECT_NE(RawClient::Tlvs(navigation->Last(0x0D, 9), 4), "");
     navigation->Ask(0x0D, 8, WordToStr(4) + ShortString("create") + HexToStr("0000010001") + Tlv(0xD3, " "),
                     3);
     EXPECT_EQ(StrToHex(navigation->Last(0x0D, 1).body), "000D000800020033");
@@ -148,5 +155,4 @@ TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     EXPECT_TRUE(stage.Noted("|a stranger|is turned away: full, with 12 connections"));
 }
 
-} // namespace
 } // namespace halyard

@@ -163,27 +163,6 @@ TEST_F(RealSockets, TheWholeWayOverTls) {
     window.Control().SetNews(nullptr);
 }
 
-// The way back is itself cut, wherever the relay happens to be.
-TEST_F(RealSockets, ComesBackWhereverTheWayBackIsCut) {
-    network.Levers().Enter("lobby", "opal");
-    SignOnAndJoin();
-    for (const int pieces : {1, 2, 4, 8, 16, 24, 32}) {
-        relay.ResetAll();
-        relay.resetAfter = pieces;
-        const int before = relay.resets;
-        ComeBack();
-        ASSERT_TRUE(RunUntil([&] { return relay.resets > before && AllGone(); })) << pieces;
-        RunPending();
-        EXPECT_NE(label.Caption(), "Online!") << pieces;
-        Pass(15);
-        ASSERT_TRUE(RunUntil([this] { return OnLine(); })) << pieces << label.Caption();
-        Pass(8);
-        ASSERT_TRUE(RunUntil([this] { return Inside(); })) << pieces;
-        EXPECT_EQ(window.Control().Chat.Count(), 1U);
-        Pass(10);
-    }
-}
-
 TEST_F(RealSockets, AHundredVisitsLeaveNothingBehind) {
     auto descriptors = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
     const KeeperSpy keeper(real);
@@ -215,9 +194,3 @@ TEST_F(RealSockets, AHundredVisitsLeaveNothingBehind) {
 
 } // namespace
 } // namespace halyard
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -23,9 +23,6 @@ class Relay {
   public:
     /// What is passed on at once at most, in bytes.
     int pieceMax = 64;
-    /// Resets everything once so many more pieces were passed on; 0 never does.
-    int resetAfter = 0;
-    int resets = 0;
 
     bool Open(std::int32_t service);
     /// Clients are met over TLS from now on.
@@ -92,7 +89,6 @@ class Relay::Stream : public QObject {
         to.setSocketOption(QAbstractSocket::LowDelayOption, 1);
         to.write(from.read(std::uniform_int_distribution<int>(1, relay.pieceMax)(relay.random)));
         to.flush();
-        if (relay.resetAfter > 0 && --relay.resetAfter == 0) relay.ResetAll();
         return true;
     }
 
@@ -129,7 +125,6 @@ inline void Relay::Stall(bool on) {
 }
 
 inline void Relay::ResetAll() {
-    ++resets;
     for (auto* child : door->children())
         if (auto* stream = dynamic_cast<Stream*>(child)) stream->Reset();
 }

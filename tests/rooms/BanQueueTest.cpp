@@ -2,8 +2,6 @@
 
 namespace halyard {
 
-namespace {
-
 class BanQueue : public RoomScenario {
   protected:
     Chats& Open(float pause) {
@@ -39,7 +37,5 @@ TEST_F(BanQueue, ANewPauseHoldsFromNow) {
     room.SetBanPause(2);
     Heard(6, "6 store 8 ban:3:8:bob:; 6 ban 3 8 bob");
 }
-
-} // namespace
 
 } // namespace halyard

@@ -2,8 +2,6 @@
 
 namespace halyard {
 
-namespace {
-
 class RateState : public RoomScenario {
   protected:
     RateState() {
@@ -104,13 +102,11 @@ TEST_F(RateState, OtherClassesAndCodes) {
     EXPECT_EQ(Transcript().size(), 1U);
     EXPECT_TRUE(room.IsRated(3));
     EXPECT_FALSE(room.IsRated(0) || room.IsRated(6) || room.IsRated(1));
-    room.UserJoined("bob");
+    room.UserJoined("bob"), room.MsgQueue.Add({}), room.BanQueue.Add("cid");
     room.PrepareTerminate(); // no timers any more
-    EXPECT_EQ(room.PeopleHere.Count(), 0U);
+    EXPECT_EQ(room.PeopleHere.Count() + room.MsgQueue.Count() + room.BanQueue.Count(), 0U);
     for (int classID : {1, 5}) room.RateNotice(2, classID);
     room.CheckUnrate();
 }
-
-} // namespace
 
 } // namespace halyard

@@ -3,8 +3,6 @@
 
 namespace halyard {
 
-namespace {
-
 class RoomLists : public RoomScenario {};
 
 TEST_F(RoomLists, KeepNamesOnceUnderTheirNormalForm) {
@@ -44,18 +42,17 @@ TEST(TimeBan, AMinuteTakes61TicksAndTheEndOneMore) {
 
 TEST(TimeBan, IsOfOnePersonInOneRoom) {
     const auto record = NewTimeBan("Some User", "My Room", 4, 1, 7, "5");
-    EXPECT_TRUE(IsTimeBanOf(record, "someuser", "MYROOM", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser2", "myroom", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom2", 4, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 5, 1));
-    EXPECT_FALSE(IsTimeBanOf(record, "someuser", "myroom", 4, 0));
+    using Case = std::tuple<const char*, const char*, int, int>;
+    for (auto [user, room, exchange, instance] :
+         {Case{"someuser", "MYROOM", 4, 1}, Case{"someuser2", "myroom", 4, 1},
+          Case{"someuser", "room2", 4, 1}, Case{"someuser", "myroom", 5, 1},
+          Case{"someuser", "myroom", 4, 0}})
+        EXPECT_EQ(IsTimeBanOf(record, user, room, exchange, instance), room == std::string("MYROOM"));
     EXPECT_FALSE(IsTimeBanOf("", "", "", 0, 0));
     const auto tea = TickTimeBan(NewTimeBan("Some User", "Tea: Room", 4, 1, 7, "5")).record;
     EXPECT_EQ(tea, "Some User:Tea: Room:4:1:7:5:5:59");
     EXPECT_TRUE(IsTimeBanOf(tea, "someuser", "tea:room", 4, 1));
     EXPECT_EQ(TickTimeBan("Bob:Tea: Room:4:1:7:5:0:60").intChatIndex, 7);
 }
-
-} // namespace
 
 } // namespace halyard

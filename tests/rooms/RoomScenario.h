@@ -26,6 +26,8 @@ using Lines = std::vector<std::string>;
 
 class RecordingHost : public RoomHost {
   public:
+    using Text = const std::string&;
+    using Int = std::int16_t;
     explicit RecordingHost(SimWorld& world) : world(world) { DefaultChatSendTexts(texts); }
 
     Lines transcript;
@@ -41,21 +43,15 @@ class RecordingHost : public RoomHost {
         Note(ToUtf8(line));
         if (onSay) onSay();
     }
-    void SendBanRequest(std::int16_t room, const std::string& id, const std::string& user) override {
+    void SendBanRequest(Int room, Text id, Text user) override {
         Note("ban " + std::to_string(room) + " " + id + " " + user);
     }
-    void StoreRequest(const std::string& id, const std::string& record) override {
-        Note("store " + id + " " + record);
-    }
-    void LiftBan(const std::string& user, std::int16_t room) override {
-        Note("lift " + std::to_string(room) + " " + user);
-    }
+    void StoreRequest(Text id, Text record) override { Note("store " + id + " " + record); }
+    void LiftBan(Text user, Int room) override { Note("lift " + std::to_string(room) + " " + user); }
     const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return lists; }
     std::string ChatSendText(int number) const override { return texts.Item(number); }
-    void RoomRated(int type, const std::string& name) override {
-        Note("rated " + std::to_string(type) + " " + name);
-    }
-    void RoomUnrated(int type, const std::string& name, std::int16_t room) override {
+    void RoomRated(int type, Text name) override { Note("rated " + std::to_string(type) + " " + name); }
+    void RoomUnrated(int type, Text name, Int room) override {
         Note("unrated " + std::to_string(type) + " " + name + " " + std::to_string(room));
     }
 

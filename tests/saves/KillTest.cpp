@@ -1,17 +1,14 @@
 // A real process is killed at random moments while it saves its settings, two hundred times over: what lies
 // on the disk is always one whole file, the old one or the new.
 
-#include "oscar/TillerSock.h"
 #include "platform/qt/PosixFiles.h"
-#include "platform/sim/SimPlatform.h"
 #include "state/Options.h"
 #include "state/SettingsWriter.h"
+#include "tests/oscar/Wire.h"
 
 #include <csignal>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <set>
-#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,7 +35,7 @@ class TellingFiles : public PosixFiles {
     int pipe;
 };
 
-struct Desk : TillerEvents, MainWindowLink {
+struct Desk : EventLog {
     explicit Desk(int pipe) : machine(world, pipe), control(machine, shared, *this, *this) {
         for (int n = 0; n < 2000; ++n) options.Autobans.Add("bad" + std::to_string(n));
     }
@@ -47,10 +44,6 @@ struct Desk : TillerEvents, MainWindowLink {
         Files& FileSystem() override { return files; }
         TellingFiles files;
     };
-    bool GetAutoUnrate() const override { return true; }
-    std::int16_t GetUnratePause() const override { return 5; }
-    void Rated(int, Text) override {}
-    void Unrated(int, Text, std::int16_t) override {}
 
     SimWorld world;
     Machine machine;

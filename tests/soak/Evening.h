@@ -45,21 +45,16 @@ class Evening : public Desk {
     }
 
     void Run() {
-        Step(
-            "signing on", [this] { window.connection.cmdSignOn.Press(); }, &Evening::OnLine);
-        Step(
-            "joining", [this] { window.chats.cmdJoinChat.Press(); }, &Evening::Inside);
+        Step("signing on", &Evening::OnLine, [this] { window.connection.cmdSignOn.Press(); });
+        Step("joining", &Evening::Inside, [this] { window.chats.cmdJoinChat.Press(); });
         Wait(3);
-        Step(
-            "banning", [this] { people.Say("lobby", "opal", "ban bob"); }, &Evening::BobBanned);
+        Step("banning", &Evening::BobBanned, [this] { people.Say("lobby", "opal", "ban bob"); });
         Wait(9);
-        Step(
-            "time ban", [this] { people.Say("lobby", "opal", "tban rowdy,1"); }, &Evening::RowdyBanned);
+        Step("time ban", &Evening::RowdyBanned, [this] { people.Say("lobby", "opal", "tban rowdy,1"); });
         Wait(9);
         Files();
         // The loss is noticed at once, and shown from the first attempt to come back on.
-        Step(
-            "coming back", [this] { people.Drop("harbourbot"), Wait(1.5); }, &Evening::Inside);
+        Step("coming back", &Evening::Inside, [this] { people.Drop("harbourbot"), Wait(1.5); });
         Wait(180); // the time ban is lifted
         Lines held;
         for (const auto& name : control.GetEjectList("lobby", 0)) held.push_back(name);
@@ -90,7 +85,7 @@ class Evening : public Desk {
 
     /// Does it, again when it has not come about in time.
     template <typename Act>
-    void Step(const std::string& what, Act act, bool (Evening::*reached)() const) {
+    void Step(const std::string& what, bool (Evening::*reached)() const, Act act) {
         for (int tries = 0; tries < 3; ++tries) {
             act();
             if (world.RunUntil([&] { return (this->*reached)(); }, wayBack * 1000)) return;

@@ -4,8 +4,6 @@
 
 namespace halyard {
 
-namespace {
-
 class EjectFile : public Desk {
   protected:
     using Texts = std::vector<std::string>;
@@ -89,7 +87,5 @@ TEST_F(EjectFile, OnlyItsOwnFilesChangeAnything) {
     Load("Halyard File: Eject Lists");
     EXPECT_EQ(Lists(), Texts());
 }
-
-} // namespace
 
 } // namespace halyard

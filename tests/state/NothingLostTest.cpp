@@ -9,8 +9,6 @@
 
 namespace halyard {
 
-namespace {
-
 const std::string banner = "a\nb\nVersion: 2.0 (Beta 1.0)\n";
 
 class NothingLost : public Desk {
@@ -115,22 +113,5 @@ TEST_F(NothingLost, HugeFilesAreReadToTheirEndAndKept) {
         }
     EXPECT_EQ(options.Ops.Count(), 0u);
 }
-
-// By name they are there, their bytes don't come: no version is found.
-TEST_F(NothingLost, FilesThatCannotBeReadStay) {
-    platform.disk.Put("/program/locked", banner + "user:Al\n");
-    platform.disk.FailNth(1);
-    ReadSettings(target, "/program/locked");
-    EXPECT_EQ(Boxes().back().text, "Error: Settings file not compatible with program version.");
-    platform.disk.FailNth(1);
-    ImportForeignSettings(target, "/program/locked");
-    EXPECT_EQ(options.strCurrentUser, "Unknown");
-    platform.disk.Put("/state/StatsStore.dat", "version:1.0\r\n");
-    platform.disk.FailNth(1);
-    EXPECT_TRUE(statistics.Load());
-    EXPECT_EQ(platform.disk.Contents("/state/StatsStore.dat"), "version:1.0\r\n");
-}
-
-} // namespace
 
 } // namespace halyard

@@ -13,22 +13,27 @@ void Leave(TextBox& box, const std::string& text) {
     box.LostFocus();
 }
 
-TEST_F(Desk, EveryBoxMovesItsOwnVariable) {
+struct OptionRows : Desk {
+    /// Calls `act(row, box)` for every flag that a box shows.
+    void EachBox(auto act) {
+        for (const auto& option : OptionTable())
+            if (const auto* flag = std::get_if<FlagOption>(&option); flag && flag->box)
+                act(*flag, *flag->box(controls));
+    }
+};
+
+TEST_F(OptionRows, EveryBoxMovesItsOwnVariable) {
     std::set<CheckBox*> boxes;
     std::set<bool*> variables;
-    for (const auto& option : OptionTable()) {
-        const auto* flag = std::get_if<FlagOption>(&option);
-        if (!flag || !flag->box) continue;
-        auto* box = flag->box(controls);
-        auto& variable = flag->variable(options);
-        EXPECT_TRUE(boxes.insert(box).second) << flag->key;
-        EXPECT_TRUE(variables.insert(&variable).second) << flag->key;
+    EachBox([&](const FlagOption& flag, CheckBox& box) {
+        auto& variable = flag.variable(options);
+        EXPECT_TRUE(boxes.insert(&box).second && variables.insert(&variable).second) << flag.key;
         for (int click = 0; click < 2; ++click) {
-            box->SetValue(1 - box->Value());
-            EXPECT_EQ(variable, box->Value() == 1) << flag->key;
+            box.SetValue(1 - box.Value());
+            EXPECT_EQ(variable, box.Value() == 1) << flag.key;
         }
-        EXPECT_EQ(box->Value() == 1, flag->byDefault) << flag->key;
-    }
+        EXPECT_EQ(box.Value() == 1, flag.byDefault) << flag.key;
+    });
     EXPECT_EQ(boxes.size(), 30u);
 }
 
@@ -52,6 +57,7 @@ TEST_F(Desk, AutoSaveBoxesOpenAndCloseEachOther) {
         if (controls.chkAutoSaveBans.Enabled()) shown += " bans";
         return controls.txtEjectListFileName.Enabled() ? shown + " ejects" : shown;
     };
+    EXPECT_EQ(open(), "");
     controls.chkAutoSave.SetValue(1);
     EXPECT_EQ(open(), "timer file bans");
     controls.chkAutoSaveBans.SetValue(1);
@@ -116,7 +122,7 @@ TEST_F(Desk, FontHeaderFollowsOnlyTheTwoButtons) {
               "<HTML><BODY BGCOLOR=\"000000\"><FONT COLOR=\"00BFFF\" FACE=\"Arial\" LANG=\"0\">");
 }
 
-TEST_F(Desk, NewSettingsAsksAndLeavesSomeThingsAlone) {
+TEST_F(OptionRows, NewSettingsAsksAndLeavesSomeThingsAlone) {
     auto& room = OpenRoom("Lobby", 4, 3);
     const auto defaults = SettingsText(options);
     controls.txtPW.SetText("secret");
@@ -143,11 +149,9 @@ TEST_F(Desk, NewSettingsAsksAndLeavesSomeThingsAlone) {
     EXPECT_EQ(options.Ops.Count(), 1u);
     platform.dialogs.AnswerYes();
     options.AskNewSettings();
-    for (const auto& option : OptionTable())
-        if (const auto* flag = std::get_if<FlagOption>(&option); flag && flag->box) {
-            auto expected = flag->byDefault || flag->key == std::string("autoimm");
-            EXPECT_EQ(flag->box(controls)->Value() == 1, expected) << flag->key;
-        }
+    EachBox([](const FlagOption& flag, CheckBox& box) {
+        EXPECT_EQ(box.Value() == 1, flag.byDefault || flag.key == std::string("autoimm")) << flag.key;
+    });
     EXPECT_EQ(SettingsText(options), Replace(defaults, "autoimm:0", "autoimm:1"));
     EXPECT_EQ(controls.txtPW.Text() + controls.txtInstance.Text(), "secret2");
     EXPECT_EQ(options.Perms.Count() + controls.lstOps.ListCount(), 0u);

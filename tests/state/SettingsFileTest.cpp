@@ -6,8 +6,6 @@
 
 namespace halyard {
 
-namespace {
-
 constexpr const char* Head = "Program Name: Halyard\r\nCreator: Tiller\r\nVersion: 2.0 (Beta 1.0)\r\n\r\n"
                              "||||||||||||||||||||||||||||||||||\r\n||||HALYARD SETTINGS "
                              "FILE||||\r\n||||||||||||||||||||||||||||||||||\r\n\r\n";
@@ -107,20 +105,15 @@ const std::string FilledTail =
     "trigger::!|comment:0|uniperms:0000110011111100000000000011|imcoms:1|lockops:bob|lockimms:kim|"
     "lockbans:*w|chatsend:0:\xAB %p: \xBB|chatsend:1:|";
 
-TEST_F(SettingsFile, IsWrittenByteForByte) {
+TEST_F(SettingsFile, IsWrittenByteForByteAndComesBackButForWhatIsMeantToDiffer) {
     FillModel();
     std::string ccoms;
     for (int index = 0; index < CcomCount; ++index)
         ccoms += "ccom:" + std::to_string(index) + ":" + options.Ccoms.GetCcom(index) + "|";
     ASSERT_TRUE(WriteSettings(platform, options, "/program/", "mine.hys"));
-    EXPECT_EQ(platform.disk.Contents(Path), Head + Replace(FilledBody + ccoms + FilledTail, "|", "\r\n"));
+    const auto written = platform.disk.Contents(Path);
+    EXPECT_EQ(written, Head + Replace(FilledBody + ccoms + FilledTail, "|", "\r\n"));
     EXPECT_EQ(platform.disk.Paths(), std::set<std::string>{Path});
-}
-
-TEST_F(SettingsFile, ComesBackButForWhatIsMeantToDiffer) {
-    FillModel();
-    WriteSettings(platform, options, Path);
-    auto written = platform.disk.Contents(Path);
     ReadSettings(target, Path);
     EXPECT_EQ(controls.txtFontColor.Text(), "FF0000");
     EXPECT_EQ(settings.FontColor, "00BFFF") << "not in effect before SetFont";
@@ -162,9 +155,9 @@ autosavebans:1;autosavebanfile:b.txt;autosave:1 -> autosavebans 00, autosavebanf
 autosave:1;autosavebans:1;autosavebanfile:b.txt -> autosavebans 11, autosavebanfile b.txt
 autosavefile: -> autosavefile AutoSaveFile.hys
 autosavefile:12345678901234567890123456789012345678901 -> autosavefile AutoSaveFile.hys
-user:;user:Al -> user Al
+user:;user:A -> user A
 banpause:.0009 -> banpause 1
-banpause:999.5 -> banpause 1
+banpause:999;banpause:999.5 -> banpause 999
 ccom:28:late;ccom:-1:x;ccom:9:;ccom:8:elevenchars;ccom:0:a:b -> ccom:0 a:b, ccom:8 kick, ccom:9 ban
 trigger:four;trigger: -> trigger
 trigger:!!!;comment:0;imcoms:2 -> trigger !!!, comment 0, imcoms 1
@@ -185,15 +178,10 @@ menu:0;menu:11;null:data;;:::;:;sn;\xFF -> sn)");
     Load("chatsend:5:" + std::string(201, 'x') + "\nchatsend:6:" + std::string(200, 'y') + "\n");
     EXPECT_NE(control.ChatSends.Item(6)[0], 'x');
     EXPECT_EQ(control.ChatSends.Item(7), std::string(200, 'y'));
-}
-
-TEST_F(SettingsFile, RoomsGetPausesWhetherTheLineCountsOrNot) {
-    auto& room = OpenRoom("Lobby", 4, 3);
+    auto& room = OpenRoom("Lobby", 4, 3); // gets pauses, whether the line counts or not
     room.SetUnratePause(44);
     Load("banpause:2.5\nunratepause:500\n");
-    EXPECT_EQ(options.UnratePause, 5);
-    EXPECT_EQ(room.GetUnratePause(), 5);
-    ASSERT_TRUE(room.tmrBan);
+    EXPECT_EQ(options.UnratePause + room.GetUnratePause(), 5 + 5);
     EXPECT_EQ(room.tmrBan->Interval(), 2500);
 }
 
@@ -261,6 +249,7 @@ TEST_F(SettingsFile, ForeignSettingsAreImported) {
     EXPECT_EQ(controls.txtBGColor.Text() + controls.txtFontColor.Text() + controls.txtFontType.Text(),
               "112233445566Times");
     EXPECT_EQ(settings.FontColor, "00BFFF");
+    EXPECT_EQ(controls.optAB.Index(), 1);
     EXPECT_EQ(controls.chkBold.Value() + 2 * controls.chkStrikethrough.Value(), 1);
     EXPECT_EQ(control.ChatSends.Count(), 124u);
     EXPECT_FALSE(options.SettingsLoading);
@@ -279,7 +268,5 @@ TEST(TextFile, LinesEndInEitherWay) {
     EXPECT_FALSE(lines.Next());
     EXPECT_FALSE(LineReader("").Next());
 }
-
-} // namespace
 
 } // namespace halyard

@@ -3,8 +3,6 @@
 
 namespace halyard {
 
-namespace {
-
 constexpr const char* StatsPath = "/state/StatsStore.dat";
 constexpr const char* Remark =
     "NOTE: Congrats on finding the hidden stats file used in Halyard 2.0! (Unless someone else told you or I "
@@ -77,6 +75,9 @@ TEST_F(Statistics, UnreadableNumbersLeaveCountersAsTheyWere) {
 TEST_F(Statistics, AnotherVersionIsEmptiedAndEndsTheStart) {
     for (const char* bytes : {"version:1.0\r\ntotalban:5\r\n", "", "\r\n"}) {
         platform.disk.Put(StatsPath, bytes);
+        platform.disk.FailNth(1);
+        EXPECT_TRUE(file.Load()) << "what can't be read stays";
+        EXPECT_EQ(platform.disk.Contents(StatsPath), bytes);
         EXPECT_FALSE(file.Load());
         EXPECT_EQ(platform.disk.Contents(StatsPath), "\r\n");
         EXPECT_EQ(counters.Kept(12), 0);
@@ -102,7 +103,5 @@ TEST_F(Statistics, StandOnTheProgramsDriveWhereThereAreDrives) {
     EXPECT_TRUE(StatisticsFile(drives, counters).Write());
     EXPECT_EQ(drives.drive.Paths(), std::set<std::string>{"D:\\Windows\\StatsStore.dat"});
 }
-
-} // namespace
 
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 class Console : public DeskScene {
   protected:
@@ -105,5 +104,4 @@ TEST_F(Console, IsOpenedOnceAndWorksAgainAfterARejoin) {
     Wait(1);
 }
 
-} // namespace
 } // namespace halyard

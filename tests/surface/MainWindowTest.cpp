@@ -5,7 +5,6 @@
 #include <set>
 
 namespace halyard {
-namespace {
 
 using MainWindow = DeskScene;
 
@@ -27,6 +26,7 @@ TEST_F(MainWindow, EveryControlHasItsOwnNameAndTheThemesColours) {
         EXPECT_NE(control.ForeColor(), 0) << control.Name;
     });
     EXPECT_EQ(boxes.lstOps.BackColor(), 14271955);
+    EXPECT_EQ(window.connection.cmdSignOn.BackColor(), 16379850);
     EXPECT_EQ(window.slide.lblContents.BackColor(), 0x5E450E);
     EXPECT_EQ(window.slide.lblMenu[0].ForeColor(), -2147483630);
     EXPECT_EQ(window.slide.lblContents.Caption(), "\r\nC\r\nL\r\nI\r\nC\r\nK\r\n\r\nF\r\nO\r\nR\r\n\r\n"
@@ -43,6 +43,12 @@ TEST_F(MainWindow, OnePanelIsSeen) {
 
 TEST_F(MainWindow, TheMenuSlidesInAndStopsWhileMinimised) {
     auto& slide = window.slide;
+    std::string popups;
+    auto& menus = window.menus;
+    for (auto* menu : {&menus.mnuFile, &menus.mnuPanel, &menus.mnuQuickLinks, &menus.mnuHelp})
+        menu->onPopup = [&popups, menu] { popups += menu->Name + " "; };
+    for (int entry : {0, 1, 2, 3}) slide.lblMenu[static_cast<std::size_t>(entry)].Click();
+    EXPECT_EQ(popups, "mnuFile mnuPanel mnuQuickLinks mnuHelp ");
     slide.lblContents.Click();
     EXPECT_FALSE(slide.lblContents.Visible());
     Wait(.01);
@@ -149,5 +155,4 @@ TEST_F(MainWindow, RatedRoomsAreListedUntilTheyAreFree) {
     EXPECT_EQ(Happened("manually re-enabled").size(), 1U);
 }
 
-} // namespace
 } // namespace halyard

@@ -3,7 +3,6 @@
 #include "tests/surface/DeskScene.h"
 
 namespace halyard {
-namespace {
 
 using WholeBot = DeskScene;
 
@@ -67,27 +66,25 @@ TEST_F(WholeBot, TakesCommandsOfTheOperatorAndByMessage) {
     EXPECT_EQ(Boxes(), Lines{"Error: Error: Chat given was not found!"});
 }
 
-TEST_F(WholeBot, LoadsSettingsInARoomWithoutAWord) {
+TEST_F(WholeBot, SavesAndLoadsInARoomWithoutAWordAndAsksWhichFiles) {
     MakeOp("opal");
     window.Engine().Lists().AddAB("spam*", 0);
-    machine.dialogs.AnswerText("/program/mine.hys");
-    window.other.cmdSaveSettings.Press();
     SignOn();
     Join("lobby");
     Wait(10);
     Start();
-    machine.dialogs.AnswerText("/program/mine.hys");
-    window.other.cmdLoadSettings.Press();
+    for (auto* entry : {&window.menus.mnuSaveSettings, &window.menus.mnuLoadSettings}) {
+        machine.dialogs.AnswerText("/program/mine.hys");
+        entry->Click();
+    }
     Wait(60);
     EXPECT_EQ(Transcript(), Lines{});
     EXPECT_EQ(Listed(boxes.lstABs), Lines{"spam*"});
-}
-
-TEST_F(WholeBot, AsksWhichFilesToSaveAndRead) {
-    machine.dialogs.AnswerText("/program/mine.hys");
-    window.menus.mnuSaveSettings.Click();
-    machine.dialogs.AnswerText("/program/mine.hys");
-    window.menus.mnuLoadSettings.Click();
+    Join("deck");
+    boxes.lstOps.Select(0);
+    boxes.lstOps.KeyDown(DeleteKey);
+    Wait(9);
+    EXPECT_EQ(Happened("Op Removed").size(), 2U) << "in every room";
     machine.dialogs.AnswerText("/program/list.txt");
     window.ejects.cmdSaveEjects.Press();
     EXPECT_EQ(machine.disk.Contents("/program/list.txt"), "Halyard File: Eject Lists\r\n\r\n");
@@ -104,5 +101,4 @@ TEST_F(WholeBot, AsksWhichFilesToSaveAndRead) {
                             "Load settings|Gannet Elite Settings File [All files] (*.*)|*.*|/program"}));
 }
 
-} // namespace
 } // namespace halyard
