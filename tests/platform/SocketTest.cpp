@@ -92,6 +92,11 @@ TEST(Sockets, AHalfOpenConnectionIsNoticedAMinuteAfterASend) {
     pair.world.RunFor(100000);
     EXPECT_EQ(pair.near.log, (Log{"3660001 Connection timed out"}));
     EXPECT_TRUE(pair.far.heard.empty());
+    for (std::int32_t port : {0, 65536}) { // fails at once, however far the other end is
+        pair.near.socket->Connect("host", port);
+        pair.world.RunReady();
+        EXPECT_EQ(pair.near.socket->State(), SocketState::Error);
+    }
 }
 
 TEST(Sockets, AStallDelaysWhatAMinuteDoesNotEnd) {

@@ -127,6 +127,8 @@ TEST(Room, FullRefusedAndInvalid) {
     auto navigation = bot.Open(0x0D);
     navigation->Ask(0x0D, 2);
     EXPECT_EQ(StrToHex(navigation->Last(0x0D, 9).body.substr(0, 11)), "000200010A000300350004");
+    navigation->Ask(0x0D, 3); // of no exchange
+    EXPECT_EQ(StrToHex(RawClient::Tlvs(navigation->Last(0x0D, 9), 3).substr(0, 2)), "0000");
     navigation->Ask(0x0D, 4, WordToStr(4) + ShortString("4-0-r"));
     EXPECT_NE(RawClient::Tlvs(navigation->Last(0x0D, 9), 4), "");
     navigation->Ask(0x0D, 8, WordToStr(4) + ShortString("create") + HexToStr("0000010001") + Tlv(0xD3, " "),

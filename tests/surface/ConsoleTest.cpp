@@ -23,6 +23,7 @@ class Console : public DeskScene {
 
 TEST_F(Console, FollowsTheRoom) {
     EXPECT_EQ(console->lblChatName.Caption(), "Chat Room: lobby");
+    EXPECT_EQ(console->cmdClose.BackColor(), window.connection.cmdSignOn.BackColor());
     EXPECT_EQ(Listed(console->lstPeopleHere), (Lines{"opal", "harbourbot"}));
     people.Enter("lobby", "Some One");
     people.Say("lobby", "Some One", "<b>ahoy</b>");
