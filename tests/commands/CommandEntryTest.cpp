@@ -9,6 +9,7 @@ using CommandEntry = RoomScene;
 
 TEST(ParseCommandTest, TheFirstCcomInIndexOrderWins) {
     CcomTable ccoms;
+    for (int none : {-1, static_cast<int>(CcomCount)}) EXPECT_EQ(ccoms.GetCcom(none), "");
     for (const char* line : {"hel", ""}) EXPECT_EQ(ParseCommand(ccoms, line), ParsedCommand());
     ccoms.CcomNames[CcomBan] = "o";
     EXPECT_EQ(ParseCommand(ccoms, "opal"), (ParsedCommand{CcomOp, "al"})) << "index 0 comes before 9";

@@ -99,6 +99,11 @@ TEST_F(Wire, LinesOverTheRoomsCapsAreReplaced) {
     ASSERT_EQ(first.size(), 1U);
     EXPECT_EQ(first[0].substr(0, 54), "2 000E000500000000000500000000000000000003000100000006");
     EXPECT_EQ(AskedOf(first[0]), "<F>" + std::string(232, 'x'));
+    for (int sent = 1; sent <= 32000; ++sent) control.SendChat(1, "x");
+    Settle();
+    room.received.clear();
+    control.SendChat(1, "x");
+    EXPECT_EQ(said().back().substr(34, 4), "0001") << "numbers go up to 32000, and on from 1";
     using Case = std::pair<std::string, const char*>;
     for (const auto& [line, lengths] :
          {Case{std::string(233, 'x'), "Current Total Length: 236, Current Total Visible Length: 233"},

@@ -112,7 +112,8 @@ TEST_F(Panels, UserAndBanPause) {
     EXPECT_EQ(Boxes(), Lines{"Note: You cannot have a blank user!"});
 
     for (const auto& [typed, shown, pause] :
-         {std::tuple{"2.5", "2.5", 2.5F},
+         {std::tuple{"999", "999", 999.F},
+          {"2.5", "2.5", 2.5F},
           {"0", "2.5", 2.5F},
           {"1000", "2.5", 2.5F},
           {"x", "2.5", 2.5F},
