@@ -107,7 +107,7 @@ std::string EnforcedWatch::Check(std::int64_t now) {
         if (CameLater(place)) ended.insert(place);
         if (!ended.contains(place) && Counts(place)) strange.insert(place);
     }
-    const auto wrong = Lasting(strangers, strange, now, 2000, " is on a list, and nobody put them out of ");
+    auto wrong = Lasting(strangers, strange, now, 2000, " is on a list, and nobody put them out of ");
     if (!wrong.empty() || now < trusted) return wrong;
     if (std::exchange(doubted, false)) Forgive(now);
     for (const auto& room : control.Chat) {
@@ -122,7 +122,7 @@ std::string EnforcedWatch::Check(std::int64_t now) {
         if (!ask.spared(place.second) && network.IsInRoom(place.first, place.second) &&
             network.IsInRoom(place.first, botsName))
             inside.insert(place);
-    const auto missed = Lasting(missing, lost, now, longestListing, " was put out, and is on no list of ");
+    auto missed = Lasting(missing, lost, now, longestListing, " was put out, and is on no list of ");
     return missed.empty() ? Lasting(staying, inside, now, longestStay, " is listed, and stays in ") : missed;
 }
 
