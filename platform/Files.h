@@ -73,10 +73,10 @@ class Files {
     /// of the user database. Empty when there is none.
     virtual std::string StateFolder() = 0;
     /// The operator's folder for the bridge's configuration: in XDG_CONFIG_HOME when that names a place, else
-    /// in the home of the user database. It need not stand yet. Empty when there is none.
+    /// in HOME or the home of the user database. It need not stand yet. Empty when there is none.
     virtual std::string ConfigFolder() = 0;
-    /// The operator's folder for the bridge's data: in XDG_DATA_HOME when that names a place, else in the
-    /// home. Empty when there is none; not created.
+    /// The operator's folder for the bridge's data: in XDG_DATA_HOME when that names a place, else in
+    /// HOME or the home of the user database. Empty when there is none; not created.
     virtual std::string BridgeFolder() = 0;
     /// The separator between the parts of a path, "/" or "\".
     virtual char Separator() const = 0;

@@ -79,6 +79,8 @@ Network ReadNetwork(const std::string& name, const TomlMember& member, const std
     if (const auto pin = fields.Text("pin")) {
         const auto digits = Fingerprint(*pin);
         if (!digits) fields.Tell("pin", "must be the 64 hex digits of a SHA-256");
+        if (!network.ways.test(static_cast<std::size_t>(Departure::Tls)))
+            fields.Tell("pin", "has no use without the way \"tls\"");
         network.pin = digits.value_or("");
     }
     fields.TellUnknown();

@@ -65,9 +65,11 @@ std::optional<std::string> NamedFolder(const char* variable) {
     return place && place->starts_with('/') ? place : std::nullopt;
 }
 
-/// The program's folder in the one that a variable names, else below the operator's home; not created.
+/// The program's folder in the one that a variable names, else below HOME, or where that names none, the home
+/// of the user database; not created.
 std::string NamedOrHome(const char* variable, const char* below) {
     if (auto place = NamedFolder(variable)) return *place + "/halyard";
+    if (auto home = NamedFolder("HOME")) return *home + below;
     const auto home = Home();
     return home.starts_with('/') ? FromUtf8(home) + below : std::string();
 }

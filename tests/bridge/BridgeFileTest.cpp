@@ -40,7 +40,7 @@ TEST_F(BridgeFileTest, DefinesNetworksFromWhatIsBuiltIn) {
                    "[networks.Den]\n"
                    "salt = \"\xE2\x82\xAC\\u0001\"\n"
                    "roasting = [0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 255]\n"
-                   "ways = [\"main-sign-offs\"]\n"
+                   "ways = [\"main-sign-offs\", \"tls\"]\n"
                    "pin = \"AB:" +
                    std::string(62, '0') + "\"\n"),
               "");
@@ -55,7 +55,7 @@ TEST_F(BridgeFileTest, DefinesNetworksFromWhatIsBuiltIn) {
     const auto& den = file.Networks()[4];
     EXPECT_EQ(den.secrets.salt, "\x80\x01");
     EXPECT_EQ(den.secrets.roasting[15], 255);
-    EXPECT_EQ(den.ways, WaysOf(Departure::MainSignOffs));
+    EXPECT_EQ(den.ways, WaysOf(Departure::MainSignOffs, Departure::Tls));
     EXPECT_EQ(den.port, 5190);
     EXPECT_EQ(den.pin, "ab" + std::string(62, '0'));
 }
@@ -91,6 +91,7 @@ TEST_F(BridgeFileTest, TellsEveryMistakeWithItsPlace) {
         "line 8, column 21: networks.Den.roasting must be a whole number\n"
         "line 9, column 11: networks.Den.ways has no way \"sail\"\n"
         "line 10, column 7: networks.Den.pin must be the 64 hex digits of a SHA-256\n"
+        "line 10, column 7: networks.Den.pin has no use without the way \"tls\"\n"
         "line 11, column 11: networks.d EN is defined twice: case and blanks don't count\n"
         "line 12, column 8: networks.d EN.port must be a whole number\n"
         "line 13, column 11: networks.laid down is built in and can't be defined anew\n"

@@ -108,7 +108,12 @@ TEST_F(PosixFilesTest, NamesTheConfigurationAndKeepsItPrivate) {
     EXPECT_EQ(files.ConfigFolder(), Path("config") + "/halyard");
     EXPECT_FALSE(QDir(QString::fromStdString(Path("config"))).exists()) << "asking makes nothing";
     qputenv("XDG_CONFIG_HOME", "not/from/the/root");
+    const auto home = qgetenv("HOME");
+    qputenv("HOME", QByteArray::fromStdString(Path("home")));
+    EXPECT_EQ(files.ConfigFolder(), Path("home") + "/.config/halyard");
+    qunsetenv("HOME");
     EXPECT_TRUE(files.ConfigFolder().ends_with("/.config/halyard"));
+    qputenv("HOME", home);
     qunsetenv("XDG_CONFIG_HOME");
 
     Put("file", "x");
