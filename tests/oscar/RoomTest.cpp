@@ -41,6 +41,8 @@ TEST_F(Wire, JoiningGoesThroughNavigationOnce) {
     Settle();
     EXPECT_EQ(navigation.Take().size(), 1U);
     EXPECT_EQ(bos.Take(), Lines{});
+    Answer(navigation, "", 4);
+    EXPECT_NE(navigation.socket->State(), SocketState::Connected);
 }
 
 TEST_F(Wire, LinesComeInAnyPiecesKeepTheirHtmlAndTheLastEncodingHolds) {
