@@ -1,7 +1,7 @@
 // What a server's management answers and what enforcement.json holds, both of any bytes.
 
-#include "bridge/networks/EnforcementNames.h"
-#include "bridge/networks/ManagementWords.h"
+#include "bridge/networks/enforcement/EnforcementNames.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
 #include "fuzz/FedPlatform.h"
 #include "fuzz/Input.h"
 #include "platform/Http.h"

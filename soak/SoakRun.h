@@ -4,7 +4,7 @@
 // simulated world. An operator sits at the desk who signs on, joins the rooms, looks after the lists once an
 // hour, saves and loads. The same plan gives the same digest.
 
-#include "bridge/networks/Enforcement.h"
+#include "bridge/networks/enforcement/Enforcement.h"
 #include "practice/PracticeNetwork.h"
 #include "soak/DayRecord.h"
 #include "soak/Faults.h"

@@ -3,7 +3,7 @@
 // The page of the window Network that checks a network and shows what was found. The bridge owns the check
 // itself; the window owns the one page.
 
-#include "bridge/networks/NetworkCheck.h"
+#include "bridge/networks/check/NetworkCheck.h"
 #include "platform/Controls.h"
 #include "surface/SurfaceContext.h"
 

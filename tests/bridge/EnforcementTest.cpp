@@ -1,9 +1,9 @@
 // The bot on a practice network that knows no bans, with the management of that network in its hands. Each
 // scenario is read by what the room said, what the management was asked, and what the operator was told.
 
-#include "bridge/networks/Enforcement.h"
+#include "bridge/networks/enforcement/Enforcement.h"
 
-#include "bridge/networks/EnforcementRecord.h"
+#include "bridge/networks/enforcement/EnforcementRecord.h"
 #include "tests/oscar/Wire.h"
 #include "tests/practice/RawClient.h"
 

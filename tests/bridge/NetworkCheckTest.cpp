@@ -1,8 +1,8 @@
 // A check of a network, against practice networks of every habit, and against what goes wrong on the way.
 
-#include "bridge/networks/NetworkCheck.h"
+#include "bridge/networks/check/NetworkCheck.h"
 
-#include "bridge/networks/HexLog.h"
+#include "bridge/networks/check/HexLog.h"
 #include "tests/oscar/Wire.h"
 #include "tests/practice/RawClient.h"
 

@@ -1,4 +1,4 @@
-#include "bridge/networks/EnforcementNames.h"
+#include "bridge/networks/enforcement/EnforcementNames.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"

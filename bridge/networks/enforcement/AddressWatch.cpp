@@ -1,7 +1,7 @@
-#include "bridge/networks/AddressWatch.h"
+#include "bridge/networks/enforcement/AddressWatch.h"
 
 #include "base/Text.h"
-#include "bridge/networks/ManagementWords.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
 #include "oscar/networks/Reach.h"
 
 #include <utility>

@@ -4,7 +4,7 @@
 // first, the oldest first, and after 30 days. A file that makes no sense is put aside and told of.
 // Enforcement owns the one.
 
-#include "bridge/networks/EnforcementNames.h"
+#include "bridge/networks/enforcement/EnforcementNames.h"
 
 #include <cstddef>
 #include <cstdint>

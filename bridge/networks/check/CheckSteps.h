@@ -2,8 +2,8 @@
 
 // The steps of a check, in order: what each asks, and what it makes of the answer or of silence.
 
-#include "bridge/networks/CheckEars.h"
-#include "bridge/networks/NetworkCheck.h"
+#include "bridge/networks/check/CheckEars.h"
+#include "bridge/networks/check/NetworkCheck.h"
 
 #include <functional>
 #include <optional>

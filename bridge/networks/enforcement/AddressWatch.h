@@ -5,8 +5,8 @@
 // addresses count, and none from which more than a few names come: that is a proxy's, or a school's.
 // Enforcement owns the one.
 
-#include "bridge/networks/EnforcementRecord.h"
-#include "bridge/networks/ManagementLine.h"
+#include "bridge/networks/enforcement/EnforcementRecord.h"
+#include "bridge/networks/enforcement/ManagementLine.h"
 
 #include <functional>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "bridge/networks/CheckEars.h"
+#include "bridge/networks/check/CheckEars.h"
 
 #include "base/Text.h"
 #include "oscar/TillerSock.h"

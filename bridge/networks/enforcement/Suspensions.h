@@ -3,8 +3,8 @@
 // Accounts that are suspended for us, and lifted only when we know that we had them suspended. Enforcement
 // owns the one.
 
-#include "bridge/networks/EnforcementRecord.h"
-#include "bridge/networks/ManagementLine.h"
+#include "bridge/networks/enforcement/EnforcementRecord.h"
+#include "bridge/networks/enforcement/ManagementLine.h"
 
 #include <functional>
 #include <string>

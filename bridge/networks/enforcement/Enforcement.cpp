@@ -1,10 +1,10 @@
-#include "bridge/networks/Enforcement.h"
+#include "bridge/networks/enforcement/Enforcement.h"
 
 #include "base/Text.h"
-#include "bridge/networks/AddressWatch.h"
-#include "bridge/networks/ManagementWords.h"
-#include "bridge/networks/PutOutCount.h"
-#include "bridge/networks/Suspensions.h"
+#include "bridge/networks/enforcement/AddressWatch.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
+#include "bridge/networks/enforcement/PutOutCount.h"
+#include "bridge/networks/enforcement/Suspensions.h"
 #include "oscar/TillerSock.h"
 
 #include <deque>

@@ -1,6 +1,6 @@
 // The rows about a network's ways: what was seen of the habit that each is there for.
 
-#include "bridge/networks/CheckSteps.h"
+#include "bridge/networks/check/CheckSteps.h"
 #include "oscar/wire/ModOscarFunctions.h"
 
 #include <algorithm>

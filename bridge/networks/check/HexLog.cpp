@@ -1,4 +1,4 @@
-#include "bridge/networks/HexLog.h"
+#include "bridge/networks/check/HexLog.h"
 
 #include "oscar/wire/ModOscarFunctions.h"
 

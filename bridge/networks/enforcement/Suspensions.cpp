@@ -1,6 +1,6 @@
-#include "bridge/networks/Suspensions.h"
+#include "bridge/networks/enforcement/Suspensions.h"
 
-#include "bridge/networks/ManagementWords.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
 
 #include <utility>
 

@@ -4,7 +4,7 @@
 // bot's. It only writes down; CheckSteps.h makes something of it.
 
 #include "base/News.h"
-#include "bridge/networks/HexLog.h"
+#include "bridge/networks/check/HexLog.h"
 #include "oscar/TillerEvents.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "bridge/networks/NetworkCheck.h"
+#include "bridge/networks/check/NetworkCheck.h"
 
-#include "bridge/networks/CheckSteps.h"
+#include "bridge/networks/check/CheckSteps.h"
 #include "oscar/OscarSettings.h"
 #include "oscar/TillerSock.h"
 #include "platform/Platform.h"

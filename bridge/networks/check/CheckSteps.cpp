@@ -1,4 +1,4 @@
-#include "bridge/networks/CheckSteps.h"
+#include "bridge/networks/check/CheckSteps.h"
 
 #include "base/Text.h"
 #include "oscar/TillerSock.h"

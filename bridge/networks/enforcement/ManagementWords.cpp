@@ -1,4 +1,4 @@
-#include "bridge/networks/ManagementWords.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"

@@ -1,4 +1,4 @@
-#include "bridge/networks/EnforcementRecord.h"
+#include "bridge/networks/enforcement/EnforcementRecord.h"
 
 #include "base/Text.h"
 #include "platform/Hmac.h"

@@ -1,6 +1,6 @@
-#include "bridge/networks/ManagementLine.h"
+#include "bridge/networks/enforcement/ManagementLine.h"
 
-#include "bridge/networks/ManagementWords.h"
+#include "bridge/networks/enforcement/ManagementWords.h"
 
 #include <algorithm>
 #include <iterator>
