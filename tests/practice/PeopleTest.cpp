@@ -51,6 +51,12 @@ TEST(People, ASecondSignOnEndsTheFirstAndItsRooms) {
     EXPECT_FALSE(stage.network.IsInRoom("r", "bot"));
     second.Join("r");
     EXPECT_EQ(second.chat->Count("000E0030"), 1); // the room is still its own
+    PracticeOptions options;
+    options.ways = WaysOf(Departure::MainSignOffs);
+    Stage open(options);
+    Guest old(open, "Bot"), anew(open, "bot");
+    EXPECT_EQ(old.bos->frames.back(),
+              std::make_pair(4, Tlv(9, ByteToStr(1)) + Tlv(0x0B, "http://127.0.0.1/displaced")));
 }
 
 Script Parsed(const std::string& text) {
