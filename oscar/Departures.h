@@ -57,16 +57,23 @@ class Departures {
     enum class Guard { Unset, On, Off };
 
     /// True when the network's ways or the operator say so; the operator's Off wins.
-    bool On(Departure departure) const {
-        const auto index = static_cast<std::size_t>(departure);
-        return guards[index] == Guard::On || (guards[index] == Guard::Unset && ways.test(index));
-    }
-    void SetWays(const Ways& ofNetwork) { ways = ofNetwork; }
+    bool On(Departure departure) const { return on[static_cast<std::size_t>(departure)]; }
+    void SetWays(const Ways& ofNetwork) { ways = ofNetwork, Settle(); }
     const Ways& OfNetwork() const { return ways; }
-    void SetGuard(Departure departure, Guard guard) { guards[static_cast<std::size_t>(departure)] = guard; }
+    void SetGuard(Departure departure, Guard guard) {
+        guards[static_cast<std::size_t>(departure)] = guard;
+        Settle();
+    }
 
   private:
+    /// Asked with every frame, so the answers are kept ready.
+    void Settle() {
+        for (std::size_t index = 0; index < DepartureCount; ++index)
+            on[index] = guards[index] == Guard::On || (guards[index] == Guard::Unset && ways[index]);
+    }
+
     Ways ways;
+    Ways on;
     std::array<Guard, DepartureCount> guards{};
 };
 

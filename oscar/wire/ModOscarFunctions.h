@@ -49,10 +49,10 @@ struct TLV {
 /// The TLV at the front of `input`. A value that the input cuts short is taken as far as it goes; fewer than
 /// four bytes are a type alone.
 inline TLV FirstTLV(std::string_view input) {
-    const auto head = std::min<std::size_t>(input.size(), 4);
-    const auto length = head == 4 ? StrToWord(input.substr(2)).value_or(0) : 0;
-    const auto value = input.substr(head, static_cast<std::size_t>(length));
-    return {input.substr(0, 2), value, head + value.size()};
+    if (input.size() < 4) return {input.substr(0, 2), {}, input.size()};
+    const auto byte = [&input](std::size_t at) { return static_cast<unsigned char>(input[at]); };
+    const auto value = input.substr(4, static_cast<std::size_t>(byte(2)) << 8 | byte(3));
+    return {input.substr(0, 2), value, 4 + value.size()};
 }
 /// Adds the TLVs at the front of `input` to `list`, flat: type, value, type, value; at most 101 of them, and
 /// takes them off the input. An input of exactly two zero bytes adds an empty type and an empty value and
