@@ -18,25 +18,33 @@ std::string WithoutAsterisks(std::string_view mask) {
 
 } // namespace
 
-IndexedList::IndexedList(Matching wanted)
-    : matching(wanted), index(wanted == Matching::masks ? WithoutAsterisks : Lower) {}
+IndexedList::IndexedList(Matching wanted, ListName name)
+    : matching(wanted), name(name), index(wanted == Matching::masks ? WithoutAsterisks : Lower) {}
 
 bool IndexedList::Add(std::string_view text) {
     if (text.empty() || !list.Add(std::string(text), text)) return false;
-    if (IsIndexed(text)) index.Add(list.Item(static_cast<std::ptrdiff_t>(list.Count())));
+    const auto& entry = list.Item(static_cast<std::ptrdiff_t>(list.Count()));
+    if (IsIndexed(text)) index.Add(entry);
+    if (telling && telling->news) telling->news->ListAdded({name}, entry);
     return true;
 }
 
 bool IndexedList::Remove(std::string_view text) { return Remove(list.Position(text)); }
 
 bool IndexedList::Remove(std::ptrdiff_t position) {
-    if (const auto& text = list.Item(position); IsIndexed(text)) index.Remove(text);
-    return list.Remove(position);
+    const auto& text = list.Item(position);
+    if (IsIndexed(text)) index.Remove(text);
+    const auto gone = telling && telling->news ? text : std::string();
+    if (!list.Remove(position)) return false;
+    if (telling && telling->news) telling->news->ListRemoved({name}, gone);
+    return true;
 }
 
 void IndexedList::Clear() {
+    const bool had = list.Count() > 0;
     index.Clear();
     list.Clear();
+    if (had && telling && telling->news) telling->news->ListCleared({name});
 }
 
 std::string IndexedList::FirstWordIn(std::string_view text) const {

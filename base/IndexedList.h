@@ -6,6 +6,7 @@
 // all in order.
 
 #include "base/Collection.h"
+#include "base/News.h"
 #include "base/OccurrenceIndex.h"
 
 #include <cstddef>
@@ -23,9 +24,12 @@ enum class Matching {
 
 class IndexedList {
   public:
-    explicit IndexedList(Matching matching = Matching::whole);
+    explicit IndexedList(Matching matching = Matching::whole, ListName name = ListName::None);
     IndexedList(const IndexedList&) = delete; // the index points into the list
     IndexedList& operator=(const IndexedList&) = delete;
+
+    /// Tells its changes from now on to who listens there; `through` outlives it.
+    void Tell(Telling& through) { telling = &through; }
 
     /// Appends `text`, which is normalised already. False, and no change, when it is empty or there already.
     bool Add(std::string_view text);
@@ -61,6 +65,8 @@ class IndexedList {
     const std::string& EqualEntry(std::string_view name) const;
 
     Matching matching;
+    ListName name;
+    Telling* telling = nullptr;
     Collection<std::string> list; // its entries stay where they are
     OccurrenceIndex index;        // of all words, or of the masks that hold an asterisk
 };

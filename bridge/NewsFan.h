@@ -1,7 +1,8 @@
 #pragma once
 
 // The control tells its news to one listener; this one passes each fact on to several, in the order in which
-// they were added. What holds the bridge together owns the one.
+// they were added; frames and lines, which are many, are told past it to the one who wants them. What holds
+// the bridge together owns the one.
 
 #include "base/News.h"
 
@@ -29,11 +30,9 @@ class NewsFan : public News {
     void SocketFailed(int socket, int number, const std::string& words) override {
         Pass(&News::SocketFailed, socket, number, words);
     }
-    void Frame(int socket, bool sent, int channel, std::string_view body) override {
-        Pass(&News::Frame, socket, sent, channel, body);
-    }
-    void RoomEntered(std::int16_t room, const std::string& name) override {
-        Pass(&News::RoomEntered, room, name);
+    void CauseEnded(const CauseScope& scope) override { Pass(&News::CauseEnded, scope); }
+    void RoomEntered(std::int16_t room, const std::string& name, std::int16_t exchange) override {
+        Pass(&News::RoomEntered, room, name, exchange);
     }
     void RoomLeft(std::int16_t room, const std::string& name, const std::string& reason) override {
         Pass(&News::RoomLeft, room, name, reason);
@@ -47,8 +46,19 @@ class NewsFan : public News {
     void PersonWent(std::int16_t room, const std::string& name) override {
         Pass(&News::PersonWent, room, name);
     }
+    void MessagePassedOver(const std::string& name, const std::string& message) override {
+        Pass(&News::MessagePassedOver, name, message);
+    }
+    void RateClasses(int socket, const std::string& body) override { Pass(&News::RateClasses, socket, body); }
     void RateTold(std::int16_t room, int code, int classId) override {
         Pass(&News::RateTold, room, code, classId);
+    }
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) override {
+        Pass(&News::BanWanted, room, id, kind, name);
+    }
+    void BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                    DropReason why) override {
+        Pass(&News::BanDropped, room, id, kind, name, why);
     }
     void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override {
         Pass(&News::BanAsked, room, id, kind, name);
@@ -56,6 +66,13 @@ class NewsFan : public News {
     void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override {
         Pass(&News::BanAnswered, room, id, verdict, word);
     }
+    void ListAdded(const ListId& list, const std::string& entry) override {
+        Pass(&News::ListAdded, list, entry);
+    }
+    void ListRemoved(const ListId& list, const std::string& entry) override {
+        Pass(&News::ListRemoved, list, entry);
+    }
+    void ListCleared(const ListId& list) override { Pass(&News::ListCleared, list); }
 
   private:
     template <typename... Parameters, typename... Values>

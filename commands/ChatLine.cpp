@@ -34,7 +34,7 @@ bool HandleGhost(const CommandContext& context, std::string& strUserNorm, const 
         strUserNorm = UpTo(NormalizeName(line.stripped), "rolled");
         if (CheckCollection(strUserNorm, context.options.Immunes)) return false;
     }
-    context.control.BanUser(strUserNorm, BanKind::AutoGhost, line.intChatIndex);
+    BanGhost(context, strUserNorm, line);
     return true;
 }
 
@@ -50,6 +50,17 @@ std::optional<std::string> CommandText(const CcomTable& ccoms, const std::string
     return normalised;
 }
 
+/// What a person wrote behind the comment mark; empty when there is none.
+std::string_view ReasonIn(const CcomTable& ccoms, std::string_view stripped) {
+    if (!ccoms.blnCcomComments) return {};
+    const std::string_view mark = ccoms.strTrigger.empty() ? "/" : std::string_view(ccoms.strTrigger);
+    const auto at = FindNoCase(stripped, mark);
+    if (at == 0) return {};
+    const auto reason = stripped.substr(at - 1 + mark.size());
+    const auto first = reason.find_first_not_of(' ');
+    return first == reason.npos ? std::string_view() : reason.substr(first);
+}
+
 } // namespace
 
 void CommandEngine::ChatMessage(std::int16_t intChatIndex, const std::string& strUser,
@@ -60,7 +71,7 @@ void CommandEngine::ChatMessage(std::int16_t intChatIndex, const std::string& st
 void CommandEngine::HandleLine(std::int16_t intChatIndex, const std::string& strUser,
                                const std::string& strMessage, bool fromWire) {
     const auto& options = context.options;
-    ChatLine line{strMessage, StripHTML(strMessage), intChatIndex};
+    ChatLine line{strMessage, StripHTML(strMessage), intChatIndex, strUser};
     context.host.ConsoleMessage(intChatIndex, strUser, line.stripped);
     auto intChatColIndex = context.control.GetChatIndex(intChatIndex);
     auto room = context.control.Chat.Item(intChatColIndex);
@@ -78,6 +89,12 @@ void CommandEngine::HandleLine(std::int16_t intChatIndex, const std::string& str
     if (isOp || internal) {
         auto strCommand = CommandText(options.Ccoms, NormalizeName(line.stripped));
         if (!strCommand) return; // an op's line without the trigger is not even searched for autowords
+        const CauseScope scope(context.control.Tell(),
+                               {.kind = internal ? CauseKind::Internal : CauseKind::OpLine,
+                                .room = intChatIndex,
+                                .who = strUser,
+                                .line = strMessage,
+                                .reason = ReasonIn(options.Ccoms, line.stripped)});
         ProcessCommand(*strCommand, strUserNorm, intChatIndex, intChatColIndex,
                        internal ? FullPerms : options.Perms.Item(strUserNorm));
     }

@@ -26,9 +26,13 @@ void CommandEngine::InstantMessage(const std::string& strUser, const std::string
     const auto& options = context.options;
     auto& control = context.control;
     auto name = NormalizeName(strUser);
-    if (!options.IMComsOn || !CheckCollection(name, options.Ops)) return;
+    const auto passOver = [&] {
+        if (auto* news = control.Tell().news) news->MessagePassedOver(strUser, strMessage);
+    };
+    if (!options.IMComsOn || !CheckCollection(name, options.Ops)) return passOver();
     auto parts = Split(NormalizeName(stripped), ":", 2);
-    if (parts.size() != 2) return;
+    if (parts.size() != 2) return passOver();
+    const CauseScope scope(control.Tell(), {.kind = CauseKind::OpIM, .who = strUser, .line = strMessage});
     if (auto room = RoomMeant(control, parts[0]))
         ProcessCommand(parts[1], name, room->ChatIndex, control.GetChatIndex(room->ChatIndex),
                        options.Perms.Item(name));

@@ -11,9 +11,6 @@ namespace halyard {
 
 namespace {
 
-void AddTo(Collection<std::string>& list, const std::string& name) { list.Add(name, name); }
-void AddTo(IndexedList& list, const std::string& name) { list.Add(name); }
-
 /// Removes the line equal to `item`. `expected` is where it stands as long as the box mirrors its list; a
 /// long list is not walked for it.
 void RemoveListItem(ListBox& box, const std::string& item, std::ptrdiff_t expected) {
@@ -44,33 +41,26 @@ class ListCommands::Act {
         if (refused) Say(answer);
         return refused;
     }
-    template <typename List>
-    bool IsOn(const List& list) const {
-        return CheckCollection(name, list);
-    }
+    bool IsOn(const IndexedList& list) const { return CheckCollection(name, list); }
 
     /// False when the name was there. What is said of success is the caller's.
-    template <typename List>
-    bool Add(List& list, ListBox& box) const {
+    bool Add(IndexedList& list, ListBox& box) const {
         if (Refuse(IsOn(list), answers.refused)) return false;
         Count();
-        AddTo(list, name);
+        list.Add(name);
         box.AddItem(name);
         return true;
     }
-    template <typename List>
-    void AddAndSay(List& list, ListBox& box) const {
+    void AddAndSay(IndexedList& list, ListBox& box) const {
         if (Add(list, box)) Say(answers.done);
     }
     /// For a list without locks.
-    template <typename List>
-    void Remove(List& list, ListBox& box) const {
+    void Remove(IndexedList& list, ListBox& box) const {
         if (Refuse(!IsOn(list), answers.refused)) return;
         Count();
         TakeOff(list, box);
     }
-    template <typename List>
-    void TakeOff(List& list, ListBox& box) const {
+    void TakeOff(IndexedList& list, ListBox& box) const {
         auto position = list.Position(name);
         list.Remove(position);
         RemoveListItem(box, name, position - 1);
@@ -78,24 +68,22 @@ class ListCommands::Act {
     }
 
     /// A lock that is refused as already there, or as not there, counts too.
-    void Lock(const Collection<std::string>& plain, Collection<std::string>& locks, LockKind kind) const {
+    void Lock(const IndexedList& plain, IndexedList& locks, LockKind kind) const {
         if (Refuse(!IsOn(plain), answers.guarded)) return;
         Count();
         if (!Refuse(IsOn(locks), answers.refused)) SetLock(locks, kind);
     }
-    void Unlock(const Collection<std::string>& plain, Collection<std::string>& locks, LockKind kind) const {
+    void Unlock(const IndexedList& plain, IndexedList& locks, LockKind kind) const {
         if (Refuse(!IsOn(plain), answers.guarded)) return;
         Count();
         if (!Refuse(!IsOn(locks), answers.refused)) ClearLock(locks, kind);
     }
-    template <typename List>
-    void SetLock(List& locks, LockKind kind) const {
-        AddTo(locks, name);
+    void SetLock(IndexedList& locks, LockKind kind) const {
+        locks.Add(name);
         Say(answers.done);
         workers.host.LockAdded(kind, name);
     }
-    template <typename List>
-    void ClearLock(List& locks, LockKind kind) const {
+    void ClearLock(IndexedList& locks, LockKind kind) const {
         locks.Remove(name);
         Say(answers.done);
         workers.host.LockRemoved(kind, name);

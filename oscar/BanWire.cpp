@@ -71,8 +71,9 @@ void TillerSock::UpdateRequestID() {
 BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                                const std::string& strOther) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return BanOutcome::Dropped;
+    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser);
     events.UpdatedStats("totalbanattempt");
+    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser);
     if (room->tmrBan && room->tmrBan->Enabled()) {
         room->QueueBan(strUser, intChatIndex, CurrentRequestID, kind, strOther);
         UpdateRequestID();
@@ -81,7 +82,7 @@ BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::in
     auto frame = BanRequest(BanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
-    if (news) news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Ban, strUser);
+    if (telling.news) telling.news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Ban, strUser);
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
     if (room->tmrBan) room->tmrBan->SetEnabled(true);
@@ -96,16 +97,24 @@ BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::
 BanOutcome TillerSock::AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                                   const std::string& strOther, Second half) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return BanOutcome::Dropped;
+    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser);
     events.UpdatedStats("totalunbanattempt");
+    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser);
     auto frame = BanRequest(UnbanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
-    if (news) news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Unban, strUser);
+    if (telling.news) telling.news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Unban, strUser);
     ConfirmSoon(CurrentRequestID);
     UpdateRequestID();
     if (half == Second::Sent) SendPacket(intChatIndex, 2, frame);
     return BanOutcome::Asked;
+}
+
+BanOutcome TillerSock::TellDropped(const Chats* room, std::int16_t intChatIndex, BanKind kind,
+                                   const std::string& strUser) {
+    const auto why = room ? DropReason::Rated : DropReason::NoRoom;
+    if (telling.news) telling.news->BanDropped(intChatIndex, 0, kind, strUser, why);
+    return BanOutcome::Dropped;
 }
 
 void TillerSock::CloseChat(std::int16_t intChatIndex) {
@@ -117,8 +126,15 @@ void TillerSock::SendBanRequest(std::int16_t intChatIndex, const std::string& st
                                 const std::string& strUser) {
     auto id = ToInt32(strRequestID);
     if (!id) return;
-    if (news) news->BanAsked(intChatIndex, *id, BanRequestKind::Ban, strUser);
+    if (telling.news) telling.news->BanAsked(intChatIndex, *id, BanRequestKind::Ban, strUser);
     SendPacket(intChatIndex, 2, BanRequest(BanHead, *id, strUser));
+}
+
+void TillerSock::BanDropped(const std::string& strRecord, DropReason why) {
+    const auto request = ReadBanRecord(strRecord);
+    if (!telling.news || !request || !request->kind) return;
+    telling.news->BanDropped(request->intChatIndex.value_or(0), ToInt32(request->strRequestID).value_or(0),
+                             *request->kind, request->strUser, why);
 }
 
 void TillerSock::StoreRequest(const std::string& strRequestID, const std::string& strRecord) {
@@ -128,16 +144,16 @@ void TillerSock::StoreRequest(const std::string& strRequestID, const std::string
 }
 
 void TillerSock::RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) {
+    const CauseBreak apart(telling);
     window.Unrated(intType, strChatName, intChatIndex);
 }
 
 void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto intChatIndex = static_cast<std::int16_t>(Index);
     const auto id = GetReplyID(strPacket);
-    auto pending = Split(RequestIDs.Item(id), ":", 5); // type, room, id, user, other
-    pending.resize(pending.empty() ? 0 : 5);
+    const auto pending = ReadBanRecord(RequestIDs.Item(id));
     auto body = Mid(strPacket, BodyAt);
-    const bool ofClose = pending.empty() && id == CloseID;
+    const bool ofClose = !pending && id == CloseID;
     if (confirmsElsewhere && !ofClose && body != std::string(2, '\0')) return;
     TellBanAnswer(intChatIndex, id, body);
     if (Departs(Departure::UnenforcedBans) && body.size() <= 2 && body != std::string(2, '\0')) {
@@ -150,11 +166,10 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
         PrepareSends("", "%p", ChatSends.Item(chatSend), "", "help", "msg3", GetChatIndex(intChatIndex));
     };
     WalkTLVs(TLVData, [&](const std::string& type, const std::string& value) {
-        if (!pending.empty() && Room(intChatIndex)) {
+        if (pending && Room(intChatIndex)) {
             auto reason = StrToHex(Mid(value, 3, 2));
             if (type.empty()) {
-                if (auto kind = BanKindOf(pending[0]))
-                    ActOnReply(*kind, pending[3], pending[4], intChatIndex, Second::Sent);
+                ActOnReply(*pending, intChatIndex, Second::Sent);
             } else if (reason == NotOwner) {
                 refused(NotOwnerChatSend);
             } else if (reason == IsOwner) {
@@ -169,15 +184,23 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
 /// A reply is two zero bytes, or a refusing word, mostly with what is refused in TLV 0008.
 void TillerSock::TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body) {
     const auto number = ToInt32(id).value_or(0);
-    if (!news || number == 0) return; // 0 is given out to no request
-    if (body == std::string(2, '\0')) return news->BanAnswered(intChatIndex, number, BanVerdict::Accepted, 0);
+    if (!telling.news || number == 0) return; // 0 is given out to no request
+    if (body == std::string(2, '\0'))
+        return telling.news->BanAnswered(intChatIndex, number, BanVerdict::Accepted, 0);
     const bool bare = body.size() <= 2;
     const auto word = StrToWord(bare ? body : Mid(body, 7, 2)).value_or(0);
-    news->BanAnswered(intChatIndex, number, bare ? BanVerdict::NotEnforced : BanVerdict::Refused, word);
+    telling.news->BanAnswered(intChatIndex, number, bare ? BanVerdict::NotEnforced : BanVerdict::Refused,
+                              word);
 }
 
-void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
-                            std::int16_t intChatIndex, Second half) {
+void TillerSock::ActOnReply(const BanRecordFields& request, std::int16_t intChatIndex, Second half) {
+    if (!request.kind) return;
+    const auto kind = *request.kind;
+    const auto& strUser = request.strUser;
+    const auto& strOther = request.strOther;
+    const CauseScope reply(telling, {.kind = CauseKind::Reply,
+                                     .room = intChatIndex,
+                                     .request = ToInt32(request.strRequestID).value_or(0)});
     const auto rule = RuleOf(kind);
     if (rule.act == ReplyRule::Eject) AddEject(strUser, intChatIndex);
     if (rule.act == ReplyRule::Readmit) RemoveEject(strUser, intChatIndex);
@@ -194,22 +217,19 @@ void TillerSock::ActOnReply(BanKind kind, const std::string& strUser, const std:
 
 void TillerSock::RequestConfirmed(std::int32_t id) {
     const auto key = std::to_string(id);
-    auto pending = Split(RequestIDs.Item(key), ":", 5);
-    pending.resize(5);
+    const auto pending = ReadBanRecord(RequestIDs.Item(key));
     RequestIDs.Remove(key); // first, so that nothing that is told of it acts on it again
-    const auto intChatIndex = ToInt16(pending[1]);
-    const auto kind = BanKindOf(pending[0]);
-    if (!kind || !intChatIndex || !Room(*intChatIndex)) return;
-    if (news) news->BanAnswered(*intChatIndex, id, BanVerdict::Accepted, 0);
-    ActOnReply(*kind, pending[3], pending[4], *intChatIndex, Second::Kept);
+    if (!pending || !pending->kind || !pending->intChatIndex || !Room(*pending->intChatIndex)) return;
+    if (telling.news) telling.news->BanAnswered(*pending->intChatIndex, id, BanVerdict::Accepted, 0);
+    ActOnReply(*pending, *pending->intChatIndex, Second::Kept);
 }
 
 void TillerSock::RequestRefused(std::int32_t id) {
     const auto key = std::to_string(id);
-    auto pending = Split(RequestIDs.Item(key), ":", 5);
-    pending.resize(5);
-    if (!RequestIDs.Remove(key)) return;
-    if (news) news->BanAnswered(ToInt16(pending[1]).value_or(0), id, BanVerdict::Refused, 0);
+    const auto pending = ReadBanRecord(RequestIDs.Item(key));
+    if (!RequestIDs.Remove(key) || !pending) return;
+    if (telling.news)
+        telling.news->BanAnswered(pending->intChatIndex.value_or(0), id, BanVerdict::Refused, 0);
 }
 
 /// Whoever asked goes on first with what follows from asking.

@@ -69,6 +69,7 @@ void TillerSock::HandleVersions() {
 }
 
 void TillerSock::HandleRates(const std::string& strPacket) {
+    if (telling.news) telling.news->RateClasses(0, Mid(strPacket, BodyAt));
     if (Departs(Departure::RateClassesAsTold)) rateTables[0] = RateTable::Read(Mid(strPacket, BodyAt));
     TellStage("Sending Service Requests...");
     for (const char* literal : BringUpRequests) SendPacket(0, 2, HexToStr(literal));
@@ -99,7 +100,7 @@ void TillerSock::FinishBringUp() {
     }
     StopLoginTimer();
     signOn.LoggedOn = true;
-    if (news) news->SignedOn(signOn.strLoginName);
+    if (telling.news) telling.news->SignedOn(signOn.strLoginName);
     events.LoggedIn(signOn.strLoginName, signOn.strLoginEmail, service.strServiceHost);
     ClearService();
 }

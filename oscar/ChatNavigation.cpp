@@ -202,7 +202,7 @@ void TillerSock::LeaveChat(std::int16_t lngChatIndex, const std::string& strChat
 
 void TillerSock::Leave(std::int16_t intChatColIndex) {
     auto room = Chat.Item(intChatColIndex);
-    if (news) news->RoomLeft(room->ChatIndex, room->ChatName, "manual");
+    if (telling.news) telling.news->RoomLeft(room->ChatIndex, room->ChatName, "manual");
     events.LeftChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, "manual");
     Sock.CloseSock(room->ChatIndex);
     auto position = GetChatIndex(room->ChatIndex); // the listener may have moved it

@@ -33,7 +33,7 @@ TillerSock::TillerSock(Platform& platform, OscarSettings& settings, TillerEvents
       timers(platform, Chat), tmrTimeout(platform.NewTimer()) {
     Sock.onData = [this](int Index, std::size_t available) { DataArrival(Index, available); };
     Sock.onError = [this](int Index, int number, const std::string& description) {
-        if (news) news->SocketFailed(Index, number, description);
+        if (telling.news) telling.news->SocketFailed(Index, number, description);
         SocketError(Index);
     };
     timers.onPing = [this](int intChatIndex) { SendPacket(intChatIndex, 5, ""); };
@@ -89,7 +89,7 @@ void TillerSock::LoseRoom(std::int16_t intChatColIndex) {
     timers.UnloadChatTimers(intChatColIndex);
     Sock.CloseSock(room->ChatIndex);
     Chat.Remove(intChatColIndex);
-    if (news) news->RoomLeft(room->ChatIndex, room->ChatName, "error");
+    if (telling.news) telling.news->RoomLeft(room->ChatIndex, room->ChatName, "error");
     events.LeftChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, "error");
 }
 
@@ -135,7 +135,7 @@ void TillerSock::ClearChatRequest() { request = {}; }
 void TillerSock::LogOff() {
     StopLoginTimer();
     ResetAll();
-    if (news) news->SignedOff();
+    if (telling.news) telling.news->SignedOff();
     events.LoggedOff();
 }
 

@@ -21,7 +21,7 @@ void TillerSock::AddEject(const std::string& strUser, std::int16_t intChatIndex)
         // After a list file was loaded the index may name no list: the name is then on none.
         if (auto list = EjectLists.Item(room->EjectListIndex)) list->AddEject(strUser);
     } else {
-        auto list = std::make_shared<EjectList>();
+        auto list = std::make_shared<EjectList>(&telling);
         list->ChatName = room->ChatName;
         list->Exchange = room->Exchange;
         list->Instance = room->Instance;

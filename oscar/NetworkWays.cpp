@@ -57,27 +57,27 @@ void TillerSock::HandleMainSignOff(int Index, const std::string& strBody) {
     if (!elsewhere) return SocketError(Index);
     int number = 0;
     for (const char c : Left(reason, 2)) number = number << 8 | static_cast<unsigned char>(c);
-    if (news) news->SignedOffElsewhere(number, page);
+    if (telling.news) telling.news->SignedOffElsewhere(number, page);
     LogOff();
 }
 
 void TillerSock::Refuse(const char* text, std::int16_t code, const std::string& family) {
-    if (news) news->RoomRefused(code, family, text);
+    if (telling.news) telling.news->RoomRefused(code, family, text);
     events.Error(text, code, 0, family);
 }
 
 void TillerSock::TellStage(const char* text) {
-    if (news) news->SignOnStage(text);
+    if (telling.news) telling.news->SignOnStage(text);
     events.LoginStatus(text);
 }
 
 void TillerSock::TellLoginError(const std::string& text, int code) {
-    if (news) news->SignOnRefused(code, text);
+    if (telling.news) telling.news->SignOnRefused(code, text);
     events.LoginError(text, static_cast<std::int16_t>(code));
 }
 
 void TillerSock::TellLost(int Index, const std::string& text) {
-    if (news) news->ConnectionEnded(Index, text);
+    if (telling.news) telling.news->ConnectionEnded(Index, text);
     events.ConnectionLost(static_cast<std::int16_t>(Index), text);
 }
 

@@ -75,6 +75,7 @@ void TillerSock::SendServiceReady(int Index, const std::string& head) {
 }
 
 void TillerSock::HandleServiceRates(int Index, const std::string& strPacket) {
+    if (telling.news) telling.news->RateClasses(Index, Mid(strPacket, BodyAt));
     if (Departs(Departure::RateClassesAsTold)) rateTables[Index] = RateTable::Read(Mid(strPacket, BodyAt));
     SendPacket(Index, 2, HexToStr("0001000800000000000800010002000300040005"));
     auto tag = Sock.Tag(Index);
@@ -149,7 +150,7 @@ void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) 
     room->ChatIndex = static_cast<std::int16_t>(Index);
     room->ServerIP = Sock.RemoteAddress(Index);
     Sock.SetTag(Index, "[Chat]connected");
-    if (news) news->RoomEntered(room->ChatIndex, room->ChatName);
+    if (telling.news) telling.news->RoomEntered(room->ChatIndex, room->ChatName, room->Exchange);
     events.JoinedChat(room->ChatName, room->Exchange, room->Instance, room->ChatIndex, room->MaxPeople,
                       room->MaxMessageLength, room->ServerIP, room->DetailLevel);
     if (IsUnderWay(service.wish)) EndRequest();

@@ -71,7 +71,7 @@ void TillerSock::HandleChatMessage(int Index, const std::string& strPacket) {
 
     std::string line(text);
     if (strEncoding == "unicode-2-0") std::erase(line, '\0');
-    events.ChatMessage(static_cast<std::int16_t>(Index), NameIn(sender), line);
+    HearLine(Index, NameIn(sender), line);
     ClearTLVData();
 }
 
@@ -90,7 +90,13 @@ void TillerSock::HearWholeBlock(int Index, std::string_view sender, std::string_
         line = FromUtf16(line);
         std::erase(line, '\0'); // nobody sees them, and a word with one in it is no entry's
     }
-    events.ChatMessage(static_cast<std::int16_t>(Index), NameIn(sender), line);
+    HearLine(Index, NameIn(sender), line);
+}
+
+void TillerSock::HearLine(int Index, const std::string& name, const std::string& line) {
+    const auto intChatIndex = static_cast<std::int16_t>(Index);
+    if (telling.lines) telling.lines->LineHeard(intChatIndex, name, line);
+    events.ChatMessage(intChatIndex, name, line);
 }
 
 void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool joined) {
@@ -108,7 +114,9 @@ void TillerSock::HandlePeople(int Index, const std::string& strPacket, bool join
         for (; count > 0 && at < strPacket.size(); --count)
             at += 4 + static_cast<std::size_t>(wordAt(at + 2));
         if (auto room = Room(intChatIndex)) joined ? room->UserJoined(name) : room->UserLeft(name);
-        if (news) joined ? news->PersonCame(intChatIndex, name) : news->PersonWent(intChatIndex, name);
+        if (telling.news)
+            joined ? telling.news->PersonCame(intChatIndex, name)
+                   : telling.news->PersonWent(intChatIndex, name);
         joined ? events.UserJoinedChat(intChatIndex, name) : events.UserLeftChat(intChatIndex, name);
     }
 }
@@ -131,7 +139,7 @@ void TillerSock::HandleRateChange(int Index, const std::string& strPacket) {
         if (!notice.IsKnown()) notice = ReadRateNotice(BodyBehindPrefix(strPacket));
     }
     if (!notice.read) return;
-    if (news) news->RateTold(room->ChatIndex, notice.type, notice.classID);
+    if (telling.news) telling.news->RateTold(room->ChatIndex, notice.type, notice.classID);
     const auto table = rateTables.find(Index);
     if (!Departs(Departure::RateClassesAsTold)) return room->RateNotice(notice.type, notice.classID);
     if (table == rateTables.end() || !table->second.Known()) {
@@ -149,7 +157,7 @@ void TillerSock::HandleMainRateChange(const std::string& strPacket) {
     const auto notice =
         ReadRateNotice(IsFlagged(strPacket) ? BodyBehindPrefix(strPacket) : Mid(strPacket, BodyAt));
     const auto table = rateTables.find(indices.BOSIndex);
-    if (notice.IsKnown() && news) news->RateTold(0, notice.type, notice.classID);
+    if (notice.IsKnown() && telling.news) telling.news->RateTold(0, notice.type, notice.classID);
     if (!notice.IsKnown() || table == rateTables.end() || !table->second.Known()) return;
     if (table->second.ClassOf(MessageRequest) != notice.classID) return;
     signOn.MessagesRatedUntil = notice.type <= 3 ? platform.Milliseconds() + MessagesRest : 0;

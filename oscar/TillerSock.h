@@ -60,8 +60,10 @@ class TillerSock : public RoomHost {
     void UseNetwork(const Network& network);
     bool Departs(Departure departure) const { return departures.On(departure); }
     Departures& Switches() { return departures; }
-    /// One listener, who outlives the control; null for none.
-    void SetNews(News* listener) { news = listener; }
+    /// One listener, who outlives the control; null for none. Who wants frames or lines says so by Tell().
+    void SetNews(News* listener) { telling.news = listener; }
+    /// Through which the whole desk tells.
+    Telling& Tell() { return telling; }
 
     // Connection (SignOn.cpp, Connections.cpp).
     void Login(const std::string& strUser, const std::string& strPassword, std::int32_t lngPort,
@@ -158,6 +160,7 @@ class TillerSock : public RoomHost {
     void SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,
                         const std::string& strUser) override;
     void StoreRequest(const std::string& strRequestID, const std::string& strRecord) override;
+    void BanDropped(const std::string& strRecord, DropReason why) override;
     void LiftBan(const std::string& strUser, std::int16_t intChatIndex) override {
         UnbanUser(strUser, BanKind::Unban, intChatIndex);
     }
@@ -241,6 +244,7 @@ class TillerSock : public RoomHost {
     // RoomTraffic.cpp: family 000E.
     void HandleChatMessage(int Index, const std::string& strPacket);
     void HearWholeBlock(int Index, std::string_view sender, std::string_view message);
+    void HearLine(int Index, const std::string& name, const std::string& line);
     void HandlePeople(int Index, const std::string& strPacket, bool joined);
     void HandleOwner(int Index, const std::string& strPacket);
     void HandleRateChange(int Index, const std::string& strPacket);
@@ -256,8 +260,9 @@ class TillerSock : public RoomHost {
     void HandleBanReply(int Index, const std::string& strPacket);
     void TellBanAnswer(std::int16_t intChatIndex, const std::string& id, const std::string& body);
     enum class Second { Sent, Kept }; ///< whether a kick's second half goes out as a frame
-    void ActOnReply(BanKind kind, const std::string& strUser, const std::string& strOther,
-                    std::int16_t intChatIndex, Second half);
+    void ActOnReply(const BanRecordFields& request, std::int16_t intChatIndex, Second half);
+    BanOutcome TellDropped(const Chats* room, std::int16_t intChatIndex, BanKind kind,
+                           const std::string& strUser);
     BanOutcome AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                           const std::string& strOther, Second half);
     void ConfirmSoon(std::int32_t id);
@@ -268,7 +273,7 @@ class TillerSock : public RoomHost {
     Platform& platform;
     Departures departures;
     std::string strPin; // of the network's certificate
-    News* news = nullptr;
+    Telling telling;
     TillerEvents& events;
     MainWindowLink& window;
     SocketTable Sock;

@@ -32,6 +32,9 @@ void TillerSock::CheckTimeBans() {
             TimeBans.Add(tick.record);
             continue;
         }
+        const CauseBreak apart(telling);
+        const CauseScope over(telling,
+                              {.kind = CauseKind::Timer, .room = tick.intChatIndex, .who = tick.user});
         // A room that is gone gives position 0, and the line goes to all rooms.
         PrepareSends(tick.user, "%p", ChatSends.Item(TimeBanOver), tick.minutes, "untbanned", "msg1",
                      GetChatIndex(tick.intChatIndex));

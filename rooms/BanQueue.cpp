@@ -5,6 +5,7 @@
 #include "rooms/RoomHost.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace halyard {
 
@@ -51,14 +52,16 @@ void Chats::StopBanPause() {
 
 void Chats::SendOldestBan() {
     const auto record = BanQueue.Item(1);
-    auto fields = Split(record, ":", 5);
-    fields.resize(5);
-    const auto& strRequestID = fields[2];
-    host.StoreRequest(strRequestID, record);
-    host.SendBanRequest(ChatIndex, strRequestID, fields[3]);
+    const auto request = ReadBanRecord(record).value_or(BanRecordFields{});
+    host.StoreRequest(request.strRequestID, record);
+    host.SendBanRequest(ChatIndex, request.strRequestID, request.strUser);
     StopBanPause();
     if (tmrBan) tmrBan->SetEnabled(true);
     BanQueue.Remove(1);
+}
+
+void Chats::DropBans(DropReason why) {
+    for (const auto& record : std::exchange(BanQueue, {})) host.BanDropped(record, why);
 }
 
 void Chats::SetBanPause(float sngPause) {

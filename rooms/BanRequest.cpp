@@ -1,5 +1,7 @@
 #include "rooms/BanRequest.h"
 
+#include "base/Text.h"
+
 #include <array>
 
 namespace halyard {
@@ -24,6 +26,13 @@ std::string BanRecord(BanKind kind, std::int16_t intChatIndex, std::int32_t lngR
                       const std::string& strUser, const std::string& strOther) {
     return std::string(WordOf(kind)) + ":" + std::to_string(intChatIndex) + ":" +
            std::to_string(lngRequestID) + ":" + strUser + ":" + strOther;
+}
+
+std::optional<BanRecordFields> ReadBanRecord(const std::string& record) {
+    if (record.empty()) return std::nullopt;
+    auto fields = Split(record, ":", 5);
+    fields.resize(5);
+    return BanRecordFields{BanKindOf(fields[0]), ToInt16(fields[1]), fields[2], fields[3], fields[4]};
 }
 
 } // namespace halyard

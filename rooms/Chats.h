@@ -5,6 +5,7 @@
 // owns no socket.
 
 #include "base/Collection.h"
+#include "base/News.h"
 #include "rooms/BanRequest.h"
 #include "rooms/Msgs.h"
 #include "rooms/TimerPool.h"
@@ -125,6 +126,7 @@ class Chats {
     void StopBanPause();
     void SendOldestBan();
     void SetBanInterval();
+    void DropBans(DropReason why);
     // RateState.cpp
     std::string StopBanning(int intRateType);
     std::string StopTalking();

@@ -1,5 +1,6 @@
 #include "rooms/EjectList.h"
 
+#include "base/News.h"
 #include "base/Text.h"
 #include "rooms/RoomHost.h"
 
@@ -7,11 +8,20 @@ namespace halyard {
 
 void EjectList::AddEject(const std::string& strUser) {
     const auto name = NormalizeName(strUser);
-    if (!name.empty()) Ejects.Add(name, name);
+    if (name.empty() || !Ejects.Add(name, name) || !telling || !telling->news) return;
+    telling->news->ListAdded({ListName::Ejects, ChatName, Exchange}, name);
 }
 
 void EjectList::RemoveEject(const std::string& strUser) {
-    Ejects.Remove(std::string_view(NormalizeName(strUser)));
+    const auto name = NormalizeName(strUser);
+    if (!Ejects.Remove(std::string_view(name)) || !telling || !telling->news) return;
+    telling->news->ListRemoved({ListName::Ejects, ChatName, Exchange}, name);
+}
+
+void EjectList::ClearEjects() {
+    const bool had = Ejects.Count() > 0;
+    Ejects.Clear();
+    if (had && telling && telling->news) telling->news->ListCleared({ListName::Ejects, ChatName, Exchange});
 }
 
 void EjectList::UnbanAll(RoomHost& host) const {

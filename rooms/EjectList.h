@@ -12,9 +12,13 @@
 namespace halyard {
 
 class RoomHost;
+struct Telling;
 
 class EjectList {
   public:
+    /// `telling` outlives it: who hears of its changes. Null for nobody.
+    explicit EjectList(Telling* telling = nullptr) : telling(telling) {}
+
     std::int16_t Exchange = 0;
     std::int16_t Instance = 0;
     std::string ChatName;
@@ -27,13 +31,14 @@ class EjectList {
     /// An absent name is ignored.
     void RemoveEject(const std::string& strUser);
     const Collection<std::string>& GetEjects() const { return Ejects; }
-    void ClearEjects() { Ejects.Clear(); }
+    void ClearEjects();
     /// Asks for every ban to be lifted. Names leave the list one by one, as the service answers.
     void UnbanAll(RoomHost& host) const;
     /// True when the list is of the room with this name (compared in lower case without blanks) and exchange.
     bool IsOf(const std::string& strChatName, std::int16_t intExchange) const;
 
   private:
+    Telling* telling;
     Collection<std::string> Ejects; // the name is both item and key
 };
 

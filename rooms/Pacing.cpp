@@ -135,7 +135,7 @@ void Chats::Drain(int Index, const std::string& strMsgType) {
 }
 
 void Chats::ClearQueue(int intType) {
-    if (intType == 0) BanQueue.Clear();
+    if (intType == 0) DropBans(DropReason::Cleared);
     if (intType != 1) return;
     MsgQueue.Clear();
     for (int Index = 0; Index <= 3; ++Index) DisableSendTimer(Index);

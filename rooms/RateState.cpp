@@ -40,7 +40,7 @@ std::string Chats::StopBanning(int intRateType) {
     notice += blnAutoUnrate ? std::to_string(UnrateLimit) + " minutes" : "[Auto Unrate Off]";
     host.RoomRated(0, ChatName);
     if (tmrBan) tmrBan->SetEnabled(false);
-    BanQueue.Clear();
+    DropBans(DropReason::Rated);
     if (blnAutoUnrate) {
         intUnrateTicks[0] = 0;
         SetUnrateTimer(true);

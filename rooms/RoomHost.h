@@ -4,6 +4,7 @@
 // this.
 
 #include "base/Collection.h"
+#include "base/News.h"
 
 #include <cstdint>
 #include <memory>
@@ -26,6 +27,8 @@ class RoomHost {
                                 const std::string& strUser) = 0;
     /// Remembers a request of five fields joined by ":" until its reply comes.
     virtual void StoreRequest(const std::string& strRequestID, const std::string& strRecord) = 0;
+    /// A request that stood in BanQueue comes to nothing: its record.
+    virtual void BanDropped(const std::string& strRecord, DropReason why) = 0;
     /// An unban; never queued.
     virtual void LiftBan(const std::string& strUser, std::int16_t intChatIndex) = 0;
     virtual const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const = 0;

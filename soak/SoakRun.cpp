@@ -109,9 +109,9 @@ void SoakRun::Arrive() {
     if (bridge) bridge->Start();
     FillBoxes();
     LookAfterLists();
-    window.Engine().Lists().AddAB("spam*", 0);
-    window.Engine().Lists().AddAW("d*mn", 0);
-    window.connection.cmdSignOn.Press();
+    window.ByHand(window.autobans.txtAddAB, [this] { window.Engine().Lists().AddAB("spam*", 0); });
+    window.ByHand(window.autobans.txtAddAW, [this] { window.Engine().Lists().AddAW("d*mn", 0); });
+    PressByHand(window.connection.cmdSignOn);
     RunFor(5 * second);
     JoinAll();
     town.Begin();
@@ -119,20 +119,22 @@ void SoakRun::Arrive() {
 
 void SoakRun::FillBoxes() {
     auto& boxes = window.options.Controls;
-    boxes.txtSN.SetText("Harbour Bot");
-    boxes.txtPW.SetText("secret");
-    for (auto* box : {&boxes.chkAutoLogin, &boxes.chkRejoinKick, &boxes.chkRejoinError, &boxes.chkAWOn,
-                      &boxes.chkAutoSave, &boxes.chkAutoSaveBans})
-        box->SetValue(1);
-    window.options.IMComsOn = true;
-    MarkTemplates(window.Control());
+    window.ByHand(boxes.txtSN, [&] {
+        boxes.txtSN.SetText("Harbour Bot");
+        boxes.txtPW.SetText("secret");
+        for (auto* box : {&boxes.chkAutoLogin, &boxes.chkRejoinKick, &boxes.chkRejoinError, &boxes.chkAWOn,
+                          &boxes.chkAutoSave, &boxes.chkAutoSaveBans})
+            box->SetValue(1);
+        window.options.IMComsOn = true;
+        MarkTemplates(window.Control());
+    });
 }
 
 void SoakRun::JoinAll() {
     for (const auto& room : town.Rooms()) {
         if (network.IsInRoom(room, "harbourbot")) continue;
         window.options.Controls.txtChat.SetText(room);
-        window.chats.cmdJoinChat.Press();
+        PressByHand(window.chats.cmdJoinChat);
         RunFor(5 * second);
     }
 }
@@ -173,9 +175,9 @@ bool SoakRun::Hour() {
 /// both are required. The operator has to see for themselves.
 void SoakRun::SignOnAgain() {
     ++stepsIn;
-    window.connection.cmdSignOff.Press();
+    PressByHand(window.connection.cmdSignOff);
     RunFor(second);
-    window.connection.cmdSignOn.Press();
+    PressByHand(window.connection.cmdSignOn);
     RunFor(10 * second);
     for (const auto& room : town.Rooms()) leftForGood.insert(room); // until it is joined
     JoinAll();
@@ -205,7 +207,7 @@ void SoakRun::JoinAgain() {
         // A dead navigation service is noticed 60 s after it was asked.
         for (int tries = 0; tries < 3 && !RoomByName(window.Control(), room); ++tries) {
             window.options.Controls.txtChat.SetText(room);
-            window.chats.cmdJoinChat.Press();
+            PressByHand(window.chats.cmdJoinChat);
             world.RunUntil([&] { return network.IsInRoom(room, "harbourbot"); }, 80 * second);
             RunFor(5 * second);
         }
@@ -214,13 +216,19 @@ void SoakRun::JoinAgain() {
 
 void SoakRun::LookAfterLists() {
     auto& lists = window.Engine().Lists();
-    for (const auto& op : Town::Ops()) {
-        lists.AddOp(op, 0, FullPerms);
-        window.options.SetPerms(op, FullPerms);
-        lists.AddImm(op, 0);
-        lists.AddLockOp(op, 0);
-        lists.AddLockImm(op, 0);
-    }
+    window.ByHand(window.options.Controls.lstOps, [&] {
+        for (const auto& op : Town::Ops()) {
+            lists.AddOp(op, 0, FullPerms);
+            window.options.SetPerms(op, FullPerms);
+            lists.AddImm(op, 0);
+            lists.AddLockOp(op, 0);
+            lists.AddLockImm(op, 0);
+        }
+    });
+}
+
+void SoakRun::PressByHand(Button& button) {
+    window.ByHand(button, [&] { button.Press(); });
 }
 
 void SoakRun::SaveAndLoad() {
@@ -237,7 +245,7 @@ void SoakRun::SaveAndLoad() {
     case 3: {
         auto& ejects = window.ejects;
         machine.dialogs.AnswerText(folder + "/run.txt");
-        ejects.cmdLoadEjects.Press();
+        PressByHand(ejects.cmdLoadEjects);
         invariants.ListsLoaded(town.Rooms());
         break;
     }

@@ -48,6 +48,7 @@ class SoakRun {
     bool Hour();
     bool RunFor(std::int64_t milliseconds);
     void LookAfterLists();
+    void PressByHand(Button& button);
     void SaveAndLoad();
     void SignOnAgain();
     void NoteTold(const std::string& text);

@@ -43,7 +43,7 @@ void BindToRoom(TillerSock& control, EjectList& list) {
 std::shared_ptr<EjectList> NewList(TillerSock& control, const EjectPanel& panel, const std::string& name,
                                    std::int16_t exchange) {
     panel.lstEjectListChats.AddItem(name);
-    auto list = std::make_shared<EjectList>();
+    auto list = std::make_shared<EjectList>(&control.Tell());
     list->ChatName = name;
     list->Exchange = exchange;
     control.EjectLists.Add(list);
@@ -85,6 +85,7 @@ void ReadEjectLists(Platform& platform, TillerSock& control, const EjectPanel& p
     if (lines.Next() != FirstLine)
         return platform.Boxes().Error("Error",
                                       "Eject List file not compatible with this version of Halyard!");
+    const CauseScope load(control.Tell(), {.kind = CauseKind::Load, .entry = path});
     ClearAll(control, panel);
     ListsByRoom lists;
     while (auto line = lines.Next()) ReadBan(control, panel, lists, *line);

@@ -90,14 +90,16 @@ void ReadForeignLines(SettingsReading& reading, std::string_view text) {
 
 void ImportForeignSettings(const SettingsTarget& target, const std::string& folderOrPath,
                            const std::string& fileName) {
-    const auto text = BeginReading(target, folderOrPath, fileName);
-    if (!text) return;
     auto& options = target.options;
+    const auto path = PathOf(target.platform.FileSystem(), folderOrPath, fileName);
+    const CauseScope load(options.Control().Tell(), {.kind = CauseKind::Load, .entry = path});
+    const auto text = BeginReading(target, path);
+    if (!text) return;
     std::array<std::string, ChatSendCount> unused; // foreign files have no chatsends
     SettingsReading reading{options, target.lists, unused};
     ReadForeignLines(reading, *text);
     options.SettingsLoading = false;
-    TellRead(target, folderOrPath, fileName);
+    TellRead(target, path);
 }
 
 } // namespace halyard

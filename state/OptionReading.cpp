@@ -70,10 +70,8 @@ void OptionReader::operator()(const TextOption& text) const {
 
 } // namespace
 
-std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& folderOrPath,
-                                        const std::string& fileName) {
+std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& path) {
     auto& files = target.platform.FileSystem();
-    const auto path = PathOf(files, folderOrPath, fileName);
     if (!files.Exists(path)) {
         target.platform.Boxes().Error("Error", "Halyard settings file not found!");
         return std::nullopt;
@@ -83,10 +81,8 @@ std::optional<std::string> BeginReading(const SettingsTarget& target, const std:
     return files.Read(path, TextFileLimit).value_or(std::string());
 }
 
-void TellRead(const SettingsTarget& target, const std::string& folderOrPath, const std::string& fileName) {
-    if (target.options.onSettingsFile)
-        target.options.onSettingsFile(Options::FileUse::Read,
-                                      PathOf(target.platform.FileSystem(), folderOrPath, fileName));
+void TellRead(const SettingsTarget& target, const std::string& path) {
+    if (target.options.onSettingsFile) target.options.onSettingsFile(Options::FileUse::Read, path);
 }
 
 OptionsByKey IndexOptions() {

@@ -16,11 +16,10 @@ struct SettingsTarget;
 
 /// Looks for the file and puts every option back to its default. The text of the file; nothing, and a box,
 /// when there is none. SettingsLoading is true from here on.
-std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& folderOrPath,
-                                        const std::string& fileName);
+std::optional<std::string> BeginReading(const SettingsTarget& target, const std::string& path);
 
 /// Tells who wants to know that the settings are now those of this file.
-void TellRead(const SettingsTarget& target, const std::string& folderOrPath, const std::string& fileName);
+void TellRead(const SettingsTarget& target, const std::string& path);
 
 /// The rows of the option table by key.
 using OptionsByKey = std::unordered_map<std::string_view, const Option*>;

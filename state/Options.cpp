@@ -16,6 +16,7 @@ constexpr int AutoSaveTick = 60'000; // ms
 Options::Options(Platform& platform, TillerSock& control, OscarSettings& settings)
     : tmrAutoSave(platform.NewTimer()), platform(platform), control(control), settings(settings) {
     tmrAutoSave->SetInterval(AutoSaveTick);
+    for (auto* list : Lists()) list->Tell(control.Tell());
     Controls.chkIncludeHTML.SetEnabled(false);
     Controls.txtCharBan.SetEnabled(false);
     SetToolTips();

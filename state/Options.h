@@ -34,12 +34,18 @@ class Options {
     ~Options();
 
     // Lists: normalised text as item and key.
-    Collection<std::string> Ops, Immunes;
+    IndexedList Ops{Matching::whole, ListName::Ops};
+    IndexedList Immunes{Matching::whole, ListName::Immunes};
     OpPermissions Perms;
-    IndexedList Autobans{Matching::masks};
-    IndexedList Autowords{Matching::words};
-    Collection<std::string> LockOps, LockImms;
-    IndexedList LockBans{Matching::masks};
+    IndexedList Autobans{Matching::masks, ListName::Autobans};
+    IndexedList Autowords{Matching::words, ListName::Autowords};
+    IndexedList LockOps{Matching::whole, ListName::LockOps};
+    IndexedList LockImms{Matching::whole, ListName::LockImms};
+    IndexedList LockBans{Matching::masks, ListName::LockBans};
+    /// All of them, in the order in which they stand here.
+    std::array<IndexedList*, 7> Lists() {
+        return {&Ops, &Immunes, &Autobans, &Autowords, &LockOps, &LockImms, &LockBans};
+    }
 
     CcomTable Ccoms;
     // What these start with stands in the option table, or for those with rules of their own in the next

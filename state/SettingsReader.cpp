@@ -57,9 +57,11 @@ void ReadLines(const SettingsTarget& target, SettingsReading& reading, LineReade
 
 void ReadSettings(const SettingsTarget& target, const std::string& folderOrPath,
                   const std::string& fileName) {
-    const auto text = BeginReading(target, folderOrPath, fileName);
-    if (!text) return;
     auto& options = target.options;
+    const auto path = PathOf(target.platform.FileSystem(), folderOrPath, fileName);
+    const CauseScope load(options.Control().Tell(), {.kind = CauseKind::Load, .entry = path});
+    const auto text = BeginReading(target, path);
+    if (!text) return;
     auto slots = TakeChatSends(options.Control().ChatSends);
     LineReader lines(*text);
     if (!HasVersion(lines)) {
@@ -71,7 +73,7 @@ void ReadSettings(const SettingsTarget& target, const std::string& folderOrPath,
     ReadLines(target, reading, lines);
     for (const auto& slot : slots) options.Control().ChatSends.Add(slot);
     options.SettingsLoading = false;
-    TellRead(target, folderOrPath, fileName);
+    TellRead(target, path);
 }
 
 } // namespace halyard

@@ -7,6 +7,7 @@
 #include "commands/CommandEngine.h"
 #include "commands/CommandHost.h"
 #include "oscar/TillerSock.h"
+#include "platform/Hand.h"
 #include "state/AutoSave.h"
 #include "state/Counters.h"
 #include "state/Options.h"
@@ -84,6 +85,11 @@ class frmMain : private TillerEvents, private MainWindowLink, private CommandHos
     frmCredits creditsWindow;
 
     TillerSock& Control() { return control; }
+    /// The operator's hand on a control; see platform/Hand.h.
+    template <typename Act>
+    void ByHand(const halyard::Control& touched, Act&& act) {
+        Hand(control.Tell(), touched, std::forward<Act>(act));
+    }
     CommandEngine& Engine() { return engine; }
     /// What the panels and windows work on.
     const SurfaceContext& Context() const { return context; }

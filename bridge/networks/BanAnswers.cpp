@@ -21,7 +21,7 @@ void BanAnswers::SignedOn(const std::string&) { ForgetAll(); }
 
 void BanAnswers::SignedOff() { ForgetAll(); }
 
-void BanAnswers::RoomEntered(std::int16_t room, const std::string& name) {
+void BanAnswers::RoomEntered(std::int16_t room, const std::string& name, std::int16_t) {
     Forget(room);
     rooms[room] = name;
 }

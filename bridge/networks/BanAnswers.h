@@ -32,7 +32,7 @@ class BanAnswers : public News {
 
     void SignedOn(const std::string& name) override;
     void SignedOff() override;
-    void RoomEntered(std::int16_t room, const std::string& name) override;
+    void RoomEntered(std::int16_t room, const std::string& name, std::int16_t exchange) override;
     void RoomLeft(std::int16_t room, const std::string& name, const std::string& reason) override;
     void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override;
     void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override;

@@ -11,9 +11,9 @@
 namespace halyard {
 
 void TillerSock::ParsePacket(int Index, std::string& strPacket) {
-    if (news && strPacket.size() >= SocketTable::HeaderSize)
-        news->Frame(Index, false, static_cast<unsigned char>(strPacket[ChannelAt - 1]),
-                    std::string_view(strPacket).substr(SocketTable::HeaderSize));
+    if (telling.frames && strPacket.size() >= SocketTable::HeaderSize)
+        telling.frames->Frame(Index, false, static_cast<unsigned char>(strPacket[ChannelAt - 1]),
+                              std::string_view(strPacket).substr(SocketTable::HeaderSize));
     if (Departs(Departure::OneServiceRequest))
         ParseWithOwnService(Index, strPacket);
     else
@@ -34,7 +34,8 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
         if (signOn.LoggedOn && Departs(Departure::MainSignOffs))
             return HandleMainSignOff(Index, Mid(strPacket, 7));
         if (signOn.LoggedOn && !signOn.ServerPaused) {
-            if (news) news->ConnectionEnded(Index, "The service has ended the main connection.");
+            if (telling.news)
+                telling.news->ConnectionEnded(Index, "The service has ended the main connection.");
             HandleSignOff(Index);
             ResetAll();
             return;

@@ -13,6 +13,7 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
         Sock.SetBuffer(Index, {});
         return;
     }
+    const CauseBreak apart(telling);
     auto generation = Sock.Generation(Index);
     auto data = Sock.TakeBuffer(Index);
     if (data.empty())
@@ -57,7 +58,7 @@ void TillerSock::DataArrival(int Index, std::size_t available) {
 }
 
 void TillerSock::SendPacket(int Index, int intChannel, const std::string& strPacket) {
-    if (news) news->Frame(Index, true, intChannel, strPacket);
+    if (telling.frames) telling.frames->Frame(Index, true, intChannel, strPacket);
     Sock.SendPacket(Index, intChannel, strPacket);
 }
 

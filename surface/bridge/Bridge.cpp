@@ -129,7 +129,9 @@ void Bridge::ConnectionEnded(int socket, const std::string&) {
     row.Tell(tls.empty() ? RefusalText(RefusalKind::SignOff, -1) : tls);
 }
 
-void Bridge::RoomEntered(std::int16_t room, const std::string&) { window.management.ForgetRoom(room); }
+void Bridge::RoomEntered(std::int16_t room, const std::string&, std::int16_t) {
+    window.management.ForgetRoom(room);
+}
 
 /// The code is a reason of the room's where it is one, else the word of a bare error answer.
 void Bridge::RoomRefused(int code, const std::string&, const std::string&) {

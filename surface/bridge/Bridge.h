@@ -53,7 +53,7 @@ class Bridge : private News {
     void SignedOffElsewhere(int reason, const std::string& page) override;
     void SocketFailed(int socket, int number, const std::string& words) override;
     void ConnectionEnded(int socket, const std::string& text) override;
-    void RoomEntered(std::int16_t room, const std::string& name) override;
+    void RoomEntered(std::int16_t room, const std::string& name, std::int16_t exchange) override;
     void RoomRefused(int code, const std::string& family, const std::string& text) override;
     void RateTold(std::int16_t room, int code, int classId) override;
 

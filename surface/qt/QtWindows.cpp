@@ -20,6 +20,7 @@ void QtWindows::Offer(Model& model, std::unique_ptr<FormWindow> (*draw)(Model&))
 
 void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
     main = &bot;
+    DrawnDesk() = &bot.Control().Tell();
     windows[&bot.form].drawn = std::make_unique<MainWindow>(bot, bridge);
     if (bridge) Offer(bridge->window, DrawNetwork);
     Offer(bot.ccomsWindow, DrawCcoms);
@@ -32,6 +33,7 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
 }
 
 void QtWindows::Close() {
+    DrawnDesk() = nullptr;
     going.clear();
     windows.clear();
     makers.clear();

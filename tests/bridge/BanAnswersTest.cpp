@@ -20,7 +20,7 @@ TEST(BanAnswers, TellsOfSilenceOnceARequestAndOfNoBansOnceARoom) {
     std::vector<std::string> told;
     BanAnswers answers(machine, [&](const std::string& text) { told.push_back(text); });
     const auto count = [&] { return std::exchange(told, {}).size(); };
-    answers.RoomEntered(1, "lobby");
+    answers.RoomEntered(1, "lobby", 4);
     answers.BanAsked(1, 7, BanRequestKind::Ban, "bob");
     answers.BanAsked(2, 7, BanRequestKind::Unban, "eve"); // the same id on another connection
     answers.BanAsked(1, 8, BanRequestKind::Ban, "dan");
@@ -43,12 +43,12 @@ TEST(BanAnswers, TellsOfSilenceOnceARequestAndOfNoBansOnceARoom) {
     const auto refuse = [&](std::int16_t room) { answers.BanAnswered(room, 1, BanVerdict::NotEnforced, 1); };
     refuse(1), refuse(1), refuse(2);
     EXPECT_EQ(count(), 2U);
-    answers.RoomEntered(1, "lobby");
+    answers.RoomEntered(1, "lobby", 4);
     refuse(1);
     EXPECT_EQ(count(), 1U);
     answers.enforcedElsewhere = true;
     answers.BanAsked(1, 10, BanRequestKind::Ban, "bob");
-    answers.RoomEntered(1, "lobby");
+    answers.RoomEntered(1, "lobby", 4);
     refuse(1);
     world.RunFor(60000);
     EXPECT_EQ(count(), 0U);

@@ -212,7 +212,7 @@ TEST_F(BridgeScene, KeepsTheTermsOfTheChosenNetworkAlone) {
     page.AddSuspect(3, "bob", "eve");
     page.lstSuspects.Select(0);
     EXPECT_TRUE(page.cmdBanSuspect.Enabled());
-    bridge.heard.RoomEntered(3, "deck"); // the slot is another room's by now
+    bridge.heard.RoomEntered(3, "deck", 4); // the slot is another room's by now
     EXPECT_FALSE(page.cmdBanSuspect.Enabled());
 }
 

@@ -45,11 +45,8 @@ class BotNews : public News {
         rates.erase(room);
         if (ears) ears->RoomLeft(room, name, reason);
     }
+    void RateClasses(int socket, const std::string& body) override { rates[socket] = RatesTold::Read(body); }
     void Frame(int socket, bool sent, int channel, std::string_view body) override {
-        constexpr std::string_view ratesKey("\0\1\0\7", 4);
-        constexpr std::size_t head = 10;
-        if (!sent && body.size() >= head && body.starts_with(ratesKey))
-            rates[socket] = RatesTold::Read(body.substr(head));
         if (ears) ears->Frame(socket, sent, channel, body);
     }
 };
@@ -110,6 +107,7 @@ void NetworkCheck::Parts::Start(const Terms& asked) {
         for (const auto departure : Coped) own->Switches().SetGuard(departure, Departures::Guard::On);
         own->ChatSendOn = false;
         own->SetNews(&ears);
+        own->Tell().frames = &ears;
     }
     ears.Listen(standing ? desk : *own, standing, terms.name);
     run = std::make_unique<CheckRun>(CheckRun{terms, standing ? desk : *own, ears, platform, {}, {}});
@@ -117,6 +115,7 @@ void NetworkCheck::Parts::Start(const Terms& asked) {
         ears.heard.signedOn = true;
         ears.heard.rates = botNews.rates;
         botNews.ears = &ears;
+        desk.Tell().frames = &botNews;
     }
     steps = standing ? StandingSteps(*run) : OwnSteps(*run);
     soon->SetEnabled(true);
@@ -177,6 +176,7 @@ void NetworkCheck::Parts::Close() {
     if (run) run->LiftBan();
     ears.Forget();
     botNews.ears = nullptr;
+    desk.Tell().frames = nullptr;
     steps.clear();
     run.reset();
     own.reset();

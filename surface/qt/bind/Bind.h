@@ -4,6 +4,7 @@
 // control's handlers. No rule of the bot's stands here. The widgets have no parent yet: a layout gives them
 // one. A text box, list or combo box has no caption of its own, so it is named after the caption beside it.
 
+#include "surface/qt/bind/ByHand.h"
 #include "surface/qt/bind/Follow.h"
 
 #include <QPoint>

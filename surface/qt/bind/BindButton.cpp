@@ -30,7 +30,8 @@ QPushButton* BindButton(Button& button) {
         font.setBold(button.Bold());
         if (font != widget->font()) widget->setFont(font);
     });
-    QObject::connect(widget, &QPushButton::clicked, widget, [&button] { button.Press(); });
+    QObject::connect(widget, &QPushButton::clicked, widget,
+                     [&button] { ByHand(button, [&] { button.Press(); }); });
     return widget;
 }
 
@@ -42,7 +43,7 @@ QCheckBox* BindCheck(CheckBox& box) {
         widget->setChecked(box.Value() == 1);
     });
     QObject::connect(widget, &QCheckBox::toggled, widget,
-                     [&box](bool checked) { box.SetValue(checked ? 1 : 0); });
+                     [&box](bool checked) { ByHand(box, [&] { box.SetValue(checked ? 1 : 0); }); });
     return widget;
 }
 
@@ -65,7 +66,7 @@ QWidget* BindOptions(OptionGroup& group, const std::string& name) {
         buttons->button(group.Index())->setChecked(true);
     });
     QObject::connect(buttons, &QButtonGroup::idToggled, widget, [&group](int index, bool checked) {
-        if (checked) group.Select(index);
+        if (checked) ByHand(group, [&] { group.Select(index); });
     });
     return widget;
 }

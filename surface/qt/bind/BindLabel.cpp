@@ -36,7 +36,7 @@ QAbstractButton* BindPressed(Label& label, Press look) {
     Follow(label, *widget, paint, [&label, widget] { widget->setText(Lines(label.Caption())); });
     widget->setAccessibleName(Words(Lines(label.Caption())));
     QObject::connect(widget, &QAbstractButton::clicked, widget, [&label] {
-        if (label.Click) label.Click();
+        if (label.Click) ByHand(label, [&] { label.Click(); });
     });
     return widget;
 }

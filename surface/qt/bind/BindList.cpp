@@ -38,7 +38,7 @@ class ListView : public QListView {
         QListView::selectionChanged(chosen, left);
         if (syncing || lines.Changing()) return;
         const auto rows = selectionModel()->selectedIndexes();
-        list.Select(rows.isEmpty() ? -1 : rows.front().row());
+        ByHand(list, [&] { list.Select(rows.isEmpty() ? -1 : rows.front().row()); });
     }
 
     void mousePressEvent(QMouseEvent* event) override {
@@ -47,12 +47,13 @@ class ListView : public QListView {
         if (event->button() == Qt::RightButton) Told(list.MouseDown, RightButton);
         // Another line tells of itself by becoming the selected one.
         if (event->button() == Qt::LeftButton && before >= 0 && LineAt(*event) == before && list.Click)
-            list.Click();
+            ByHand(list, [this] { list.Click(); });
     }
 
     void mouseDoubleClickEvent(QMouseEvent* event) override {
         QListView::mouseDoubleClickEvent(event);
-        if (event->button() == Qt::LeftButton && LineAt(*event) >= 0 && list.DblClick) list.DblClick();
+        if (event->button() == Qt::LeftButton && LineAt(*event) >= 0 && list.DblClick)
+            ByHand(list, [this] { list.DblClick(); });
     }
 
     /// The key that opens menus.
@@ -65,7 +66,7 @@ class ListView : public QListView {
         if (event->key() == Qt::Key_Delete)
             Told(list.KeyDown, DeleteKey);
         else if (enter && list.DblClick && !list.KeyDown) // where no key does what a double click does
-            list.DblClick();
+            ByHand(list, [this] { list.DblClick(); });
         else
             QListView::keyPressEvent(event);
         // Where the caret stood on a line already, no key has chosen it.
@@ -77,7 +78,7 @@ class ListView : public QListView {
     int LineAt(const QMouseEvent& event) const { return indexAt(event.position().toPoint()).row(); }
 
     void Told(const std::function<void(int)>& handler, int what) {
-        if (handler) handler(what);
+        if (handler) ByHand(list, [&] { handler(what); });
     }
 
     static bool IsMove(int key) {

@@ -26,7 +26,7 @@ void Add(QMenu& menu, Menu& entry) {
     action->setObjectName(Shown(entry.Name));
     QObject::connect(action, &QAction::triggered, action, [&entry] {
         LeaveBox();
-        if (entry.Click) entry.Click();
+        if (entry.Click) ByHand(entry, [&] { entry.Click(); });
     });
 }
 

@@ -39,7 +39,7 @@ class LineView : public QLineEdit {
 
     /// Tells the box that it is left, once until the caret comes back or something is typed.
     void Leave() {
-        if (!std::exchange(left, true) && box.LostFocus) box.LostFocus();
+        if (!std::exchange(left, true) && box.LostFocus) ByHand(box, [this] { box.LostFocus(); });
     }
     void Return() { left = false; }
 
@@ -81,7 +81,7 @@ QLineEdit* BindLine(TextBox& box, const std::string& name) {
         box.SetText(Typed(text));
     });
     QObject::connect(widget, &QLineEdit::returnPressed, widget, [&box] {
-        if (box.KeyPress) box.KeyPress(EnterKey);
+        if (box.KeyPress) ByHand(box, [&] { box.KeyPress(EnterKey); });
     });
     return widget;
 }
@@ -154,7 +154,7 @@ QComboBox* BindChoice(ChoiceBox& box, const std::string& name) {
         widget->setCurrentIndex(box.Index());
     });
     QObject::connect(widget, &QComboBox::currentIndexChanged, widget,
-                     [&box](int index) { box.Select(index); });
+                     [&box](int index) { ByHand(box, [&] { box.Select(index); }); });
     return widget;
 }
 

@@ -52,7 +52,7 @@ QWidget* DrawFootLine(FootLine& foot) {
         NameOr(*widget, text, "Foot line");
     });
     QObject::connect(widget, &QAbstractButton::clicked, widget, [&foot] {
-        if (foot.lblFoot.Click) foot.lblFoot.Click();
+        if (foot.lblFoot.Click) ByHand(foot.lblFoot, [&] { foot.lblFoot.Click(); });
     });
     return widget;
 }
