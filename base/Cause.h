@@ -29,7 +29,7 @@ enum class CauseKind {
 };
 
 /// Which of the desk's own rules a cause of kind Rule is.
-enum class RuleKind { None, Autoban, Autoword, Ghost, ICQ, Chars, Lock, Enforcement };
+enum class RuleKind { None, Autoban, Autoword, Ghost, ICQ, Chars, Lock };
 
 /// Texts are Windows-1252 and outlive the scope unchanged.
 struct Cause {

@@ -24,6 +24,7 @@ enum class DropReason {
     NoRoom,  ///< the room isn't open
     Rated,   ///< the room's rate class 1 is limited
     Cleared, ///< the operator emptied the queue
+    Locked,  ///< an entry of the locked bans holds who was to be let in again
 };
 
 /// The desk's lists of names and words.

@@ -54,10 +54,19 @@ class UnbanTargets {
     bool IsGathered(const std::string& name) const { return CheckCollection(name, gathered); }
     void GatherUnlessLocked(const std::string& name) {
         auto match = context.options.LockBans.FirstMatch(name);
-        if (match.empty())
+        if (match.empty()) {
             gathered.Add(name, name);
-        else
-            Reply(context, call, name, 115, match, "islbanned", "msg1");
+            return;
+        }
+        auto& telling = context.control.Tell();
+        const CauseScope lock(telling, {.kind = CauseKind::Rule,
+                                        .rule = RuleKind::Lock,
+                                        .room = call.intChatIndex,
+                                        .who = name,
+                                        .entry = match});
+        if (telling.news)
+            telling.news->BanDropped(call.intChatIndex, 0, BanKind::Unban, name, DropReason::Locked);
+        Reply(context, call, name, 115, match, "islbanned", "msg1");
     }
 
     const CommandContext& context;

@@ -266,12 +266,10 @@ TEST(NetworkCheck, EndsWhateverTheServiceSays) {
     EXPECT_GT(works, 800U); // they come far
 }
 
-/// Passes frames on, and counts what others would hear of bans.
+/// Passes rates on, and counts what others would hear of bans.
 struct BanCounter : News {
     explicit BanCounter(News& check) : check(check) {}
-    void Frame(int socket, bool sent, int channel, std::string_view body) override {
-        check.Frame(socket, sent, channel, body);
-    }
+    void RateClasses(int socket, const std::string& body) override { check.RateClasses(socket, body); }
     void SignedOff() override { check.SignedOff(); }
     void BanAsked(std::int16_t, std::int32_t, BanRequestKind, const std::string&) override { ++told; }
     void BanAnswered(std::int16_t, std::int32_t, BanVerdict, int) override { ++told; }

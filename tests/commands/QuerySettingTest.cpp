@@ -23,7 +23,7 @@ TEST_F(QuerySettingTest, Info) {
     options.Autobans.Add("b*");
     options.Autowords.Add("b.c");
     for (auto* list : {&options.Ops, &options.Immunes, &options.LockOps, &options.LockImms})
-        list->Add("b.c", "b.c");
+        list->Add("b.c");
     options.LockBans.Add("b.c");
     Judge("info b.c -> 50 b . c=Banned, Oped, Imm, AWed, Lock Oped, Lock Immed, Lock Banned");
     options.Autobans.Add("a,b.c");

@@ -67,7 +67,7 @@ Lines RoomScene::Taken() {
 }
 
 void RoomScene::MakeOp(const std::string& name, const std::string& strPerms) {
-    options.Ops.Add(name, name);
+    options.Ops.Add(name);
     options.Perms.Add(strPerms, name);
 }
 

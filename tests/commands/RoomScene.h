@@ -41,7 +41,7 @@ class RoomScene : public Wire, public CommandHost {
     /// What was written down since the last asking, 30 seconds having passed.
     Lines Taken();
     void MakeOp(const std::string& name, const std::string& strPerms = FullPerms);
-    void Immune(const std::string& name) { options.Immunes.Add(name, name); }
+    void Immune(const std::string& name) { options.Immunes.Add(name); }
     /// A chatsend with its marks filled in.
     std::string Send(int number, const std::string& p = "", const std::string& d = "",
                      const std::string& s = "");

@@ -47,6 +47,9 @@ class RecordingHost : public RoomHost {
         Note("ban " + std::to_string(room) + " " + id + " " + user);
     }
     void StoreRequest(Text id, Text record) override { Note("store " + id + " " + record); }
+    void BanDropped(Text record, DropReason why) override {
+        Note((why == DropReason::Rated ? "rate drops " : "cleared ") + record);
+    }
     void LiftBan(Text user, Int room) override { Note("lift " + std::to_string(room) + " " + user); }
     const Collection<std::shared_ptr<EjectList>>& AllEjectLists() const override { return lists; }
     std::string ChatSendText(int number) const override { return texts.Item(number); }

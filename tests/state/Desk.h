@@ -36,12 +36,9 @@ class PlainLists : public ListWorkers {
     void RemoveLockBan(const std::string&, std::int16_t) override {}
 
   private:
-    static bool Put(auto& list, ListBox& shown, const std::string& name) {
+    static bool Put(IndexedList& list, ListBox& shown, const std::string& name) {
         auto normal = NormalizeName(name);
-        if constexpr (std::is_same_v<decltype(list), IndexedList&>)
-            return list.Add(normal) && (shown.AddItem(normal), true);
-        else
-            return list.Add(normal, normal) && (shown.AddItem(normal), true);
+        return list.Add(normal) && (shown.AddItem(normal), true);
     }
 
     Options& options;
