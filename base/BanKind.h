@@ -19,6 +19,9 @@ enum class BanKind {
     TimeBan,   ///< an op's "tban": it ends by itself
 };
 
+/// True for those that let in again.
+constexpr bool IsReadmission(BanKind kind) { return kind == BanKind::Unban || kind == BanKind::UnbanKick; }
+
 /// What became of a request to the desk.
 enum class BanOutcome {
     Asked,   ///< it went out

@@ -51,6 +51,10 @@ std::string IndexedList::FirstWordIn(std::string_view text) const {
     return matching == Matching::words ? index.FirstIn(text) : std::string();
 }
 
+std::vector<std::string> IndexedList::AllWordsIn(std::string_view text) const {
+    return matching == Matching::words ? index.AllIn(text) : std::vector<std::string>();
+}
+
 std::string IndexedList::FirstMatch(std::string_view name) const {
     if (matching != Matching::masks) return {};
     auto mask = index.FirstIn(name);

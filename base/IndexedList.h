@@ -49,6 +49,9 @@ class IndexedList {
     /// Of a list of words: the first entry that occurs in `text`, case ignored; empty when none does.
     std::string FirstWordIn(std::string_view text) const;
 
+    /// Of a list of words: every entry that occurs in `text`, in the order of the list.
+    std::vector<std::string> AllWordsIn(std::string_view text) const;
+
     /// Of a list of masks: the first entry that `name` meets; empty when it meets none. An entry with "*" is
     /// met when, all its asterisks removed, it occurs anywhere in `name`, case ignored: where the asterisk
     /// stands has no meaning, on purpose, and one of asterisks only is met by every name. Any other entry

@@ -90,6 +90,10 @@ bool BridgeFile::AllowRoasting(std::string_view network, std::string_view host) 
     return Change([&](OwnPart& part) { return part.Permit({std::string(network), std::string(host)}); });
 }
 
+bool BridgeFile::SetLedger(const LedgerTerms& terms) {
+    return Change([&](OwnPart& part) { return part.SetLedger(terms); });
+}
+
 std::optional<std::string> BridgeFile::Bytes() {
     if (path.empty() || !files.Exists(path)) return "";
     return files.Read(path, LargestFile);

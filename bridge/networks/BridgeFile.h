@@ -1,9 +1,9 @@
 #pragma once
 
 // The bridge's configuration file, bridge.toml in the configuration folder: the operator's own networks,
-// which network was chosen for which settings file and account, and the switches of each network. What the
-// operator wrote is kept byte for byte when a choice is written: Halyard's own part stands at the end of the
-// file, behind a line that says so.
+// which network was chosen for which settings file and account, the switches of each network and those of the
+// ledger. What the operator wrote is kept byte for byte when a choice is written: Halyard's own part stands
+// at the end of the file, behind a line that says so.
 
 #include "bridge/networks/OwnPart.h"
 #include "oscar/networks/Network.h"
@@ -54,6 +54,11 @@ class BridgeFile {
     /// Whether the operator has allowed roasted passwords to this host on this network; case doesn't count.
     bool MayRoast(std::string_view network, std::string_view host) const;
     bool AllowRoasting(std::string_view network, std::string_view host);
+
+    /// What is wanted of the ledger; the values of LedgerTerms where nothing was set.
+    const LedgerTerms& Ledger() const { return own.ledger; }
+    /// Days are 0 to LedgerTerms::LongestDays, the line on whom to ask at most 300 characters.
+    bool SetLedger(const LedgerTerms& terms);
 
   private:
     /// The bytes of the file; empty when there is none, nothing when they can't be had.

@@ -14,6 +14,7 @@ constexpr TextBounds accountBounds{.shortest = 0, .controls = true};
 constexpr TextBounds hostBounds{};
 constexpr TextBounds addressBounds{.longest = 1000};
 constexpr TextBounds headerBounds{.shortest = 0, .longest = 1000};
+constexpr TextBounds askBounds{.shortest = 0, .longest = 300};
 
 /// A name of letters, digits and some signs, a colon, a value.
 bool IsHeader(std::string_view text) {
@@ -80,6 +81,23 @@ void ReadManagement(const TomlMember& member, OwnPart& own, TomlMistakes& mistak
     own.SetManagement({*name, terms});
 }
 
+void ReadLedger(const TomlValue& table, LedgerTerms& terms, TomlMistakes& mistakes) {
+    TomlFields fields(table, "ledger", mistakes);
+    const auto take = [&](bool& value, std::string_view key) { value = fields.Switch(key).value_or(value); };
+    const auto days = [&](int& value, std::string_view key) {
+        value = static_cast<int>(fields.Number(key, 0, LedgerTerms::LongestDays).value_or(value));
+    };
+    take(terms.keep, "keep"), take(terms.evidence, "evidence");
+    days(terms.textDays, "text-days"), days(terms.actDays, "act-days");
+    take(terms.answers, "answers"), take(terms.appeals, "appeals");
+    terms.whomToAsk = fields.Text("whom-to-ask", askBounds).value_or("");
+    if (const auto* names = fields.List("no-appeal-of", LedgerTerms::MostRefused))
+        for (const auto& item : *names)
+            if (const auto name = fields.TextOf(item, "no-appeal-of", accountBounds))
+                terms.noAppealOf.push_back(NormalizeName(*name));
+    fields.TellUnknown();
+}
+
 /// A text in quotes, as TOML has it. Characters that it forbids, and those that no font shows, are written by
 /// their numbers.
 std::string Quoted(std::string_view text) {
@@ -120,6 +138,18 @@ std::string PermitText(const RoastingPermit& permit) {
     return "\n[[roasting]]\n" + Line("network", Quoted(permit.network)) + Line("host", Quoted(permit.host));
 }
 
+std::string LedgerText(const LedgerTerms& terms) {
+    std::string names;
+    for (const auto& name : terms.noAppealOf) names += (names.empty() ? "" : ", ") + Quoted(name);
+    return "\n[ledger]\n" + Line("keep", Word(terms.keep)) + Line("evidence", Word(terms.evidence)) +
+           Line("text-days", std::to_string(terms.textDays)) +
+           Line("act-days", std::to_string(terms.actDays)) + Line("answers", Word(terms.answers)) +
+           Line("appeals", Word(terms.appeals)) + Line("whom-to-ask", Quoted(terms.whomToAsk)) +
+           Line("no-appeal-of", "[" + names + "]");
+}
+
+bool IsDays(int days) { return days >= 0 && days <= LedgerTerms::LongestDays; }
+
 } // namespace
 
 bool IsNetworkName(std::string_view text) {
@@ -157,6 +187,16 @@ bool OwnPart::Permit(const RoastingPermit& permit) {
     return true;
 }
 
+bool OwnPart::SetLedger(const LedgerTerms& terms) {
+    if (!IsDays(terms.textDays) || !IsDays(terms.actDays) || !askBounds.Take(terms.whomToAsk) ||
+        terms.noAppealOf.size() > LedgerTerms::MostRefused)
+        return false;
+    if (!std::ranges::all_of(terms.noAppealOf, [](const auto& name) { return accountBounds.Take(name); }))
+        return false;
+    ledger = terms;
+    return true;
+}
+
 OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
     OwnPart own;
     TomlFields fields(file, {}, mistakes);
@@ -177,6 +217,7 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
         own.last = NeedNetwork(entry, "last").value_or("");
         entry.TellUnknown();
     }
+    if (const auto* table = fields.Table("ledger")) ReadLedger(*table, own.ledger, mistakes);
     if (const auto* tables = fields.Table("management"))
         for (const auto& member : tables->members) ReadManagement(member, own, mistakes);
     fields.TellUnknown();
@@ -186,6 +227,7 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
 std::optional<std::string> OwnPartText(const OwnPart& own, std::size_t limit) {
     std::string text;
     if (!own.last.empty()) text += "\n[bridge]\n" + Line("last", Quoted(own.last));
+    if (own.ledger != LedgerTerms()) text += LedgerText(own.ledger);
     for (const auto& management : own.management) text += ManagementText(management);
     for (const auto& permit : own.roasting) text += PermitText(permit);
     if (text.size() > limit) return std::nullopt;

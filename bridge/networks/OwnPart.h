@@ -1,9 +1,11 @@
 #pragma once
 
 // The part of bridge.toml that Halyard writes itself: which network was chosen where, what it may do with the
-// management of each, and to which hosts roasted passwords may go. Texts are Windows-1252.
+// management of each, to which hosts roasted passwords may go, and what is wanted of the ledger. Texts are
+// Windows-1252.
 
 #include "bridge/TomlFields.h"
+#include "bridge/ledger/LedgerTerms.h"
 #include "bridge/networks/ManagementTerms.h"
 
 #include <optional>
@@ -40,12 +42,14 @@ struct OwnPart {
     std::vector<NetworkChoice> chosen;
     std::vector<NetworkManagement> management;
     std::vector<RoastingPermit> roasting;
+    LedgerTerms ledger;
 
     // Each puts its entry last in the place of an older one, and drops the oldest where there are too many.
     // What couldn't be read back is refused: false, and nothing has changed.
     bool Choose(const NetworkChoice& choice);
     bool SetManagement(const NetworkManagement& management);
     bool Permit(const RoastingPermit& permit);
+    bool SetLedger(const LedgerTerms& terms);
 
     bool operator==(const OwnPart&) const = default;
 };
