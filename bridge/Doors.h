@@ -20,20 +20,13 @@ class Doors {
     /// is on the list afterwards, or no longer is; another list than the seven gives false.
     virtual bool AddEntry(ListName list, const std::string& entry) = 0;
     virtual bool RemoveEntry(ListName list, const std::string& entry) = 0;
-    /// An option, by its key and value of the settings file, set as reading that line sets it; or "perms
-    /// NAME" and an op's digits. False when the key is none that could be set so, or the option doesn't take
-    /// the value.
+    /// An option by its key of the settings file, set as reading its line sets it; or "perms:NAME", "ccom:N"
+    /// and "chatsend:N" with N from 0. False when there is none of that key.
     virtual bool SetOption(const std::string& key, const std::string& value) = 0;
     /// As the room's console bans; `room` is a socket slot.
     virtual BanOutcome Ban(std::int16_t room, const std::string& name) = 0;
     /// As the panel of eject lists lets in again.
     virtual BanOutcome Unban(std::int16_t room, const std::string& name) = 0;
-    /// True for a name that an entry of the locked bans holds.
-    virtual bool IsLocked(const std::string& name) const = 0;
-    /// The rule that would meet the name or its line again, as the desk's lists are now; None when none
-    /// would. `without` is an entry that is thought away.
-    virtual RuleKind WouldHit(const std::string& name, const std::string& line,
-                              const std::string& without) const = 0;
 };
 
 } // namespace halyard

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int Look = 250; ///< ms between two looks at what holds the next request up
 
-std::shared_ptr<Chats> RoomOf(const TillerSock& control, const UndoStep& step) {
+std::shared_ptr<Chats> RoomOf(const TillerSock& control, const UndoTask& step) {
     for (const auto& room : control.Chat)
         if (room->Exchange == step.exchange && SameName(room->ChatName, step.room)) return room;
     return nullptr;
@@ -41,10 +41,10 @@ UndoRun::UndoRun(Platform& platform, TillerSock& control, Doors& doors, Hands ha
     timer->onTick = [this] { Go(); };
 }
 
-bool UndoRun::Start(std::int64_t act, std::vector<UndoStep> wanted) {
+bool UndoRun::Start(std::int64_t act, std::vector<UndoTask> wanted) {
     if (running) return false;
     std::stable_partition(wanted.begin(), wanted.end(),
-                          [](const UndoStep& step) { return step.what != UndoStep::What::Readmit; });
+                          [](const UndoTask& step) { return step.what != UndoTask::What::Readmit; });
     steps.clear();
     for (auto& step : wanted) steps.push_back({std::move(step), UndoOutcome::Waiting, {}});
     at = 0;
@@ -68,7 +68,7 @@ void UndoRun::Stop() {
 std::int64_t UndoRun::Left() const {
     const auto readmits =
         std::count_if(steps.begin() + static_cast<std::ptrdiff_t>(at), steps.end(),
-                      [](const UndoneStep& step) { return step.step.what == UndoStep::What::Readmit; });
+                      [](const UndoneTask& step) { return step.step.what == UndoTask::What::Readmit; });
     return readmits * Pause();
 }
 
@@ -77,7 +77,7 @@ void UndoRun::Go() {
     while (running && asking == 0) {
         if (at == steps.size()) return End();
         auto& step = steps[at];
-        if (step.step.what == UndoStep::What::Readmit) {
+        if (step.step.what == UndoTask::What::Readmit) {
             Readmit(step);
             break;
         }
@@ -87,18 +87,18 @@ void UndoRun::Go() {
         Finish(UndoOutcome::Failed, "no answer came within 30 s");
 }
 
-void UndoRun::ByDoor(UndoneStep& done) {
+void UndoRun::ByDoor(UndoneTask& done) {
     const auto& step = done.step;
     const CauseScope undo(control.Tell(), {.kind = CauseKind::Undo, .entry = number});
     bool worked = false;
-    if (step.what == UndoStep::What::RemoveEntry) worked = doors.RemoveEntry(step.list, step.name);
-    if (step.what == UndoStep::What::AddEntry) worked = doors.AddEntry(step.list, step.name);
-    if (step.what == UndoStep::What::SetOption) worked = doors.SetOption(step.name, step.value);
-    entryStands = entryStands || (!worked && step.what == UndoStep::What::RemoveEntry);
+    if (step.what == UndoTask::What::RemoveEntry) worked = doors.RemoveEntry(step.list, step.name);
+    if (step.what == UndoTask::What::AddEntry) worked = doors.AddEntry(step.list, step.name);
+    if (step.what == UndoTask::What::SetOption) worked = doors.SetOption(step.name, step.value);
+    entryStands = entryStands || (!worked && step.what == UndoTask::What::RemoveEntry);
     Finish(worked ? UndoOutcome::Done : UndoOutcome::Failed, worked ? "" : "the desk didn't take it");
 }
 
-void UndoRun::Readmit(UndoneStep& done) {
+void UndoRun::Readmit(UndoneTask& done) {
     const auto& step = done.step;
     if (entryStands) return Finish(UndoOutcome::Failed, "the entry that would hit again still stands");
     const auto room = RoomOf(control, step);
@@ -117,7 +117,7 @@ void UndoRun::Readmit(UndoneStep& done) {
 }
 
 /// What holds the request up, in words; empty for nothing.
-std::string UndoRun::Obstacle(const Chats* room, const UndoStep& step) const {
+std::string UndoRun::Obstacle(const Chats* room, const UndoTask& step) const {
     if (!room) return "the bot is not in " + step.room;
     if (!room->IsOwner()) return "the bot doesn't own " + step.room;
     if (room->IsRated(1)) return step.room + " is rate limited";

@@ -22,7 +22,7 @@ class Platform;
 class TillerSock;
 
 /// One thing to be done. Texts are Windows-1252.
-struct UndoStep {
+struct UndoTask {
     enum class What { Readmit, RemoveEntry, AddEntry, SetOption };
     What what = What::Readmit;
     std::int64_t act = 0; ///< that it takes back, 0 for none
@@ -35,8 +35,8 @@ struct UndoStep {
 
 enum class UndoOutcome { Waiting, Done, Failed, Stopped };
 
-struct UndoneStep {
-    UndoStep step;
+struct UndoneTask {
+    UndoTask step;
     UndoOutcome outcome = UndoOutcome::Waiting;
     std::string why; ///< of one that failed, in words
 };
@@ -49,7 +49,7 @@ class UndoRun : public News {
 
     struct Hands {
         /// A step is over. Told before the next begins.
-        std::function<void(const UndoneStep&)> stepDone;
+        std::function<void(const UndoneTask&)> stepDone;
         /// All of them are over, or the run was stopped.
         std::function<void()> done;
     };
@@ -58,11 +58,11 @@ class UndoRun : public News {
 
     /// `act` is the number of the undo itself, which is the cause of all that it does. False while a run is
     /// under way.
-    bool Start(std::int64_t act, std::vector<UndoStep> steps);
+    bool Start(std::int64_t act, std::vector<UndoTask> steps);
     /// What is not yet asked for is left as it is.
     void Stop();
     bool Running() const { return running; }
-    const std::vector<UndoneStep>& Steps() const { return steps; }
+    const std::vector<UndoneTask>& Steps() const { return steps; }
     std::size_t Finished() const { return at; }
     /// Milliseconds until the run is likely to be over, if nothing holds it up.
     std::int64_t Left() const;
@@ -77,9 +77,9 @@ class UndoRun : public News {
 
   private:
     void Go();
-    void ByDoor(UndoneStep& step);
-    void Readmit(UndoneStep& step);
-    std::string Obstacle(const Chats* room, const UndoStep& step) const;
+    void ByDoor(UndoneTask& step);
+    void Readmit(UndoneTask& step);
+    std::string Obstacle(const Chats* room, const UndoTask& step) const;
     std::int64_t Pause() const;
     void Finish(UndoOutcome outcome, const std::string& why = {});
     void End();
@@ -89,7 +89,7 @@ class UndoRun : public News {
     Doors& doors;
     Hands hands;
     std::unique_ptr<Timer> timer;
-    std::vector<UndoneStep> steps;
+    std::vector<UndoneTask> steps;
     std::size_t at = 0;
     bool running = false;
     bool entryStands = false;   ///< an entry could not be taken off

@@ -37,7 +37,11 @@ const ListDoor* DoorOf(ListName list) {
     return found == ListDoors.end() ? nullptr : found;
 }
 
-constexpr std::string_view PermsKey = "perms ";
+/// What stands behind `head`; nothing for a key that doesn't begin so.
+std::optional<std::string> Behind(const std::string& key, std::string_view head) {
+    if (!key.starts_with(head)) return std::nullopt;
+    return key.substr(head.size());
+}
 
 } // namespace
 
@@ -60,19 +64,41 @@ bool DeskDoors::RemoveEntry(ListName list, const std::string& entry) {
 }
 
 bool DeskDoors::SetOption(const std::string& key, const std::string& value) {
-    auto& options = main.options;
-    if (key.starts_with(PermsKey)) {
-        const auto op = key.substr(PermsKey.size());
-        if (options.Ops.Position(op) == 0) return false;
-        options.SetPerms(op, value);
-        return options.Perms.Item(op) == value;
-    }
+    if (const auto op = Behind(key, "perms:")) return SetPerms(*op, value);
+    if (const auto number = Behind(key, "ccom:")) return SetCcom(ToInt16(*number).value_or(-1), value);
+    if (const auto number = Behind(key, "chatsend:"))
+        return SetChatSend(ToInt16(*number).value_or(-1), value);
     static const auto byKey = IndexOptions();
     const auto found = byKey.find(key);
     if (found == byKey.end() || std::holds_alternative<ListOption>(*found->second)) return false;
-    std::array<std::string, ChatSendCount> unused; // chatsends are read as a whole
-    SettingsReading reading{options, main.Engine().Lists(), unused};
+    std::array<std::string, ChatSendCount> unused; // those are set above
+    SettingsReading reading{main.options, main.Engine().Lists(), unused};
     ReadOption(reading, *found->second, key + ":" + value, value);
+    return true;
+}
+
+bool DeskDoors::SetPerms(const std::string& op, const std::string& perms) {
+    if (main.options.Ops.Position(op) == 0) return false;
+    main.options.SetPerms(op, perms);
+    return main.options.Perms.Item(op) == perms;
+}
+
+bool DeskDoors::SetCcom(int index, const std::string& word) {
+    auto& ccoms = main.options.Ccoms;
+    if (index < 0 || index >= CcomCount) return false;
+    Collection<std::string> words;
+    for (int each = 0; each < CcomCount; ++each) words.Add(each == index ? word : ccoms.GetCcom(each));
+    ccoms.SetCcoms(words, ccoms.GetTrigger(), ccoms.GetCcomComments());
+    return true;
+}
+
+/// `index` from 0.
+bool DeskDoors::SetChatSend(int index, const std::string& text) {
+    auto& texts = main.Control().ChatSends;
+    if (index < 0 || index >= static_cast<int>(texts.Count())) return false;
+    Collection<std::string> changed;
+    for (int place = 0; const auto& each : texts) changed.Add(place++ == index ? text : each);
+    texts = std::move(changed);
     return true;
 }
 
@@ -82,29 +108,6 @@ BanOutcome DeskDoors::Ban(std::int16_t room, const std::string& name) {
 
 BanOutcome DeskDoors::Unban(std::int16_t room, const std::string& name) {
     return main.Control().UnbanUser(name, BanKind::Unban, room);
-}
-
-bool DeskDoors::IsLocked(const std::string& name) const {
-    return !main.options.LockBans.FirstMatch(NormalizeName(name)).empty();
-}
-
-RuleKind DeskDoors::WouldHit(const std::string& name, const std::string& line,
-                             const std::string& without) const {
-    const auto& options = main.options;
-    const auto key = NormalizeName(name);
-    if (CheckCollection(key, options.Immunes)) return RuleKind::None;
-    const auto meets = [&](const auto& entries) {
-        return std::ranges::any_of(entries, [&](const auto& entry) { return entry != without; });
-    };
-    if (options.AutobanLevel == 2) return RuleKind::Autoban;
-    if (options.AutobanLevel == 1 && meets(options.Autobans.AllMatches(key))) return RuleKind::Autoban;
-    if (options.BanAllICQs && IsNumeric(key)) return RuleKind::ICQ;
-    if (options.CharBanOn && key.size() == static_cast<std::size_t>(options.CharBanNum))
-        return RuleKind::Chars;
-    if (line.empty() || !(options.WordBanOn || options.WordBanAll)) return RuleKind::None;
-    if (options.WordBanAll) return RuleKind::Autoword;
-    const auto said = options.WordBanHTML ? line : StripHTML(line);
-    return meets(options.Autowords.AllWordsIn(said)) ? RuleKind::Autoword : RuleKind::None;
 }
 
 } // namespace halyard

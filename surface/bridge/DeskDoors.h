@@ -18,11 +18,12 @@ class DeskDoors : public Doors {
     bool SetOption(const std::string& key, const std::string& value) override;
     BanOutcome Ban(std::int16_t room, const std::string& name) override;
     BanOutcome Unban(std::int16_t room, const std::string& name) override;
-    bool IsLocked(const std::string& name) const override;
-    RuleKind WouldHit(const std::string& name, const std::string& line,
-                      const std::string& without) const override;
 
   private:
+    bool SetPerms(const std::string& op, const std::string& perms);
+    bool SetCcom(int index, const std::string& word);
+    bool SetChatSend(int index, const std::string& text);
+
     frmMain& main;
 };
 
