@@ -136,6 +136,11 @@ void SqliteConnection::Checkpoint(bool whole) {
     if (whole && code == SQLITE_OK) logPages = 0;
 }
 
+void SqliteConnection::LeaveLog(bool leave) {
+    if (!library) return;
+    sqlite3_db_config(library->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, leave ? 1 : 0, nullptr);
+}
+
 void SqliteConnection::Keep(std::unique_ptr<FileLock> held) { lock = std::move(held); }
 
 } // namespace halyard
