@@ -50,9 +50,14 @@ SqliteConnection::SqliteConnection(const std::string& path, int flags, const std
         FailWith(failure.getErrorCode(), failure.what());
         return;
     }
+    auto* handle = library->getHandle();
     // In the place of SQLite's own checkpoints, which would stall single commits.
-    sqlite3_wal_hook(library->getHandle(), NotesPages, &logPages);
-    sqlite3_progress_handler(library->getHandle(), StepsBetweenLooks, StopsWhenCancelled, this);
+    sqlite3_wal_hook(handle, NotesPages, &logPages);
+    sqlite3_progress_handler(handle, StepsBetweenLooks, StopsWhenCancelled, this);
+    // A file is input like others. Untrusted tables would be safer still, but full-text tables behind a
+    // trigger count as such.
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    library->tryExec("PRAGMA cell_size_check=ON");
 }
 
 SqliteConnection::~SqliteConnection() = default;
