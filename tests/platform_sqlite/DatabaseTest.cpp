@@ -1,7 +1,6 @@
 // What holds for every database, on one that answers at once and on one with threads; then what threads add.
 
 #include "platform/sqlite/InlineDatabase.h"
-#include "platform/sqlite/Jobs.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "tests/platform_sqlite/FaultVfs.h"
 #include "tests/platform_sqlite/Scene.h"
@@ -44,18 +43,23 @@ class Loop {
 
 } // namespace
 
-/// Hears the answers of databases, each on the loop's thread.
+Database::Job Never() {
+    return [](Connection&) { FAIL() << "not to be run"; };
+}
+
+/// Hears the answers of databases.
 struct Listener {
-    /// Notes each answer, and that it is given and let go on this thread.
-    Database::Done Noted(const std::string& name) {
+    /// Notes an answer, and that it is given and let go on this thread.
+    Database::Done Noted() {
         ++asked;
-        const auto here = std::this_thread::get_id();
-        const std::shared_ptr<void> held(nullptr,
-                                         [here](void*) { EXPECT_EQ(std::this_thread::get_id(), here); });
-        return [this, name, held, here](const DatabaseResult& result) {
+        const auto isHere = [here = std::this_thread::get_id()] {
             EXPECT_EQ(std::this_thread::get_id(), here);
+        };
+        const std::shared_ptr<void> held(nullptr, [isHere](void*) { isHere(); });
+        return [this, held, isHere](const DatabaseResult& result) {
+            isHere();
             EXPECT_EQ(result.words.empty(), result.Ok());
-            answers.emplace_back(name, result.fault);
+            answers.push_back(result.fault);
         };
     }
     void Settle() {
@@ -65,12 +69,11 @@ struct Listener {
     std::unique_ptr<Database> WithThreads() {
         return std::make_unique<SqliteDatabase>([this](auto work) { loop.Post(std::move(work)); });
     }
-    using Answer = std::pair<std::string, DatabaseFault>;
 
     TestFolder folder;
     Loop loop;
     std::size_t asked = 0;
-    std::vector<Answer> answers;
+    std::vector<DatabaseFault> answers;
 };
 
 enum class Kind { Inline, InlineInMemory, Threads, ThreadsInMemory };
@@ -88,48 +91,50 @@ struct DatabaseContract : Listener, testing::TestWithParam<Kind> {
 TEST_P(DatabaseContract, WritesWholeJobsAndReadsThem) {
     using enum DatabaseFault;
     auto database = Make();
-    const auto spec = Lines(InMemory() ? "" : folder.Path("ledger.db"));
+    const auto answered = [&](const std::vector<DatabaseFault>& faults) {
+        Settle();
+        EXPECT_EQ(std::exchange(answers, {}), faults);
+        asked = 0;
+    };
     const auto sees = [&](const std::vector<std::string>& lines) {
         const auto seen = std::make_shared<std::vector<std::string>>();
-        database->Read([seen](Connection& file) { *seen = AllLines(file); }, Noted("read"));
-        Settle();
+        database->Read([seen](Connection& file) { *seen = AllLines(file); }, Noted());
+        answered({None});
         EXPECT_EQ(*seen, lines);
     };
-    database->Write([](Connection&) { FAIL() << "nothing is open"; }, Noted("early"));
-    database->Read([](Connection&) { FAIL() << "nothing is open"; }, Noted("early"));
-    Settle();
-    auto opened = Noted("open");
-    database->Open(spec, [&](OpenOutcome outcome, const std::string&) {
-        EXPECT_EQ(outcome, OpenOutcome::Created);
-        opened({});
-    });
-    database->Write([](Connection& file) { Say(file, "one"), Say(file, "\xc3\xa9 two"); }, Noted("good"));
-    Settle();
-    sees({"one", "\xc3\xa9 two"});
+    database->Write(Never(), Noted());
+    answered({Failed});
+    database->Read(Never(), Noted());
+    answered({Failed});
+    database->Open(Lines(InMemory() ? "" : folder.Path("ledger.db")),
+                   [noted = Noted()](OpenOutcome outcome, const std::string&) {
+                       EXPECT_EQ(outcome, OpenOutcome::Created);
+                       noted({});
+                   });
+    database->Write(Says({"one", "\xc3\xa9 two"}), Noted());
+    answered({None, None});
     database->Write(
         [](Connection& file) {
-            Say(file, "three");
-            Say(file, "one");
-            EXPECT_TRUE(file.Failed());
+            Says({"three", "one"})(file);
+            EXPECT_TRUE(file.Failed()) << "there was one already";
             EXPECT_FALSE(file.Execute("DELETE FROM line"));
             EXPECT_FALSE(file.Prepare("SELECT 1").Step());
         },
-        Noted("twice one"));
-    database->Write([](Connection& file) { file.Prepare("SELEKT").Bind(1, "x").Step(); }, Noted("no SQL"));
-    database->Write([](Connection& file) { file.Prepare("SELECT 1").Bind(2, 5); }, Noted("no place"));
+        Noted());
+    database->Write([](Connection& file) { file.Prepare("SELEKT").Bind(1, "x").Step(); }, Noted());
+    database->Write([](Connection& file) { file.Prepare("SELECT 1").Bind(2, 5); }, Noted());
     database->Write(
         [](Connection& file) {
-            Say(file, "four");
+            Says({"four"})(file);
             file.Fail(Full, "by the job");
             file.Fail(Damaged, "too late");
         },
-        Noted("by itself"));
-    Settle();
-    database->Read([](Connection& file) { Say(file, "five"); }, Noted("writing read"));
-    Settle();
+        Noted());
+    answered({Failed, Failed, Failed, Full});
+    database->Read(Says({"five"}), Noted());
+    answered({NotWritable});
     sees({"one", "\xc3\xa9 two"});
-    database->Maintain([](Connection& file) { file.Execute("VACUUM; BEGIN; DELETE FROM line"); },
-                       Noted("left open"));
+    database->Maintain(Runs("VACUUM; BEGIN; DELETE FROM line"), Noted());
     database->Write(
         [](Connection& file) {
             auto& half = file.Prepare("SELECT text, id, NULL, x'' FROM line ORDER BY id");
@@ -137,30 +142,14 @@ TEST_P(DatabaseContract, WritesWholeJobsAndReadsThem) {
             EXPECT_EQ(half.Text(0) + std::to_string(half.Integer(1)), "one1");
             EXPECT_TRUE(half.IsNull(2) && half.IsNull(4) && !half.IsNull(3));
             EXPECT_EQ(half.Text(4) + half.Blob(3), "");
-            Say(file, "six");
+            Says({"six"})(file);
             EXPECT_EQ(file.LastRow(), 3);
             EXPECT_EQ(file.Changes(), 1);
         },
-        Noted("row left standing"));
-    Settle();
+        Noted());
+    answered({None, None});
     sees({"one", "\xc3\xa9 two", "six"});
-    const std::vector<Answer> expected{{"early", Failed},
-                                       {"early", Failed},
-                                       {"open", None},
-                                       {"good", None},
-                                       {"read", None},
-                                       {"twice one", Failed},
-                                       {"no SQL", Failed},
-                                       {"no place", Failed},
-                                       {"by itself", Full},
-                                       {"writing read", NotWritable},
-                                       {"read", None},
-                                       {"left open", None},
-                                       {"row left standing", None},
-                                       {"read", None}};
-    EXPECT_EQ(answers, expected);
-    database->Write([](Connection& file) { Say(file, "last"); },
-                    [&](const DatabaseResult&) { database.reset(); });
+    database->Write(Says({"last"}), [&](const DatabaseResult&) { database.reset(); });
     while (database) loop.Turn();
     if (InMemory()) return;
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"ledger.db", "ledger.db.lock"})) << "no log is left";
@@ -170,52 +159,28 @@ INSTANTIATE_TEST_SUITE_P(Kinds, DatabaseContract,
                          testing::Values(Kind::Inline, Kind::InlineInMemory, Kind::Threads,
                                          Kind::ThreadsInMemory));
 
-TEST(Reading, EndsWhereItIsCancelled) {
-    const auto opened = OpenConnection(Lines(""), OpenMode::ReadWrite);
-    const std::string endless = "WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) ";
-    int rows = 0;
-    const auto between = RunRead(
-        *opened.connection,
-        [&](Connection& file) {
-            auto& all = file.Prepare(endless + "SELECT n FROM c");
-            while (all.Step()) ++rows;
-        },
-        [&] { return rows == 3; });
-    EXPECT_EQ(between.fault, DatabaseFault::Cancelled);
-    EXPECT_EQ(rows, 3);
-    int looks = 0;
-    const auto inside = RunRead(
-        *opened.connection,
-        [&](Connection& file) { file.Prepare(endless + "SELECT count(*) FROM c").Step(); },
-        [&] { return ++looks == 10; });
-    EXPECT_EQ(inside.fault, DatabaseFault::Cancelled);
-}
-
 struct Threads : Listener, testing::Test {};
 
 TEST_F(Threads, KeepTheLoopFreeAndWriteWhatCameIn) {
+    using enum DatabaseFault;
     FaultVfs vfs;
     std::atomic<bool> slow = false;
-    std::latch syncing(1);
-    std::latch synced(1);
+    std::latch syncing(1), synced(1), atRow(1), cancelled(1), counting(1);
     vfs.onSync = [&] {
         if (!slow.exchange(false)) return;
         syncing.count_down();
         synced.wait();
     };
-    auto spec = Lines(folder.Path("ledger.db"));
-    spec.vfs = FaultVfs::Name;
+    const auto spec = Lines(folder.Path("ledger.db"), 1, FaultVfs::Name);
     auto database = WithThreads();
     database->Open(spec, nullptr);
-    database->Write([](Connection& file) { Say(file, "first"); }, Noted("first"));
+    database->Write(Says({"first"}), Noted());
     Settle();
 
     slow = true;
-    database->Maintain([](Connection& file) { file.Execute("PRAGMA wal_checkpoint"); }, Noted("slow sync"));
-    database->Write([](Connection& file) { Say(file, "second"); }, Noted("second"));
+    database->Maintain(Runs("PRAGMA wal_checkpoint"), Noted());
+    database->Write(Says({"second"}), Noted());
     syncing.wait();
-    std::latch atRow(1);
-    std::latch cancelled(1);
     const auto first = database->Read(
         [&](Connection& file) {
             auto& rows = file.Prepare("SELECT text FROM line UNION ALL SELECT 'more'");
@@ -224,30 +189,26 @@ TEST_F(Threads, KeepTheLoopFreeAndWriteWhatCameIn) {
             cancelled.wait();
             EXPECT_FALSE(rows.Step());
         },
-        Noted("at a row"));
-    const auto waiting = database->Read([](Connection&) { FAIL() << "was cancelled"; }, Noted("waiting"));
+        Noted());
+    const auto waiting = database->Read(Never(), Noted());
     atRow.wait();
     first->Cancel();
     waiting->Cancel();
     cancelled.count_down();
     while (answers.size() < 3) loop.Turn();
-    const std::vector<Answer> beforeTheSync{{"first", DatabaseFault::None},
-                                            {"at a row", DatabaseFault::Cancelled},
-                                            {"waiting", DatabaseFault::Cancelled}};
+    const std::vector<DatabaseFault> beforeTheSync{None, Cancelled, Cancelled};
     EXPECT_EQ(answers, beforeTheSync);
 
-    std::latch endless(1);
     database->Read(
         [&](Connection& file) {
-            endless.count_down();
-            file.Prepare(
-                    "WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT count(*) FROM c")
-                .Step();
+            counting.count_down();
+            file.Execute(
+                "WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT count(*) FROM c");
         },
-        Noted("endless"));
-    endless.wait();
-    database->Read([](Connection&) { FAIL() << "came too late"; }, Noted("late read"));
-    database->Write([](Connection& file) { Say(file, "third"); }, Noted("third"));
+        Noted());
+    counting.wait();
+    database->Read(Never(), Noted());
+    database->Write(Says({"third"}), Noted());
     synced.count_down();
     database.reset();
     while (!loop.IsEmpty()) loop.Turn();
@@ -260,23 +221,15 @@ TEST_F(Threads, KeepTheLogSmallWhileSearchesRun) {
     auto database = WithThreads();
     const auto path = folder.Path("ledger.db");
     database->Open(Lines(path), nullptr);
-    std::uintmax_t most = 0;
     for (int batch = 0; batch < 60; ++batch) {
-        database->Write(
-            [batch](Connection& file) {
-                for (int line = 0; line < 200; ++line)
-                    Say(file, std::to_string(batch * 200 + line) + std::string(5000, '.'));
-            },
-            Noted("batch"));
+        std::vector<std::string> lines;
+        for (int line = 0; line < 200; ++line)
+            lines.push_back(std::to_string(batch * 200 + line) + std::string(5000, '.'));
+        database->Write(Says(lines), Noted());
         for (int search = 0; search < 2; ++search)
-            database->Read(
-                [](Connection& file) {
-                    auto& rows = file.Prepare("SELECT text FROM line WHERE text LIKE '%7.%' LIMIT 50");
-                    while (rows.Step() && rows.Text(0).size() > 5) {
-                    }
-                },
-                Noted("search"));
+            database->Read(Runs("SELECT text FROM line WHERE text LIKE '%7.%' LIMIT 50"), Noted());
     }
+    std::uintmax_t most = 0;
     while (answers.size() < asked) {
         loop.Turn();
         std::error_code none;

@@ -19,49 +19,48 @@ TEST_P(Sweep, LeavesNothingByHalf) {
     for (bool happened = true; happened; ++faults) {
         SCOPED_TRACE(faults);
         TestFolder folder;
-        auto spec = Lines(folder.Path("ledger.db"));
-        spec.vfs = FaultVfs::Name;
+        const auto spec = Lines(folder.Path("ledger.db"), 2, FaultVfs::Name);
         std::vector<std::string> expected;
         if (stood) {
             InlineDatabase database;
-            database.Open(spec, nullptr);
-            database.Write([](Connection& file) { Say(file, "stood"); }, nullptr);
+            database.Open(Lines(spec.path), nullptr);
+            database.Write(Says({"stood"}), nullptr);
             expected.push_back("stood");
         }
-        spec.migrations = Lines("", 2).migrations;
         vfs.Arm(call, faults + 1, stays);
         {
             InlineDatabase database;
-            database.Open(spec, [&](OpenOutcome outcome, const std::string& words) {
+            database.Open(spec, [&](OpenOutcome outcome, const std::string&) {
                 EXPECT_NE(outcome, OpenOutcome::Damaged);
-                EXPECT_EQ(IsOpen(outcome), words.empty());
                 told += IsOpen(outcome) ? 0 : 1;
             });
-            for (const std::string text : {"a", "b", "c"})
-                database.Write(
-                    [&](Connection& file) {
-                        Say(file, text + "1" + std::string(9000, '.'));
-                        Say(file, text + "2");
-                    },
-                    [&](const DatabaseResult& result) {
-                        told += result.Ok() ? 0 : 1;
-                        if (!result.Ok()) return;
-                        expected.push_back(text + "1" + std::string(9000, '.'));
-                        expected.push_back(text + "2");
-                    });
+            for (const std::string text : {"a", "b", "c"}) {
+                const std::vector<std::string> two{text + std::string(9000, '.'), text};
+                database.Write(Says(two), [&](const DatabaseResult& result) {
+                    told += result.Ok() ? 0 : 1;
+                    if (result.Ok()) expected.insert(expected.end(), two.begin(), two.end());
+                });
+            }
         }
         happened = vfs.Heal();
-        InlineDatabase database;
-        database.Open(spec, [&](OpenOutcome outcome, const std::string& words) {
-            EXPECT_TRUE(IsOpen(outcome) && outcome != OpenOutcome::Damaged) << words;
-        });
-        const auto read = [&](Connection& file) { EXPECT_EQ(AllLines(file), expected); };
-        for (const auto& name : folder.Names()) EXPECT_FALSE(name.find(".part") < name.size()) << name;
-        database.Read(read, [](const DatabaseResult& result) { EXPECT_TRUE(result.Ok()) << result.words; });
+        const auto after = OpenConnection(spec, OpenMode::ReadWrite);
+        ASSERT_TRUE(after.connection && after.outcome != OpenOutcome::Damaged) << after.result.words;
+        EXPECT_EQ(AllLines(*after.connection), expected);
+        for (const auto& name : folder.Names()) EXPECT_FALSE(name.ends_with(".part")) << name;
     }
     EXPECT_GT(faults, 3);
     // Most locks that are busy once are tried again.
     EXPECT_TRUE(told > 0 || (call == Call::Lock && !stays));
+}
+
+TEST(Faults, KeepsNothingWithoutALog) {
+    FaultVfs vfs;
+    vfs.sharesMemory = false;
+    TestFolder folder;
+    const auto opened =
+        OpenConnection(Lines(folder.Path("ledger.db"), 1, FaultVfs::Name), OpenMode::ReadWrite);
+    EXPECT_EQ(opened.outcome, OpenOutcome::Failed);
+    EXPECT_NE(opened.result.words.find("log"), std::string::npos) << opened.result.words;
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, Sweep,

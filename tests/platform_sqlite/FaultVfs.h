@@ -32,6 +32,7 @@ class FaultVfs : private sqlite3_vfs {
     /// Nothing fails any more. True when something had.
     bool Heal() { return left.exchange(Healed) <= 0; }
     std::function<void()> onSync; ///< in the place of every sync
+    bool sharesMemory = true;     ///< which a write-ahead log needs
 
   private:
     struct File : sqlite3_file {
@@ -108,7 +109,12 @@ inline int FaultVfs::OpenFile(const char* name, sqlite3_file* file, int flags, i
     own->owner = this;
     if (Fails(Call::Open)) return SQLITE_CANTOPEN;
     const int code = real->xOpen(real, name, own->Real(), flags, out);
-    if (code == SQLITE_OK) own->pMethods = &Methods();
+    static const auto poor = [] {
+        auto methods = Methods();
+        methods.iVersion = 1;
+        return methods;
+    }();
+    if (code == SQLITE_OK) own->pMethods = sharesMemory ? &Methods() : &poor;
     return code;
 }
 

@@ -24,9 +24,9 @@ struct TestFolder {
     ~TestFolder() { std::filesystem::remove_all(path); }
 
     std::string Path(const std::string& name) const { return path / name; }
-    std::set<std::string> Names() const {
+    std::set<std::string> Names(const std::string& below = "") const {
         std::set<std::string> names;
-        for (const auto& each : std::filesystem::directory_iterator(path))
+        for (const auto& each : std::filesystem::directory_iterator(path / below))
             names.insert(each.path().filename());
         return names;
     }
@@ -45,17 +45,24 @@ struct TestFolder {
 constexpr std::int64_t Today = 1'795'478'400; // 2026-11-24
 
 /// A table of lines, to which version 2 adds whose they are.
-inline DatabaseSpec Lines(const std::string& path, std::size_t version = 1) {
+inline DatabaseSpec Lines(const std::string& path, std::size_t version = 1, const std::string& vfs = "") {
     std::vector<std::string> steps{
         "CREATE TABLE line (id INTEGER PRIMARY KEY, text TEXT NOT NULL UNIQUE) STRICT;",
         "CREATE TABLE person (name TEXT PRIMARY KEY) STRICT;"
         "ALTER TABLE line ADD COLUMN who TEXT REFERENCES person;"};
     steps.resize(version);
-    return {path, 0x48616C79, steps, {"line"}, Today, ""};
+    return {path, 0x48616C79, steps, {"line"}, Today, vfs};
 }
 
-inline void Say(Connection& file, const std::string& text) {
-    file.Prepare("INSERT INTO line (text) VALUES (?)").Bind(1, text).Step();
+inline Database::Job Runs(const std::string& sql) {
+    return [sql](Connection& file) { file.Execute(sql); };
+}
+
+inline Database::Job Says(const std::vector<std::string>& lines) {
+    return [lines](Connection& file) {
+        for (const auto& line : lines)
+            file.Prepare("INSERT INTO line (text) VALUES (?)").Bind(1, line).Step();
+    };
 }
 
 inline std::vector<std::string> AllLines(Connection& file) {
