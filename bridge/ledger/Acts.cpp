@@ -258,6 +258,13 @@ const char* ListWord(ListName list) {
     return "";
 }
 
-std::string RuleName(RuleKind rule, const std::string& entry) { return Joined(RuleWord(rule), entry); }
+std::string EntryName(const std::string& entry) {
+    constexpr std::string_view forgotten = "\xEE\x80\x80p";
+    return entry.starts_with(forgotten) ? "stone " + entry.substr(forgotten.size()) : entry;
+}
+
+std::string RuleName(RuleKind rule, const std::string& entry) {
+    return Joined(RuleWord(rule), EntryName(entry));
+}
 
 } // namespace halyard

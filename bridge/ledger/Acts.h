@@ -36,7 +36,7 @@ struct ActRow {
     std::string line;  ///< what was said before it; empty when nothing was, or the text has gone
     std::string reason;
     ListName list = ListName::None;
-    std::string entry; ///< of a list act, or the option's key
+    std::string entry; ///< of a list act, the option's key, or the file of a load
     ActOutcome outcome = ActOutcome::Open;
     std::string outcomeWords; ///< "accepted", "refused (0x0005)", "waiting"
     std::int64_t undoes = 0;  ///< the act that it takes back, 0 for none
@@ -63,6 +63,8 @@ const char* RuleWord(RuleKind rule);
 RuleKind RuleOfWord(std::string_view word);
 /// "autobans", "eject list"; "options" for None.
 const char* ListWord(ListName list);
+/// An entry of the file as people know it: that which held a forgotten name is "stone 17".
+std::string EntryName(const std::string& entry);
 /// "autoword *sp4m*"; the kind alone for a rule without entries.
 std::string RuleName(RuleKind rule, const std::string& entry);
 
