@@ -25,6 +25,15 @@ std::unique_ptr<Timer> QtPlatform::NewTimer() { return std::make_unique<QtTimerA
 
 std::unique_ptr<Http> QtPlatform::NewHttp() { return std::make_unique<QtHttp>(&keeper); }
 
+std::unique_ptr<Database> QtPlatform::NewDatabase() {
+    if (!databases) return nullptr;
+    return databases([this](std::function<void()> work) {
+        QMetaObject::invokeMethod(&keeper, std::move(work), Qt::QueuedConnection);
+    });
+}
+
 std::int64_t QtPlatform::CalendarSeconds() { return QDateTime::currentSecsSinceEpoch(); }
+
+std::int64_t QtPlatform::CalendarMilliseconds() { return QDateTime::currentMSecsSinceEpoch(); }
 
 } // namespace halyard

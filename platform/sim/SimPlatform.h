@@ -11,6 +11,7 @@
 #include "platform/sim/SimWorld.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace halyard {
@@ -26,17 +27,21 @@ class SimPlatform : public Platform {
     ScriptedDialogs dialogs;
     SimDesktop desktop;
     SimTicks ticks;
+    /// What makes its databases, which answer at once; empty: it has none.
+    std::function<std::unique_ptr<Database>()> databases;
 
     std::unique_ptr<Socket> NewSocket() override;
     std::unique_ptr<SocketServer> NewServer() override;
     std::unique_ptr<Timer> NewTimer() override;
     std::unique_ptr<Http> NewHttp() override;
+    std::unique_ptr<Database> NewDatabase() override { return databases ? databases() : nullptr; }
     Random& RandomSource() override { return random; }
     Files& FileSystem() override { return disk; }
     Dialogs& Boxes() override { return dialogs; }
     Desktop& DesktopShell() override { return desktop; }
     std::int64_t Milliseconds() override { return world.Now(); }
-    std::int64_t CalendarSeconds() override { return 1'800'000'000 + world.Now() / 1000; }
+    std::int64_t CalendarSeconds() override { return CalendarMilliseconds() / 1000; }
+    std::int64_t CalendarMilliseconds() override { return 1'800'000'000'000 + world.Now(); }
 
   private:
     SimWorld& world;
