@@ -43,6 +43,15 @@ bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const
            ToInt16(fields[Exchange]) == intExchange && ToInt16(fields[Instance]) == intInstance;
 }
 
+TimeBanFields ReadTimeBan(const std::string& strRecord) {
+    constexpr std::int64_t ticksOfMinute = 61;
+    const auto fields = Fields(strRecord);
+    const auto minutes = RoundToInt32(Val(fields[MinutesLeft])).value_or(0);
+    const auto seconds = RoundToInt32(Val(fields[SecondsLeft])).value_or(0);
+    const auto left = minutes <= 0 ? 1 : (minutes - 1) * ticksOfMinute + seconds + 2;
+    return {fields[User], fields[Room], ToInt16(fields[Exchange]).value_or(0), left};
+}
+
 TimeBanTick TickTimeBan(const std::string& strRecord) {
     auto fields = Fields(strRecord);
     const double minutes = Val(fields[MinutesLeft]);

@@ -17,6 +17,14 @@ std::string NewTimeBan(const std::string& strUser, const std::string& strChatNam
 bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const std::string& strChatName,
                  std::int16_t intExchange, std::int16_t intInstance);
 
+/// A record in its parts, as far as somebody wants to know when it ends.
+struct TimeBanFields {
+    std::string user, room;
+    std::int16_t exchange = 0;
+    std::int64_t secondsLeft = 0; ///< until the ban is lifted
+};
+TimeBanFields ReadTimeBan(const std::string& strRecord);
+
 /// What one second does to a record: it counts on, or it is over and the ban must be lifted.
 struct TimeBanTick {
     std::string record; ///< the record to keep; empty when it is over

@@ -47,6 +47,17 @@ void Ledger::Start(const std::string& path, const std::string& version) {
     queue.Open(path, version);
 }
 
+void Ledger::Read(Database::Job job, Database::Done done) {
+    auto* records = Records();
+    if (!records) return done({DatabaseFault::Failed, "the ledger isn't open"});
+    Flush();
+    // Behind what was handed in before it.
+    records->Write([](Connection&) {},
+                   [records, job = std::move(job), done = std::move(done)](const DatabaseResult&) mutable {
+                       records->Read(std::move(job), std::move(done));
+                   });
+}
+
 void Ledger::KeepEvidence(bool on) {
     auto& told = options.Control().Tell().lines;
     if (on)

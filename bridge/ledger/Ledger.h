@@ -42,6 +42,9 @@ class Ledger : public News {
     void KeepEvidence(bool on);
     /// Writes all that was told, also what waits to be told as one.
     void Flush() { queue.Flush(); }
+    /// Reads what has been told up to now, and what stood in the file before; see Database::Read. While the
+    /// file isn't open `done` is told so at once.
+    void Read(Database::Job job, Database::Done done);
     /// For reading and keeping; null while the file isn't open.
     Database* Records() { return queue.Records(); }
 

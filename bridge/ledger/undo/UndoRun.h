@@ -5,6 +5,7 @@
 // off. The bridge owns the one, as a listener of the desk's news.
 
 #include "base/News.h"
+#include "bridge/ledger/UndoPlan.h"
 #include "platform/Timer.h"
 
 #include <cstdint>
@@ -18,6 +19,7 @@ namespace halyard {
 
 class Chats;
 class Doors;
+class Ledger;
 class Platform;
 class TillerSock;
 
@@ -41,24 +43,23 @@ struct UndoneTask {
     std::string why; ///< of one that failed, in words
 };
 
+/// What is ticked of the plan, in the plan's order.
+std::vector<UndoTask> TasksOf(const UndoPlan& plan);
+
 class UndoRun : public News {
   public:
     static constexpr std::int64_t ReplyLimit = 30'000; ///< ms
     static constexpr std::int64_t BanLimit = 60'000; ///< ms for which a ban that has no answer is waited for
     static constexpr std::int64_t ShortestPause = 2000; ///< ms between two requests
 
-    struct Hands {
-        /// A step is over. Told before the next begins.
-        std::function<void(const UndoneTask&)> stepDone;
-        /// All of them are over, or the run was stopped.
-        std::function<void()> done;
-    };
     /// All outlive it.
-    UndoRun(Platform& platform, TillerSock& control, Doors& doors, Hands hands);
+    UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger);
 
+    /// All tasks are over, or the run was stopped.
+    using Done = std::function<void(const std::vector<UndoneTask>&)>;
     /// `act` is the number of the undo itself, which is the cause of all that it does. False while a run is
     /// under way.
-    bool Start(std::int64_t act, std::vector<UndoTask> steps);
+    bool Start(std::int64_t act, std::vector<UndoTask> steps, Done done);
     /// What is not yet asked for is left as it is.
     void Stop();
     bool Running() const { return running; }
@@ -87,16 +88,18 @@ class UndoRun : public News {
     Platform& platform;
     TillerSock& control;
     Doors& doors;
-    Hands hands;
+    Ledger& ledger;
+    Done done;
     std::unique_ptr<Timer> timer;
     std::vector<UndoneTask> steps;
     std::size_t at = 0;
     bool running = false;
     bool entryStands = false;   ///< an entry could not be taken off
     std::int64_t stepSince = 0; ///< when the step at `at` began to wait, ms
-    std::string number;         ///< of the undo's act, the entry of its cause
-    std::int64_t askedAt = 0;   ///< the last request, ms
-    std::int32_t asking = 0;    ///< its id, 0 while none is open
+    std::int64_t undo = 0;
+    std::string number;       ///< of the undo's act, the entry of its cause
+    std::int64_t askedAt = 0; ///< the last request, ms
+    std::int32_t asking = 0;  ///< its id, 0 while none is open
     std::int16_t askingIn = 0;
     bool listening = false; ///< while UnbanUser runs
     std::string heldUpBy;

@@ -1,7 +1,8 @@
-#include "bridge/ledger/UndoRun.h"
+#include "bridge/ledger/undo/UndoRun.h"
 
 #include "base/Text.h"
 #include "bridge/Doors.h"
+#include "bridge/ledger/Ledger.h"
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Platform.h"
@@ -32,23 +33,62 @@ bool IsBeingBanned(const TillerSock& control, const Chats& room, const std::stri
            std::any_of(control.RequestIDs.begin(), control.RequestIDs.end(), isOf);
 }
 
+/// What is told meanwhile takes the act back.
+class TakingBack {
+  public:
+    TakingBack(Ledger& ledger, std::int64_t undo, std::int64_t act) : ledger(ledger) {
+        ledger.TakeBack(undo, act);
+    }
+    ~TakingBack() { ledger.TakeBack(0, 0); }
+    TakingBack(const TakingBack&) = delete;
+    TakingBack& operator=(const TakingBack&) = delete;
+
+  private:
+    Ledger& ledger;
+};
+
+UndoTask::What WhatOf(UndoStep step) {
+    if (step == UndoStep::TakeOff) return UndoTask::What::RemoveEntry;
+    if (step == UndoStep::PutBack) return UndoTask::What::AddEntry;
+    return step == UndoStep::SetBack ? UndoTask::What::SetOption : UndoTask::What::Readmit;
+}
+
+void AddTasks(std::vector<UndoTask>& tasks, const UndoItem& item) {
+    if (!item.ticked || item.step == UndoStep::Nothing) return;
+    UndoTask task{WhatOf(item.step), item.act,  item.name,    item.before.value_or(""),
+                  item.list,         item.room, item.exchange};
+    if (item.step == UndoStep::Unban) return tasks.push_back(task);
+    for (const auto& entry : item.entries) {
+        task.name = entry;
+        tasks.push_back(task);
+    }
+}
+
 } // namespace
 
-UndoRun::UndoRun(Platform& platform, TillerSock& control, Doors& doors, Hands hands)
-    : platform(platform), control(control), doors(doors), hands(std::move(hands)),
-      timer(platform.NewTimer()) {
+std::vector<UndoTask> TasksOf(const UndoPlan& plan) {
+    std::vector<UndoTask> tasks;
+    for (const auto& item : plan.first) AddTasks(tasks, item);
+    for (const auto& item : plan.items) AddTasks(tasks, item);
+    return tasks;
+}
+
+UndoRun::UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger)
+    : platform(platform), control(control), doors(doors), ledger(ledger), timer(platform.NewTimer()) {
     timer->SetInterval(Look);
     timer->onTick = [this] { Go(); };
 }
 
-bool UndoRun::Start(std::int64_t act, std::vector<UndoTask> wanted) {
+bool UndoRun::Start(std::int64_t act, std::vector<UndoTask> wanted, Done whenDone) {
     if (running) return false;
+    done = std::move(whenDone);
     std::stable_partition(wanted.begin(), wanted.end(),
                           [](const UndoTask& step) { return step.what != UndoTask::What::Readmit; });
     steps.clear();
     for (auto& step : wanted) steps.push_back({std::move(step), UndoOutcome::Waiting, {}});
     at = 0;
     stepSince = platform.Milliseconds();
+    undo = act;
     number = std::to_string(act);
     entryStands = false;
     asking = 0;
@@ -89,7 +129,8 @@ void UndoRun::Go() {
 
 void UndoRun::ByDoor(UndoneTask& done) {
     const auto& step = done.step;
-    const CauseScope undo(control.Tell(), {.kind = CauseKind::Undo, .entry = number});
+    const CauseScope cause(control.Tell(), {.kind = CauseKind::Undo, .entry = number});
+    const TakingBack scope(ledger, undo, step.act);
     bool worked = false;
     if (step.what == UndoTask::What::RemoveEntry) worked = doors.RemoveEntry(step.list, step.name);
     if (step.what == UndoTask::What::AddEntry) worked = doors.AddEntry(step.list, step.name);
@@ -110,7 +151,8 @@ void UndoRun::Readmit(UndoneTask& done) {
     if (!heldUpBy.empty()) return;
     askedAt = platform.Milliseconds();
     listening = true;
-    const CauseScope undo(control.Tell(), {.kind = CauseKind::Undo, .entry = number});
+    const CauseScope cause(control.Tell(), {.kind = CauseKind::Undo, .entry = number});
+    const TakingBack scope(ledger, undo, step.act);
     const auto outcome = control.UnbanUser(step.name, BanKind::UnbanKick, room->ChatIndex);
     listening = false;
     if (outcome != BanOutcome::Asked) Finish(UndoOutcome::Failed, "the request wasn't made");
@@ -139,7 +181,6 @@ void UndoRun::Finish(UndoOutcome outcome, const std::string& why) {
     step.why = why;
     ++at;
     stepSince = platform.Milliseconds();
-    if (hands.stepDone) hands.stepDone(step);
     if (onChange) onChange();
 }
 
@@ -148,8 +189,8 @@ void UndoRun::End() {
     asking = 0;
     heldUpBy.clear();
     timer->SetEnabled(false);
-    if (hands.done) hands.done();
     if (onChange) onChange();
+    if (const auto whenDone = std::exchange(done, nullptr)) whenDone(steps);
 }
 
 void UndoRun::BanWanted(std::int16_t room, std::int32_t id, BanKind, const std::string&) {

@@ -1,4 +1,4 @@
-#include "bridge/ledger/PacedMessages.h"
+#include "bridge/ledger/answers/PacedMessages.h"
 
 #include "base/Text.h"
 #include "oscar/TillerSock.h"

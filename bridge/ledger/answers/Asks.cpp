@@ -1,4 +1,4 @@
-#include "bridge/ledger/Asks.h"
+#include "bridge/ledger/answers/Asks.h"
 
 #include "base/Text.h"
 

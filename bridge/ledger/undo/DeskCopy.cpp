@@ -1,4 +1,4 @@
-#include "bridge/ledger/DeskCopy.h"
+#include "bridge/ledger/undo/DeskCopy.h"
 
 #include "base/IndexedList.h"
 #include "base/Text.h"
