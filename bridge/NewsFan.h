@@ -15,6 +15,8 @@ class NewsFan : public News {
   public:
     /// `listener` outlives the fan, or is taken out before it goes. It hears from the next fact on.
     void Add(News& listener);
+    /// One who hears each fact before the others, who may act upon it; null for none.
+    void SetFirst(News* listener) { first = listener; }
     void Remove(News& listener);
 
     void SignOnStage(const std::string& text) override { Pass(&News::SignOnStage, text); }
@@ -77,6 +79,7 @@ class NewsFan : public News {
   private:
     template <typename... Parameters, typename... Values>
     void Pass(void (News::*fact)(Parameters...), const Values&... values) {
+        if (first) (first->*fact)(values...);
         ++passing;
         for (std::size_t index = 0, count = listeners.size(); index < count; ++index)
             if (auto* listener = listeners[index]) (listener->*fact)(values...);
@@ -84,6 +87,7 @@ class NewsFan : public News {
     }
     void DropRemoved();
 
+    News* first = nullptr;
     std::vector<News*> listeners; ///< null for one that went while a fact was passed on
     int passing = 0;
 };

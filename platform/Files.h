@@ -22,9 +22,19 @@ class OutputFile {
     virtual bool Close() = 0;
 };
 
+/// Held by one program at a time. Destroying it lets go.
+class HeldFile {
+  public:
+    virtual ~HeldFile() = default;
+};
+
 class Files {
   public:
     virtual ~Files() = default;
+
+    /// Takes the lock of a file, which is made where there is none, and writes `who` into it for people to
+    /// read. Null when another program holds it, or the file can't be had. A program that dies lets go.
+    virtual std::unique_ptr<HeldFile> Hold(const std::string& path, const std::string& who) = 0;
 
     /// True when `path` names a file: not a folder, not a device.
     virtual bool Exists(const std::string& path) = 0;

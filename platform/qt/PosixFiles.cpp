@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
+#include <sys/file.h>
 #include <vector>
 
 namespace halyard {
@@ -114,6 +115,18 @@ std::unique_ptr<OutputFile> PosixFiles::Create(const std::string& path) {
     Descriptor file(ToUtf8(path), O_WRONLY | O_CREAT | O_TRUNC, S_IRUSR | S_IWUSR);
     if (!file.IsPlainFile()) return nullptr;
     return std::make_unique<PosixOutputFile>(std::move(file));
+}
+
+std::unique_ptr<HeldFile> PosixFiles::Hold(const std::string& path, const std::string& who) {
+    struct Held : HeldFile {
+        explicit Held(Descriptor opened) : file(std::move(opened)) {}
+        Descriptor file;
+    };
+    Descriptor file(ToUtf8(path), O_RDWR | O_CREAT, S_IRUSR | S_IWUSR);
+    if (!file.IsPlainFile() || flock(file.Number(), LOCK_EX | LOCK_NB) != 0) return nullptr;
+    // What it says is for people alone.
+    if (ftruncate(file.Number(), 0) != 0 || write(file.Number(), who.data(), who.size()) < 0) return nullptr;
+    return std::make_unique<Held>(std::move(file));
 }
 
 std::unique_ptr<OutputFile> PosixFiles::CreateNew(const std::string& path, const std::string& like) {

@@ -9,6 +9,7 @@ namespace halyard {
 
 class PosixFiles : public Files {
   public:
+    std::unique_ptr<HeldFile> Hold(const std::string& path, const std::string& who) override;
     bool Exists(const std::string& path) override;
     std::optional<std::string> Read(const std::string& path, std::size_t limit) override;
     std::unique_ptr<OutputFile> Create(const std::string& path) override;

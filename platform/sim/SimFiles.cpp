@@ -57,6 +57,18 @@ void SimFiles::Crash(Cut cut) {
     stopped = false;
 }
 
+std::unique_ptr<HeldFile> SimFiles::Hold(const std::string& path, const std::string&) {
+    struct Held : HeldFile {
+        Held(std::shared_ptr<std::set<std::string>> all, std::string path)
+            : all(std::move(all)), path(std::move(path)) {}
+        ~Held() override { all->erase(path); }
+        std::shared_ptr<std::set<std::string>> all;
+        std::string path;
+    };
+    if (!held->insert(path).second) return nullptr;
+    return std::make_unique<Held>(held, path);
+}
+
 void SimFiles::Put(const std::string& path, std::string_view bytes) {
     AddFolders(FolderOf(path));
     auto file = std::make_shared<File>(File{std::string(bytes), std::string(bytes)});

@@ -47,6 +47,7 @@ class SimFiles : public Files {
     /// The paths of all files, sorted.
     std::set<std::string> Paths() const;
 
+    std::unique_ptr<HeldFile> Hold(const std::string& path, const std::string& who) override;
     bool Exists(const std::string& path) override { return names.contains(path); }
     std::optional<std::string> Read(const std::string& path, std::size_t limit) override;
     std::unique_ptr<OutputFile> Create(const std::string& path) override;
@@ -86,6 +87,7 @@ class SimFiles : public Files {
     std::set<std::string> folders;
     std::set<std::string> locked;
     std::set<std::string> shown;
+    std::shared_ptr<std::set<std::string>> held = std::make_shared<std::set<std::string>>();
     int epoch = 0;
     int failing = 0;
     int stopping = 0;

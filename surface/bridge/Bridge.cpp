@@ -32,7 +32,7 @@ Bridge::Bridge(frmMain& main)
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
-      main(main) {
+      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -77,6 +77,7 @@ void Bridge::Start() {
     Theme()(foot.lstTold);
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
+    ledger.Take(file.Ledger());
     chosen.Follow(Options::FileUse::Read, {});
 }
 
@@ -90,6 +91,7 @@ bool Bridge::MayLogin(ConnectionPanel::By by) {
     if (!chosen.MayLogin(by)) return false;
     window.check.GiveWay();
     Enforce(chosen.OfSignOn());
+    ledger.SetNetwork(chosen.OfSignOn());
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include "bridge/networks/enforcement/Enforcement.h"
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
+#include "surface/bridge/LedgerDesk.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 
@@ -39,6 +40,7 @@ class Bridge : private News {
     NetworkWindow window;
     BanAnswers answers;
     Enforcement enforcement;
+    LedgerDesk ledger;
 
   private:
     void BindControls();
