@@ -23,12 +23,6 @@ void Worker::Finish() {
     if (thread.joinable()) thread.join();
 }
 
-void Worker::Drop() {
-    std::deque<Task> dropped;
-    const std::lock_guard held(mutex);
-    dropped.swap(tasks);
-}
-
 /// Waits for a task. False when the thread is to end.
 bool Worker::Next(std::unique_lock<std::mutex>& held) {
     const auto due = [this] { return ending || !tasks.empty(); };
