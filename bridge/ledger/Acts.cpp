@@ -70,6 +70,7 @@ std::string OutcomeWords(ActOutcome outcome, std::int64_t code, bool asked) {
         case DropReason::NoRoom: return "dropped: the room wasn't open";
         case DropReason::Rated: return "dropped: the room was rate-limited";
         case DropReason::Cleared: return "dropped: the queue was emptied";
+        case DropReason::Locked: return "dropped: a locked ban holds them";
         }
         return "dropped";
     case ActOutcome::Lost: return "lost with its connection";

@@ -9,7 +9,7 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t LongestNote = 1000;
-constexpr std::size_t LongestName = 100;
+constexpr std::size_t LongestAsked = 100;
 
 /// Takes the first word, or what stands in quotes, off the front of `text`.
 std::string TakeWord(std::string_view& text) {
@@ -42,7 +42,7 @@ std::optional<std::int64_t> NumberOf(std::string_view digits) {
 
 /// `word` is what stands behind the command. False when the command doesn't go on so.
 bool TakeFirst(Ask& ask, const std::string& word) {
-    const bool isName = !NormalizeName(word).empty() && word.size() <= LongestName;
+    const bool isName = !NormalizeName(word).empty() && word.size() <= LongestAsked;
     if (isName) ask.name = word;
     if (ask.what == Ask::What::Why || ask.what == Ask::What::Note) return isName;
     if (word.empty()) return true;
