@@ -11,8 +11,8 @@ namespace halyard {
 
 LedgerDesk::Parts::Parts(frmMain& main, Doors& doors)
     : ledger(main.Context().platform, main.options),
-      undo(main.Context().platform, main.Control(), doors, ledger),
       messages(main.Context().platform, main.Control()),
+      undo(main.Context().platform, main.Control(), doors, ledger, messages),
       answers(main.Context().platform, main.options, ledger, undo, messages),
       appeals(main.Context().platform, main.Control(), ledger, messages) {}
 
@@ -48,7 +48,7 @@ void LedgerDesk::Begin() {
     if (!folder)
         return tell("No ledger is kept here: another window has " + place + ", or it can't be written.");
     parts = std::make_unique<Parts>(main, doors);
-    auto& [ledger, undo, messages, answers, appeals] = *parts;
+    auto& [ledger, messages, undo, answers, appeals] = *parts;
     ledger.network = network;
     ledger.onTell = tell;
     appeals.onAppeal = [this](std::size_t count, const std::string& name) {

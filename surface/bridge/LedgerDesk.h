@@ -32,8 +32,8 @@ class LedgerDesk {
     struct Parts {
         Parts(frmMain& main, Doors& doors);
         Ledger ledger;
-        UndoRun undo;
         PacedMessages messages;
+        UndoRun undo;
         Answers answers;
         Appeals appeals;
     };

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "bridge/Doors.h"
 #include "bridge/ledger/Ledger.h"
+#include "bridge/ledger/answers/PacedMessages.h"
 #include "oscar/TillerSock.h"
 #include "oscar/wire/ModOscarFunctions.h"
 #include "platform/Platform.h"
@@ -73,14 +74,17 @@ std::vector<UndoTask> TasksOf(const UndoPlan& plan) {
     return tasks;
 }
 
-UndoRun::UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger)
-    : platform(platform), control(control), doors(doors), ledger(ledger), timer(platform.NewTimer()) {
+UndoRun::UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger,
+                 PacedMessages& messages)
+    : platform(platform), control(control), doors(doors), ledger(ledger), messages(messages),
+      timer(platform.NewTimer()) {
     timer->SetInterval(Look);
     timer->onTick = [this] { Go(); };
 }
 
 bool UndoRun::Start(std::int64_t act, std::vector<UndoTask> wanted, Done whenDone) {
     if (running) return false;
+    tells = false;
     done = std::move(whenDone);
     std::stable_partition(wanted.begin(), wanted.end(),
                           [](const UndoTask& step) { return step.what != UndoTask::What::Readmit; });
@@ -179,6 +183,8 @@ void UndoRun::Finish(UndoOutcome outcome, const std::string& why) {
     auto& step = steps[at];
     step.outcome = outcome;
     step.why = why;
+    if (tells && outcome == UndoOutcome::Done && step.step.what == UndoTask::What::Readmit)
+        messages.Send(step.step.name, "You can come back to " + step.step.room + ".");
     ++at;
     stepSince = platform.Milliseconds();
     if (onChange) onChange();

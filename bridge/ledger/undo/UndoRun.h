@@ -20,6 +20,7 @@ namespace halyard {
 class Chats;
 class Doors;
 class Ledger;
+class PacedMessages;
 class Platform;
 class TillerSock;
 
@@ -53,13 +54,15 @@ class UndoRun : public News {
     static constexpr std::int64_t ShortestPause = 2000; ///< ms between two requests
 
     /// All outlive it.
-    UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger);
+    UndoRun(Platform& platform, TillerSock& control, Doors& doors, Ledger& ledger, PacedMessages& messages);
 
     /// All tasks are over, or the run was stopped.
     using Done = std::function<void(const std::vector<UndoneTask>&)>;
     /// `act` is the number of the undo itself, which is the cause of all that it does. False while a run is
     /// under way.
     bool Start(std::int64_t act, std::vector<UndoTask> steps, Done done);
+    /// Whether those who are let in again are told so, by one instant message each. Off at each start.
+    void TellPersons(bool on) { tells = on; }
     /// What is not yet asked for is left as it is.
     void Stop();
     bool Running() const { return running; }
@@ -89,7 +92,9 @@ class UndoRun : public News {
     TillerSock& control;
     Doors& doors;
     Ledger& ledger;
+    PacedMessages& messages;
     Done done;
+    bool tells = false;
     std::unique_ptr<Timer> timer;
     std::vector<UndoneTask> steps;
     std::size_t at = 0;
