@@ -3,20 +3,6 @@
 
 namespace halyard {
 
-TEST(SignOn, HashedInEveryForm) {
-    for (const auto& salt : {DefaultSecrets().salt, std::string("AOL Instant Messenger (SM)")})
-        for (bool raw : {true, false}) {
-            Stage stage;
-            auto good = RawClient(stage).Hashed("Some One", "x", salt, raw);
-            EXPECT_EQ(good.id, 9u);
-            EXPECT_EQ(RawClient::Tlvs(good, 0x0001), "Some One");
-            EXPECT_EQ(RawClient::Tlvs(good, 0x0006).size(), 256u);
-            auto empty = RawClient(stage).Hashed("Some One", "", salt, raw);
-            EXPECT_EQ(StrToHex(RawClient::Tlvs(empty, 0x0008)), "0005") << salt << raw;
-            EXPECT_EQ(RawClient::Tlvs(empty, 0x0006), "");
-        }
-}
-
 TEST(SignOn, OneSaltAndOnePassword) {
     PracticeOptions options;
     options.salts = {SaltNamed("classic")};

@@ -73,50 +73,6 @@ TEST_F(Pacing, WhatPassesTheLimitWaitsForTheNextFiring) {
                                    "38.2 " + names("bdf") + " 4567", "46.4 " + names("ce") + " 4567"}));
 }
 
-// What one room made of the strings is what the next room gets.
-TEST_F(Pacing, StringsStayRewrittenForTheNextRoom) {
-    auto& other = OpenRoom("Annex", 4);
-    for (const char* key : {"banned", "help"}) {
-        std::string name = "a.b", text = "%p!";
-        for (auto* each : {&room, &other}) each->PrepareChatSend(name, "%p", text, "", key, "msg1");
-        EXPECT_EQ(name, "a  .  b");
-    }
-    Heard(Second(), "0 a . b!; 0 a  .  b!; 0 a . b!; 0 a . b!");
-}
-
-TEST_F(Pacing, TheNumberOfBansIsThatOfTheFirstListOfTheName) {
-    const auto sayBoth = [this] {
-        for (const char* key : {"banned", "autobanned"}) {
-            Send(room, key, "%p %d", "cid");
-            RunTo(Second() + 10);
-        }
-    };
-    sayBoth();
-    for (int exchange : {5, 4}) {
-        auto list = std::make_shared<EjectList>();
-        list->ChatName = "lob BY";
-        list->Exchange = static_cast<std::int16_t>(exchange);
-        for (int i = 0; i < exchange; ++i) list->AddEject("user" + std::to_string(i));
-        host.lists.Add(list);
-    }
-    sayBoth();
-    Heard(Second(), "0 cid 0; 10 cid %d; 20 cid 5; 30 cid 5");
-}
-
-TEST_F(Pacing, ClearingTheQueueEndsThePauses) {
-    for (const char* key : {"oped", "bl", "help"})
-        for (const char* name : {"1", "2"}) Send(room, key, "%p", name);
-    room.BanQueue.Add("waits");
-    room.ClearQueue(2);
-    EXPECT_EQ(room.MsgQueue.Count(), 2U);
-    room.ClearQueue(1);
-    for (const char* key : {"oped", "bl", "help"}) Send(room, key, "%p", "3");
-    Heard(Second(), "0 1; 0 1; 0 1; 0 3; 0 3; 0 3");
-    EXPECT_EQ(room.BanQueue.Count(), 1U);
-    room.ClearQueue(0);
-    EXPECT_EQ(room.BanQueue.Count(), 0U);
-}
-
 TEST_F(Pacing, ARoomThatEndsWhileItSpeaksIsSafe) {
     Sends("oped|Op: %p|ann; oped|Op: %p|bob; oped|Op: %p|cid");
     host.onSay = [this] { CloseRoom(1); };

@@ -47,19 +47,6 @@ TEST_F(RateState, NoticesOfBanning) {
     }
 }
 
-TEST_F(RateState, AClearedClassCountsFromTheStartAgainAndHalfMinutesAreGuardedLikeAnyText) {
-    room.SetUnratePause(30);
-    room.RateNotice(2, 1);
-    RunTo(40);
-    room.RateNotice(4, 1);
-    room.RateNotice(2, 1);
-    RunTo(170);
-    room.SetUnratePause(1);
-    RunTo(300); // the tick itself has run on
-    EXPECT_TRUE(Transcript()[4].starts_with("180 « 2 . 5 minutes has passed, ")) << Transcript()[4];
-    EXPECT_EQ(Transcript().back(), "180 unrated 0 thelobby 3");
-}
-
 TEST_F(RateState, WhileTalkingIsStoppedEverySendIsLost) {
     room.SetAutoUnrate(false);
     Send(room, "oped", "Op: %p", "ann");
@@ -74,19 +61,6 @@ TEST_F(RateState, WhileTalkingIsStoppedEverySendIsLost) {
     Heard(Second(), "0 Op: ann; 2 rated 1 The Lobby; 2 « Rated! --- Rate Class ID: 5, Features disabled: "
                     "Chat Messages -- Time disabled: 30 seconds »; 32 unrated 1 thelobby 3; 40 Op: bob");
     EXPECT_FALSE(room.tmrUnrate->Enabled());
-}
-
-// The tick is shared: talking comes back early when it already runs, and goes on ticking for banning.
-TEST_F(RateState, BothClassesShareTheTick) {
-    room.RateNotice(2, 1);
-    RunTo(20);
-    room.RateNotice(2, 5);
-    RunTo(30);
-    EXPECT_FALSE(room.IsRated(5));
-    EXPECT_TRUE(room.tmrUnrate->Enabled());
-    RunTo(60);
-    EXPECT_FALSE(room.IsRated(1));
-    EXPECT_EQ(Transcript().back(), "60 unrated 0 thelobby 3");
 }
 
 TEST_F(RateState, OtherClassesAndCodes) {
