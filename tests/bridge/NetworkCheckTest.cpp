@@ -325,6 +325,16 @@ TEST(NetworkCheck, ChangesNothingOfTheBotWhoseSessionItUses) {
     }
 }
 
+TEST(NetworkCheck, GivesWayToTheBot) {
+    CheckScene scene;
+    scene.check->Start(scene.Terms());
+    scene.world.RunFor(20);
+    scene.desk.Login("The Bot", "pw", 5190, true, false, "127.0.0.1");
+    scene.world.RunFor(5000);
+    EXPECT_EQ(scene.rows.back(), "doesn't Check: ended: the bot signs on itself");
+    EXPECT_TRUE(scene.done && scene.desk.LoggedOn());
+}
+
 TEST(HexLog, ShowsFramesAndNoSecrets) {
     // the channel, the body, and what is shown of it with "~" for what is left out
     const std::tuple<int, const char*, const char*> cases[] = {

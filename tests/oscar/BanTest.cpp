@@ -25,6 +25,38 @@ class BanWire : public Wire {
     Peer* room = nullptr;
 };
 
+TEST_F(BanWire, EveryKindOfReplyDoesWhatItsKindSays) {
+    int id = 0;
+    using Case = std::pair<const char*, std::string>;
+    for (const auto& [type, said] :
+         {Case{"gban", "Gbanned: gban, Bans: 1"}, Case{"ab", "Auto Banned: ab, matches: why, Bans: 2"},
+          Case{"aw", "Word Banned: aw, matches: why, Bans: 3"}, Case{"autogban", ""},
+          Case{"char", "Char Banned: char, Bans: 5"}, Case{"icq", "ICQ Banned: icq, Bans: 6"},
+          Case{"nonsense", ""}}) {
+        const auto kind = BanKindOf(type);
+        control.BanUser(type, kind.value_or(BanKind::Ban), 1, "why");
+        const auto key = std::to_string(++id);
+        if (!kind) control.RequestIDs.Remove(key), control.RequestIDs.Add("nonsense:1:1:bob:", key);
+        Sent();
+        Reply(id);
+        EXPECT_EQ(Sent(), said.empty() ? Lines{} : Lines{"\xAB " + said + " \xBB"}) << type;
+        world.RunFor(20000);
+    }
+    EXPECT_EQ(control.GetEjectList("DEN", 1).Count(), 6U);
+    EXPECT_EQ(control.RequestIDs.Count(), 0U);
+}
+
+TEST_F(BanWire, ATimeBanLiftsItself) {
+    control.TbanUser("bob", "Den", 4, 0, 1, 1);
+    Reply(1);
+    world.RunFor(80000);
+    Reply(2);
+    EXPECT_EQ(Sent(), (Lines{"ban 1 bob", "\xAB Time banned: bob for 1 minutes, Bans: 1\xBB",
+                             "\xAB 1 minutes passsed, bob has been unbanned \xBB", "unban 2 bob"}));
+    EXPECT_EQ(control.GetEjectList("den", 1).Count() + control.TimeBans.Count(), 0U);
+    EXPECT_FALSE(control.Timers().TimeBanTimer()->Enabled());
+}
+
 TEST_F(BanWire, RefusalsAreTold) {
     const std::tuple<const char*, const char*, Lines> cases[] = {
         {"ban", "48", {"\xAB Error: Ownership not acquired \xBB"}},

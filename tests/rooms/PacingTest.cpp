@@ -73,6 +73,46 @@ TEST_F(Pacing, WhatPassesTheLimitWaitsForTheNextFiring) {
                                    "38.2 " + names("bdf") + " 4567", "46.4 " + names("ce") + " 4567"}));
 }
 
+// What one room made of the strings is what the next room gets.
+TEST_F(Pacing, StringsStayRewrittenForTheNextRoom) {
+    auto& other = OpenRoom("Annex", 4);
+    for (const char* key : {"banned", "help"}) {
+        std::string name = "a.b", text = "%p!";
+        for (auto* each : {&room, &other}) each->PrepareChatSend(name, "%p", text, "", key, "msg1");
+        EXPECT_EQ(name, "a  .  b");
+    }
+    Heard(Second(), "0 a . b!; 0 a  .  b!; 0 a . b!; 0 a . b!");
+}
+
+TEST_F(Pacing, ClearingTheQueueEndsThePauses) {
+    room.BanQueue.Add("waits");
+    for (int type : {2, 1}) {
+        for (const char* key : {"oped", "bl", "help"})
+            for (const char* name : {"1", "2"}) Send(room, key, "%p", name);
+        room.ClearQueue(type);
+    }
+    for (const char* key : {"oped", "bl", "help"}) Send(room, key, "%p", "3");
+    Heard(Second(), "0 1; 0 1; 0 1; 0 3; 0 3; 0 3");
+    EXPECT_EQ(room.BanQueue.Count(), 1U);
+    room.ClearQueue(0);
+    EXPECT_EQ(room.BanQueue.Count(), 0U);
+}
+
+TEST_F(Pacing, BansGoOutAPauseApart) {
+    using Case = std::tuple<float, std::string, std::string>;
+    for (const auto& [pause, first, second] : {Case{.0001F, "0.001", "0.002"}, Case{59.5F, "59.5", "119"},
+                                               Case{60.F, "61", "122"}, Case{90.F, "91", "182"}}) {
+        room.SetBanPause(pause);
+        for (const char* name : {"bob", "cid"}) room.QueueBan(name, 3, 8, BanKind::Ban, "");
+        room.tmrBan->SetEnabled(true); // a first ban has gone out at once
+        host.transcript.clear();
+        host.zero = world.Now();
+        RunTo(Second() + 500);
+        EXPECT_EQ(Transcript(), (Lines{first + " store 8 ban:3:8:bob:", first + " ban 3 8 bob",
+                                       second + " store 8 ban:3:8:cid:", second + " ban 3 8 cid"}));
+    }
+}
+
 TEST_F(Pacing, ARoomThatEndsWhileItSpeaksIsSafe) {
     Sends("oped|Op: %p|ann; oped|Op: %p|bob; oped|Op: %p|cid");
     host.onSay = [this] { CloseRoom(1); };

@@ -63,6 +63,18 @@ TEST_F(RateState, WhileTalkingIsStoppedEverySendIsLost) {
     EXPECT_FALSE(room.tmrUnrate->Enabled());
 }
 
+// The tick is shared: talking comes back early when it already runs, and goes on ticking for banning.
+TEST_F(RateState, BothClassesShareTheTickAndAClearedOneCountsAnew) {
+    room.RateNotice(2, 1);
+    RunTo(20);
+    room.RateNotice(2, 5);
+    RunTo(40);
+    EXPECT_FALSE(room.IsRated(5));
+    for (int code : {4, 2}) room.RateNotice(code, 1);
+    RunTo(300);
+    EXPECT_EQ(Transcript().back(), "90 unrated 0 thelobby 3");
+}
+
 TEST_F(RateState, OtherClassesAndCodes) {
     room.RateNotice(2, 3);
     room.RateNotice(3, 3);

@@ -15,6 +15,19 @@ class Comeback : public DeskScene {
     bool AlertOpen() const { return window.reconnection.Alert.Loaded(); }
 };
 
+TEST_F(Comeback, TheAlertTellsTheWayBack) {
+    Allow(true, false, true);
+    SignOn();
+    for (const auto* room : {"lobby", "deck"}) Join(room);
+    world.network.RefuseConnects(1);
+    people.Drop("harbourbot");
+    Wait(40);
+    EXPECT_EQ(Alert(), "Connection to the main BOS server has been lost!\r\nAttempting re-connection...\r\n"
+                       "Failed to re-connect!\r\nAttempting again...\r\nRe-connedction successful!\r\n"
+                       "Attempting to rejoin chat 'lobby'\r\nSuccessfully rejoined chat 'lobby'!\r\n"
+                       "Attempting to rejoin chat 'deck'\r\nSuccessfully rejoined chat 'deck'!");
+}
+
 TEST(Loss, ARoomEnteredBetweenALossAndTheFirstAttemptComesBackToo) {
     int entered = 0;
     for (int milliseconds = 1; milliseconds <= 40; ++milliseconds) {
