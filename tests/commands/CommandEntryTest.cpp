@@ -66,18 +66,6 @@ TEST_F(CommandEntry, PermissionDigits) {
     Judge("unban al -> 38 judge; gban al -> ban al | 44 al=1; op al -> 1 al");
 }
 
-TEST_F(CommandEntry, NothingCountsDuringTheFirstJoin) {
-    auto slot = OpenRoom("Cellar", false);
-    options.WordBanAll = true;
-    transcript.clear();
-    Says("Judge", "status", 2);
-    engine.ChatMessage(99, "Judge", "status"); // a room that is gone
-    EXPECT_EQ(Taken(), Lines());
-    EXPECT_EQ(told, (Lines{"Judge: status", "Judge: status"})) << "consoles hear it all the same";
-    engine.ChatMessage(slot, "Judge", "help");
-    EXPECT_FALSE(Taken().empty());
-}
-
 TEST_F(CommandEntry, Ghosts) {
     Play("OnlineHost", "al rolled 2 dice -> # nothing while ghost bans are off");
     options.AutobanGhosts = true;

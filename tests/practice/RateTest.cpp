@@ -25,19 +25,4 @@ TEST_F(InRoom, AFastTalkerIsWarnedLimitedAndFreed) {
     EXPECT_EQ(network.People("r"), std::vector<std::string>{"Bot"});
 }
 
-TEST_F(InRoom, ALimitOnDemandHoldsUntilCleared) {
-    for (int classId : {0, 1, 6}) network.Levers().SetRate("r", "bot", classId, RateCode::Limit);
-    bot.chat->Wait();
-    EXPECT_EQ(bot.chat->Count("0001000A"), 1) << "there are five classes";
-    EXPECT_EQ(StrToHex(bot.chat->Last(1, 0x0A).body.substr(0, 4)), "00030001");
-    world.RunFor(600000);
-    bot.chat->Ask(0x0E, 0x24, Tlv(1, "bob"));
-    EXPECT_FALSE(network.IsBanned("r", "bob"));
-    bot.Say("chat is another class");
-    EXPECT_EQ(bot.chat->Count("000E0006"), 1);
-    network.Levers().SetRate("r", "bot", 1, RateCode::Clear);
-    bot.chat->Ask(0x0E, 0x24, Tlv(1, "bob"));
-    EXPECT_TRUE(network.IsBanned("r", "bob"));
-}
-
 } // namespace halyard

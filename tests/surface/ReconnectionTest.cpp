@@ -60,26 +60,6 @@ TEST_F(Comeback, TheAlertGoesWhenNoRoomIsLeftToGoBackTo) {
     EXPECT_FALSE(window.reconnection.tmrReconnect->Enabled());
 }
 
-TEST_F(Comeback, RoomsAreForgottenAfterASignOff) {
-    Allow(true, true, true);
-    SignOn();
-    Join("lobby");
-    world.network.faults.refuse = 1;
-    people.DropFromRoom("lobby", "harbourbot");
-    Wait(1);
-    people.Drop("harbourbot");
-    Wait(20);
-    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 1U);
-    Set(boxes.chkAutoLogin, false);
-    window.connection.cmdSignOff.Press();
-    Wait(30);
-    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
-    world.network.faults.refuse = 0;
-    SignOn();
-    Wait(20);
-    EXPECT_FALSE(network.IsInRoom("lobby", "harbourbot"));
-}
-
 TEST_F(Comeback, ASignOnThatFailsCanBeTriedAgainAtOnce) {
     people.RefuseNextSignOn(24);
     window.connection.cmdSignOn.Press();
