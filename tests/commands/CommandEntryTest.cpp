@@ -44,6 +44,9 @@ TEST_F(CommandEntry, OnlyOpsCommandAndOnlyCommandsCount) {
     Play("Bob", "status ->");
     Judge("hello everybody ->; /status ->; ban -> 39");
     EXPECT_EQ(counters.Kept(10), 1) << "commands given";
+    engine.ChatMessage(99, "Judge", "status"); // in a room that is gone
+    EXPECT_EQ(Taken(), Lines());
+    EXPECT_EQ(told.back(), "Judge: status") << "consoles hear it all the same";
     options.WordBanAll = true;
     EXPECT_EQ(Answers("Bob", "status").front(), "ban bob") << "what is no command is still looked at";
 }

@@ -60,6 +60,26 @@ TEST_F(Comeback, TheAlertGoesWhenNoRoomIsLeftToGoBackTo) {
     EXPECT_FALSE(window.reconnection.tmrReconnect->Enabled());
 }
 
+TEST_F(Comeback, RoomsAreForgottenAfterASignOff) {
+    Allow(true, true, true);
+    SignOn();
+    Join("lobby");
+    world.network.faults.refuse = 1;
+    people.DropFromRoom("lobby", "harbourbot");
+    Wait(1);
+    people.Drop("harbourbot");
+    Wait(20);
+    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 1U);
+    Set(boxes.chkAutoLogin, false);
+    window.connection.cmdSignOff.Press();
+    Wait(30);
+    EXPECT_EQ(window.reconnection.RejoinQueue.Count(), 0U);
+    world.network.faults.refuse = 0;
+    SignOn();
+    Wait(20);
+    EXPECT_FALSE(network.IsInRoom("lobby", "harbourbot"));
+}
+
 TEST_F(Comeback, ASignOnThatFailsCanBeTriedAgainAtOnce) {
     people.RefuseNextSignOn(24);
     window.connection.cmdSignOn.Press();
@@ -140,20 +160,6 @@ TEST_F(Comeback, TheQueueKnowsARoomHoweverItIsSpelled) {
                                            "\r\nSuccessfully rejoined chat 'The Lobby'!");
 }
 
-TEST_F(Comeback, ARequestThatNoFrameHoldsIsToldAndHangsNothingUp) {
-    SignOn();
-    boxes.txtChat.SetText("lobby");
-    boxes.txtEx.SetText("-4");
-    window.chats.cmdJoinChat.Press();
-    Wait(2);
-    EXPECT_EQ(window.chats.lblChatStatus.Caption(), "Join chat failed, unknown error.");
-    EXPECT_EQ(window.connection.lblConnectionInfo.Caption(), "Online!");
-    window.reconnection.ConnectionLost(NoSock, "no socket is free");
-    EXPECT_EQ(LastAction(), "no socket is free");
-    boxes.txtEx.SetText("4");
-    Join("lobby");
-}
-
 TEST_F(Comeback, JoinFailuresByCode) {
     auto& retry = *window.reconnection.tmrChatRejoin;
     auto& queue = window.reconnection.RejoinQueue;
@@ -179,6 +185,8 @@ TEST_F(Comeback, JoinFailuresByCode) {
     }
     window.reconnection.Error("no room", 1, "000E");
     EXPECT_EQ(LastAction(), "Chat service error: no room");
+    window.reconnection.ConnectionLost(NoSock, "no socket is free");
+    EXPECT_EQ(LastAction(), "no socket is free");
     window.reconnection.Error("rates", 1, "0005");
     EXPECT_EQ(window.chats.lblChatStatus.Caption(), "rates");
 }
