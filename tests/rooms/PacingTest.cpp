@@ -84,37 +84,33 @@ TEST_F(Pacing, StringsStayRewrittenForTheNextRoom) {
     Heard(Second(), "0 a . b!; 0 a  .  b!; 0 a . b!; 0 a . b!");
 }
 
-TEST_F(Pacing, TheNumberOfBansIsThatOfTheFirstListOfTheName) {
-    const auto sayBoth = [this] {
-        for (const char* key : {"banned", "autobanned"}) {
-            Send(room, key, "%p %d", "cid");
-            RunTo(Second() + 10);
-        }
-    };
-    sayBoth();
-    for (int exchange : {5, 4}) {
-        auto list = std::make_shared<EjectList>();
-        list->ChatName = "lob BY";
-        list->Exchange = static_cast<std::int16_t>(exchange);
-        for (int i = 0; i < exchange; ++i) list->AddEject("user" + std::to_string(i));
-        host.lists.Add(list);
-    }
-    sayBoth();
-    Heard(Second(), "0 cid 0; 10 cid %d; 20 cid 5; 30 cid 5");
-}
-
 TEST_F(Pacing, ClearingTheQueueEndsThePauses) {
-    for (const char* key : {"oped", "bl", "help"})
-        for (const char* name : {"1", "2"}) Send(room, key, "%p", name);
     room.BanQueue.Add("waits");
-    room.ClearQueue(2);
-    EXPECT_EQ(room.MsgQueue.Count(), 2U);
-    room.ClearQueue(1);
+    for (int type : {2, 1}) {
+        for (const char* key : {"oped", "bl", "help"})
+            for (const char* name : {"1", "2"}) Send(room, key, "%p", name);
+        room.ClearQueue(type);
+    }
     for (const char* key : {"oped", "bl", "help"}) Send(room, key, "%p", "3");
     Heard(Second(), "0 1; 0 1; 0 1; 0 3; 0 3; 0 3");
     EXPECT_EQ(room.BanQueue.Count(), 1U);
     room.ClearQueue(0);
     EXPECT_EQ(room.BanQueue.Count(), 0U);
+}
+
+TEST_F(Pacing, BansGoOutAPauseApart) {
+    using Case = std::tuple<float, std::string, std::string>;
+    for (const auto& [pause, first, second] : {Case{.0001F, "0.001", "0.002"}, Case{59.5F, "59.5", "119"},
+                                               Case{60.F, "61", "122"}, Case{90.F, "91", "182"}}) {
+        room.SetBanPause(pause);
+        for (const char* name : {"bob", "cid"}) room.QueueBan(name, 3, 8, BanKind::Ban, "");
+        room.tmrBan->SetEnabled(true); // a first ban has gone out at once
+        host.transcript.clear();
+        host.zero = world.Now();
+        RunTo(Second() + 500);
+        EXPECT_EQ(Transcript(), (Lines{first + " store 8 ban:3:8:bob:", first + " ban 3 8 bob",
+                                       second + " store 8 ban:3:8:cid:", second + " ban 3 8 cid"}));
+    }
 }
 
 TEST_F(Pacing, ARoomThatEndsWhileItSpeaksIsSafe) {

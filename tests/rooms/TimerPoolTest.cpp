@@ -35,21 +35,6 @@ TEST_F(Pool, SlotsFindTheirRoomAreReusedAndOnlyTheTopOneGoes) {
     EXPECT_EQ(pool.Count(), 16);
 }
 
-TEST_F(Pool, PingsComeUntilTheRoomGoes) {
-    std::vector<std::string> pings;
-    pool.onPing = [&](int intChatIndex) {
-        pings.push_back(NumberText(Second()) + " " + std::to_string(intChatIndex));
-    };
-    OpenRoom("A", 11);
-    RunTo(5);
-    OpenRoom("B", 12);
-    RunTo(20);
-    CloseRoom(1);
-    EXPECT_TRUE(pool.Slot(7)->Enabled()); // fires on without effect
-    RunTo(40);
-    EXPECT_EQ(pings, (Lines{"15 11", "20 12", "35 12"}));
-}
-
 TEST_F(Pool, ATakenSlotStartsStopped) {
     OpenRoom("A", 11);
     auto& room = OpenRoom("B", 12);

@@ -34,13 +34,6 @@ TEST_F(Statistics, CountsAsEachStatWantsIt) {
     EXPECT_EQ(shown(), "2000");
 }
 
-TEST_F(Statistics, KeepsTheLastTwentyActions) {
-    for (int number = 1; number <= 21; ++number) counters.AddAction("action " + std::to_string(number));
-    EXPECT_EQ(counters.lstActions.ListCount(), 20);
-    EXPECT_EQ(counters.lstActions.List(0), "action 2");
-    EXPECT_EQ(counters.lstActions.Text(), "action 21");
-}
-
 TEST_F(Statistics, FileIsWrittenInItsOrderAndTakenBack) {
     EXPECT_TRUE(file.Load()) << "there is none yet";
     for (int index = 7; index <= 20; ++index) counters.SetKept(index, index * 1000.5);

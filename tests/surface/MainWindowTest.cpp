@@ -33,14 +33,6 @@ TEST_F(MainWindow, EveryControlHasItsOwnNameAndTheThemesColours) {
                                                   "M\r\nE\r\nN\r\nU");
 }
 
-TEST_F(MainWindow, OnePanelIsSeen) {
-    for (std::size_t chosen = 0; chosen < 7; ++chosen) {
-        window.menus.mnuPanels[chosen].Click();
-        for (std::size_t panel = 0; panel < 7; ++panel)
-            EXPECT_EQ(window.FrameTabs[panel].Visible(), panel == chosen);
-    }
-}
-
 TEST_F(MainWindow, TheMenuSlidesInAndStopsWhileMinimised) {
     auto& slide = window.slide;
     std::string popups;

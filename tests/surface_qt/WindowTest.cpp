@@ -39,6 +39,8 @@ TEST_F(Windows, ReachEveryPartByTab) {
         Choose(bot.menus.mnuPanels[static_cast<std::size_t>(panel)].Name.c_str());
         auto& page = Find<QWidget>(bot.FrameTabs[static_cast<std::size_t>(panel)].Name.c_str());
         EXPECT_TRUE(page.isVisible());
+        for (int other = 0; other < 7; ++other)
+            EXPECT_EQ(bot.FrameTabs[static_cast<std::size_t>(other)].Visible(), other == panel) << other;
         std::set<QWidget*> met;
         for (int step = 0; step < 60 && QApplication::focusWidget(); ++step) {
             met.insert(QApplication::focusWidget());
