@@ -14,11 +14,11 @@
 
 namespace halyard {
 
-class Connection;
+class PracticeConnection;
 
 struct RoomMember {
     std::string name;
-    Connection* connection; ///< null for a person of the script
+    PracticeConnection* connection; ///< null for a person of the script
 };
 
 struct Room {
