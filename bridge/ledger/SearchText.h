@@ -34,6 +34,10 @@ struct Search {
     std::optional<std::int64_t> since; ///< ms UTC, at this moment or later
     std::optional<std::int64_t> until; ///< before this moment
     std::optional<std::int64_t> act;   ///< the number of the one act
+    // What no text asks for: rows that are known, two of persons and one of rules; 0 asks nothing.
+    std::int64_t personRow = 0;
+    std::int64_t opRow = 0;
+    std::int64_t ruleRow = 0;
 };
 
 struct SearchMistake {
