@@ -20,7 +20,7 @@ endfunction()
 
 halyard_program(halyard-practice NEEDS halyard_practice halyard_platform_qt)
 halyard_program(halyard-tour NEEDS halyard_tour)
-halyard_program(halyard NEEDS halyard_surface_qt)
+halyard_program(halyard NEEDS halyard_surface_qt $<TARGET_NAME_IF_EXISTS:halyard_platform_sqlite>)
 
 # The tour's scene and settings lie beside its program.
 file(COPY ${CMAKE_SOURCE_DIR}/tour/den.txt ${CMAKE_SOURCE_DIR}/tour/Tour.hys

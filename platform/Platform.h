@@ -35,6 +35,8 @@ class Platform {
     virtual std::int64_t Milliseconds() = 0;
     /// Seconds since 1970 by the machine's calendar clock, which may be set and go back; for what is kept.
     virtual std::int64_t CalendarSeconds() = 0;
+    /// The same clock in milliseconds.
+    virtual std::int64_t CalendarMilliseconds() = 0;
 };
 
 } // namespace halyard

@@ -3,6 +3,9 @@
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/widgets/QtDesktop.h"
 #include "platform/qt/widgets/QtDialogs.h"
+#ifdef HALYARD_SQLITE
+#include "platform/sqlite/SqliteDatabase.h"
+#endif
 #include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "surface/qt/AppLook.h"
@@ -17,6 +20,11 @@ int main(int argc, char** argv) {
     auto shell = std::make_unique<halyard::QtDesktop>();
     auto& desktop = *shell;
     halyard::QtPlatform platform(std::make_unique<halyard::QtDialogs>(), std::move(shell));
+#ifdef HALYARD_SQLITE
+    platform.databases = [](halyard::QtPlatform::Post post) {
+        return std::make_unique<halyard::SqliteDatabase>(std::move(post));
+    };
+#endif
     halyard::QtWindows windows;
     halyard::frmMain bot(platform, &windows);
     halyard::Bridge bridge(bot);

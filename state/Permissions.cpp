@@ -29,11 +29,13 @@ bool PermShown(const std::string& strPerms, int index) {
 
 bool OpPermissions::Add(const std::string& strPerms, std::string_view name) {
     if (name.empty()) return false;
+    ++changes;
     if (!last || *last != strPerms) last = std::make_shared<const std::string>(strPerms);
     return byName.Add(last, name);
 }
 
 void OpPermissions::Clear() {
+    ++changes;
     byName.Clear();
     last.reset();
 }

@@ -6,6 +6,7 @@
 
 #include "base/Collection.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,8 +27,10 @@ class OpPermissions {
     /// False, and no change, when `name` has permissions already or is empty.
     bool Add(const std::string& strPerms, std::string_view name);
     /// False when `name` has none.
-    bool Remove(std::string_view name) { return byName.Remove(name); }
+    bool Remove(std::string_view name) { return ++changes, byName.Remove(name); }
     void Clear();
+    /// Another number after each change, so that who looks now and then need not compare.
+    std::uint64_t Changes() const { return changes; }
     std::size_t Count() const { return byName.Count(); }
     /// Empty when `name` has none.
     const std::string& Item(std::string_view name) const;
@@ -36,6 +39,7 @@ class OpPermissions {
     using Shared = std::shared_ptr<const std::string>;
 
     Collection<Shared> byName;
+    std::uint64_t changes = 0;
     Shared last;
 };
 

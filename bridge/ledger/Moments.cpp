@@ -26,7 +26,7 @@ std::string Shown(std::int64_t utcMilliseconds, const char* form) {
 }
 
 /// Takes exactly `digits` digits and then `end` (0: nothing) off the front.
-bool Take(std::string_view& text, std::size_t digits, char end, int& number) {
+bool TakeDigits(std::string_view& text, std::size_t digits, char end, int& number) {
     if (text.size() < digits) return false;
     const auto [stop, failure] = std::from_chars(text.data(), text.data() + digits, number);
     if (failure != std::errc() || stop != text.data() + digits || number < 0) return false;
@@ -61,16 +61,16 @@ std::string ShownDay(std::int64_t utcMilliseconds) { return Shown(utcMillisecond
 std::optional<std::int64_t> ReadMoment(std::string_view text, std::int64_t now) {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
     auto rest = text;
-    if (!Take(rest, 4, '-', year) || !Take(rest, 2, '-', month) || !Take(rest, 2, 0, day))
+    if (!TakeDigits(rest, 4, '-', year) || !TakeDigits(rest, 2, '-', month) || !TakeDigits(rest, 2, 0, day))
         return Before(text, now);
     bool utc = false;
     if (!rest.empty()) {
         if (!rest.starts_with('T')) return std::nullopt;
         rest.remove_prefix(1);
-        if (!Take(rest, 2, ':', hour) || !Take(rest, 2, 0, minute)) return std::nullopt;
+        if (!TakeDigits(rest, 2, ':', hour) || !TakeDigits(rest, 2, 0, minute)) return std::nullopt;
         if (rest.starts_with(':')) {
             rest.remove_prefix(1);
-            if (!Take(rest, 2, 0, second)) return std::nullopt;
+            if (!TakeDigits(rest, 2, 0, second)) return std::nullopt;
         }
         utc = rest == "Z";
         if (!utc && !rest.empty()) return std::nullopt;

@@ -15,7 +15,7 @@ constexpr std::array<std::string_view, 16> Words = {
 
 // Rows point at each other without the database's own foreign keys: a row may outlive what it points at when
 // a gap took that one or a prune did. Verify knows which may not.
-constexpr const char* First = R"(
+constexpr const char* Migration1 = R"(
 CREATE TABLE runs(
   id INTEGER PRIMARY KEY, began INTEGER NOT NULL, ended INTEGER, version TEXT NOT NULL) STRICT;
 CREATE TABLE networks(id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE) STRICT;
@@ -38,6 +38,7 @@ CREATE TABLE acts(
   kind INTEGER NOT NULL, person INTEGER, room INTEGER, op INTEGER, rule INTEGER, list INTEGER, entry TEXT,
   undoes INTEGER, undone INTEGER, queued INTEGER, asked INTEGER, answered INTEGER,
   outcome INTEGER NOT NULL CHECK(outcome BETWEEN 0 AND 8), code INTEGER) STRICT;
+CREATE INDEX acts_cause ON acts(cause);
 CREATE INDEX acts_person ON acts(person, id) WHERE person IS NOT NULL;
 CREATE INDEX acts_op ON acts(op, id) WHERE op IS NOT NULL;
 CREATE INDEX acts_rule ON acts(rule, id) WHERE rule IS NOT NULL;
@@ -50,10 +51,13 @@ CREATE TABLE changes(
   list INTEGER NOT NULL, room INTEGER, op INTEGER NOT NULL CHECK(op BETWEEN 1 AND 4), entry TEXT,
   before TEXT, after TEXT) STRICT;
 CREATE INDEX changes_act ON changes(act) WHERE act IS NOT NULL;
+CREATE INDEX changes_lists ON changes(list, id) WHERE list <> 8 OR act IS NULL;
+CREATE INDEX changes_cleared ON changes(list, room, id) WHERE op = 3;
 CREATE TABLE contents(id INTEGER PRIMARY KEY, digest BLOB NOT NULL UNIQUE, entries BLOB NOT NULL) STRICT;
 CREATE TABLE wholes(
   id INTEGER PRIMARY KEY, run INTEGER NOT NULL, at INTEGER NOT NULL, after_change INTEGER NOT NULL,
-  list INTEGER NOT NULL, room INTEGER, content INTEGER NOT NULL) STRICT;
+  list INTEGER NOT NULL, room INTEGER, content INTEGER NOT NULL,
+  begins INTEGER NOT NULL CHECK(begins IN (0, 1))) STRICT;
 CREATE TABLE stages(
   id INTEGER PRIMARY KEY, run INTEGER NOT NULL, at INTEGER NOT NULL, account INTEGER, socket INTEGER NOT NULL,
   stage INTEGER NOT NULL, text TEXT) STRICT;
@@ -89,7 +93,7 @@ DatabaseSpec LedgerSpec(const std::string& path, std::int64_t calendarSeconds) {
     DatabaseSpec spec;
     spec.path = path;
     spec.applicationId = 0x486C6467; // "Hldg"
-    spec.migrations = {First};
+    spec.migrations = {Migration1};
     spec.tables = {"runs",   "networks", "accounts", "rooms",   "persons",  "rules",
                    "causes", "acts",     "requests", "changes", "contents", "wholes",
                    "stages", "gaps",     "evidence", "notes",   "words"};

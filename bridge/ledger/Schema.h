@@ -49,6 +49,21 @@ enum class ActOutcome {
 /// What a row of changes did. Of Option the entry is the key; a key that wasn't there has no "before".
 enum class ChangeOp { Added = 1, Removed, Cleared, Option };
 
+/// What a row of stages tells.
+enum class StageKind {
+    SignOn = 1, ///< a stage of signing on, in the window's words
+    Refused,    ///< the sign-on
+    SignedOn,
+    SignedOff,
+    Elsewhere, ///< the name signed on elsewhere
+    SocketFailed,
+    Ended, ///< a connection
+    RoomEntered,
+    RoomLeft,
+    RoomRefused,
+    Rate, ///< a rate notice: "code class"
+};
+
 enum class NoteKind { Note = 1, Appeal };
 
 /// What the ledger opens. `path` is Windows-1252, empty for one in memory.

@@ -23,9 +23,9 @@ struct Part {
     bool quoted = false;
 };
 
-class Reader {
+class SearchReader {
   public:
-    Reader(std::string_view text, std::int64_t now) : text(text), now(now) {}
+    SearchReader(std::string_view text, std::int64_t now) : text(text), now(now) {}
 
     std::variant<Search, SearchMistake> Read() {
         while (!mistake) {
@@ -166,7 +166,7 @@ class Reader {
 } // namespace
 
 std::variant<Search, SearchMistake> ReadSearch(std::string_view text, std::int64_t now) {
-    return Reader(text, now).Read();
+    return SearchReader(text, now).Read();
 }
 
 std::string FieldText(std::string_view field, std::string_view value) {

@@ -14,7 +14,7 @@ namespace halyard {
 
 namespace {
 
-constexpr auto NoEnd = std::numeric_limits<std::int64_t>::max();
+constexpr auto AllChanges = std::numeric_limits<std::int64_t>::max();
 constexpr auto Ejects = static_cast<std::int64_t>(ListName::Ejects);
 
 /// A list's whole content at some moment of a run.
@@ -26,7 +26,7 @@ struct Whole {
 };
 
 /// A change of the one entry, or one by which all entries went.
-struct Turn {
+struct EntryTurn {
     std::int64_t run = 0;
     std::int64_t id = 0;
     std::int64_t at = 0;
@@ -35,7 +35,7 @@ struct Turn {
 };
 
 /// By list and room.
-using Lists = std::map<std::pair<std::int64_t, std::int64_t>, std::vector<Turn>>;
+using Lists = std::map<std::pair<std::int64_t, std::int64_t>, std::vector<EntryTurn>>;
 
 bool Holds(const std::string& entries, std::string_view entry) {
     for (auto at = entries.find(entry); at != std::string::npos; at = entries.find(entry, at + 1)) {
@@ -110,9 +110,9 @@ std::int64_t LastRun(Connection& connection) {
 }
 
 /// How the entry stands after all turns. What was told before `whole` only says since when it stands.
-std::optional<Standing> Fold(const Whole& whole, std::vector<Turn> turns, std::string_view entry) {
+std::optional<Standing> Fold(const Whole& whole, std::vector<EntryTurn> turns, std::string_view entry) {
     std::sort(turns.begin(), turns.end(),
-              [](const Turn& one, const Turn& other) { return one.id < other.id; });
+              [](const EntryTurn& one, const EntryTurn& other) { return one.id < other.id; });
     std::optional<Standing> now;
     bool looked = false;
     const auto look = [&] {
@@ -170,7 +170,7 @@ std::vector<Standing> StandsOn(Connection& connection, std::string_view entry, s
     const auto run = LastRun(connection);
     for (const auto& [list, turns] : lists) {
         if (list.first == Ejects && person == 0) continue;
-        auto now = Fold(WholeIn(connection, list.first, list.second, run, NoEnd), turns, entry);
+        auto now = Fold(WholeIn(connection, list.first, list.second, run, AllChanges), turns, entry);
         if (!now) continue;
         now->list = static_cast<ListName>(list.first);
         now->room = list.second;
@@ -194,7 +194,7 @@ std::vector<std::string> ContentBefore(Connection& connection, ListName list, st
 }
 
 std::vector<std::string> ContentNow(Connection& connection, ListName list) {
-    return Folded(connection, list, LastRun(connection), NoEnd);
+    return Folded(connection, list, LastRun(connection), AllChanges);
 }
 
 } // namespace halyard

@@ -22,7 +22,7 @@ std::string DeskText(const std::string& utf8) {
     return FromUtf8(Replace(Replace(utf8, "\xE2\x90\x8A", "\n"), "\xE2\x90\x80", std::string_view("\0", 1)));
 }
 
-std::string Number(std::int64_t act) { return "#" + std::to_string(act); }
+std::string ActNumber(std::int64_t act) { return "#" + std::to_string(act); }
 
 /// Whether a person said so at that moment, and not some rule.
 bool ByAPerson(CauseKind cause) {
@@ -113,7 +113,7 @@ class Planner {
         UndoItem item;
         item.act = act.number;
         item.person = act.person;
-        if (act.undone != 0) return Nothing(item, "taken back already by " + Number(act.undone));
+        if (act.undone != 0) return Nothing(item, "taken back already by " + ActNumber(act.undone));
         switch (act.kind) {
         case ActKind::Ban:
         case ActKind::TimeBan: return BanItem(item, act);
@@ -188,18 +188,18 @@ class Planner {
         while (done.empty() && rows.Step()) {
             const auto later = rows.Integer(0);
             if (!Bans(static_cast<ActKind>(rows.Integer(1)))) {
-                done = "let in again since, by " + Number(later);
+                done = "let in again since, by " + ActNumber(later);
             } else if (chosen.count(later) != 0) {
-                done = "goes with " + Number(later);
+                done = "goes with " + ActNumber(later);
             } else if (ByAPerson(static_cast<CauseKind>(rows.Integer(2)))) {
                 item.ticked = item.mayTick = false;
                 AddMark(item, "banned since by " + (rows.IsNull(5) ? "the operator" : rows.Text(5)) + " (" +
-                                  Number(later) + ")");
+                                  ActNumber(later) + ")");
             } else {
                 item.ticked = false;
                 const auto rule = RuleName(static_cast<RuleKind>(rows.Integer(3)), rows.Text(4));
-                AddMark(item,
-                        "banned since by " + (rule.empty() ? "the bot" : rule) + " (" + Number(later) + ")");
+                AddMark(item, "banned since by " + (rule.empty() ? "the bot" : rule) + " (" +
+                                  ActNumber(later) + ")");
             }
         }
         rows.Reset();
@@ -218,7 +218,7 @@ class Planner {
             ByAPerson(static_cast<CauseKind>(row.Integer(2))) && chosen.count(row.Integer(0)) == 0) {
             item.ticked = false;
             AddMark(item, "banned before by " + (row.IsNull(3) ? "the operator" : row.Text(3)) + " (" +
-                              Number(row.Integer(0)) + ")");
+                              ActNumber(row.Integer(0)) + ")");
         }
         row.Reset();
     }
@@ -307,29 +307,29 @@ class Planner {
     std::unordered_map<std::string, std::optional<std::string>> options; // what newer steps set back
 };
 
-std::string Line(const UndoItem& item) {
+std::string LineOf(const UndoItem& item) {
     const auto marks = item.marks.empty() ? std::string() : " (" + item.marks + ")";
-    return (item.act == 0 ? std::string() : Number(item.act) + " ") + item.words + marks;
+    return (item.act == 0 ? std::string() : ActNumber(item.act) + " ") + item.words + marks;
 }
 
-void Compare(const std::vector<UndoItem>& shown, const std::vector<UndoItem>& now,
-             std::vector<std::string>& told) {
+void CompareItems(const std::vector<UndoItem>& shown, const std::vector<UndoItem>& now,
+                  std::vector<std::string>& told) {
     // Lines of plan.first without an act are told apart by what they say.
-    const auto keyOf = [](const UndoItem& item) { return item.act == 0 ? item.words : Number(item.act); };
+    const auto keyOf = [](const UndoItem& item) { return item.act == 0 ? item.words : ActNumber(item.act); };
     std::unordered_map<std::string, const UndoItem*> before;
     for (const auto& item : shown) before[keyOf(item)] = &item;
     for (const auto& item : now) {
         const auto found = before.find(keyOf(item));
         if (found == before.end()) {
-            told.push_back("new: " + Line(item));
+            told.push_back("new: " + LineOf(item));
             continue;
         }
-        if (Line(*found->second) != Line(item))
-            told.push_back("was: " + Line(*found->second) + "; is now: " + Line(item));
+        if (LineOf(*found->second) != LineOf(item))
+            told.push_back("was: " + LineOf(*found->second) + "; is now: " + LineOf(item));
         before.erase(found);
     }
     for (const auto& item : shown)
-        if (before.count(keyOf(item)) != 0) told.push_back("gone: " + Line(item));
+        if (before.count(keyOf(item)) != 0) told.push_back("gone: " + LineOf(item));
 }
 
 } // namespace
@@ -340,8 +340,8 @@ UndoPlan PlanUndo(Connection& connection, const UndoAsk& ask, const DeskNow& now
 
 std::vector<std::string> Difference(const UndoPlan& shown, const UndoPlan& now) {
     std::vector<std::string> told;
-    Compare(shown.first, now.first, told);
-    Compare(shown.items, now.items, told);
+    CompareItems(shown.first, now.first, told);
+    CompareItems(shown.items, now.items, told);
     return told;
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t MostLookalikes = 50;
 constexpr std::string_view Stone = "stone ";
 
-std::string NameOf(const Statement& row, int id, int spelled) {
+std::string NameIn(const Statement& row, int id, int spelled) {
     return row.IsNull(spelled) ? std::string(Stone) + std::to_string(row.Integer(id)) : row.Text(spelled);
 }
 
@@ -24,7 +24,7 @@ std::string NameOf(const Statement& row, int id, int spelled) {
 std::optional<std::string> PersonName(Connection& connection, std::int64_t person) {
     auto& row = connection.Prepare("SELECT id, spelled FROM persons WHERE id = ?").Bind(1, person);
     if (!row.Step()) return std::nullopt;
-    auto name = NameOf(row, 0, 1);
+    auto name = NameIn(row, 0, 1);
     row.Reset();
     return name;
 }
@@ -45,7 +45,7 @@ std::vector<NoteLine> NotesOn(Connection& connection, std::int64_t person) {
     rows.Bind(1, person);
     while (rows.Step())
         notes.push_back({rows.Integer(0), static_cast<NoteKind>(rows.Integer(1)),
-                         rows.IsNull(2) ? std::string() : NameOf(rows, 2, 3), rows.Text(4)});
+                         rows.IsNull(2) ? std::string() : NameIn(rows, 2, 3), rows.Text(4)});
     rows.Reset();
     return notes;
 }
@@ -89,7 +89,7 @@ void MostActiveFirst(std::vector<ActsOf>& all) {
 std::vector<ActsOf> ReadPersons(Statement& rows) {
     std::vector<ActsOf> persons;
     while (rows.Step())
-        persons.push_back({rows.Integer(0), NameOf(rows, 0, 1), rows.Integer(2), rows.Integer(3)});
+        persons.push_back({rows.Integer(0), NameIn(rows, 0, 1), rows.Integer(2), rows.Integer(3)});
     rows.Reset();
     return persons;
 }
@@ -123,7 +123,7 @@ std::optional<PersonPage> ReadPerson(Connection& connection, std::int64_t person
     if (!row.Step()) return std::nullopt;
     PersonPage page;
     page.person = person;
-    page.name = NameOf(row, 0, 1);
+    page.name = NameIn(row, 0, 1);
     page.key = row.Text(2);
     const auto skeleton = FromUtf8(row.Text(3));
     row.Reset();

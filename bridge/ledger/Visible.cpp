@@ -15,7 +15,7 @@ struct Character {
 };
 
 /// The character that `text`, which isn't empty, begins with.
-Character First(std::string_view text) {
+Character FirstCharacter(std::string_view text) {
     const auto byte = [&](std::size_t at) {
         return static_cast<std::uint32_t>(static_cast<unsigned char>(text[at]));
     };
@@ -47,7 +47,7 @@ std::string Visible(std::string_view utf8) {
     std::string shown;
     shown.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
-        const auto character = First(utf8.substr(at));
+        const auto character = FirstCharacter(utf8.substr(at));
         char escaped[12];
         if (!character.valid) {
             shown += "\xEF\xBF\xBD";

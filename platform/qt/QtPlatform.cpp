@@ -34,4 +34,6 @@ std::unique_ptr<Database> QtPlatform::NewDatabase() {
 
 std::int64_t QtPlatform::CalendarSeconds() { return QDateTime::currentSecsSinceEpoch(); }
 
+std::int64_t QtPlatform::CalendarMilliseconds() { return QDateTime::currentMSecsSinceEpoch(); }
+
 } // namespace halyard

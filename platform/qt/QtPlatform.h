@@ -38,6 +38,7 @@ class QtPlatform : public Platform {
     Desktop& DesktopShell() override { return *desktop; }
     std::int64_t Milliseconds() override { return clock.elapsed(); }
     std::int64_t CalendarSeconds() override;
+    std::int64_t CalendarMilliseconds() override;
 
   private:
     QObject keeper; ///< ends what still closes in the background

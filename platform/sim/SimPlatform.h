@@ -40,7 +40,8 @@ class SimPlatform : public Platform {
     Dialogs& Boxes() override { return dialogs; }
     Desktop& DesktopShell() override { return desktop; }
     std::int64_t Milliseconds() override { return world.Now(); }
-    std::int64_t CalendarSeconds() override { return 1'800'000'000 + world.Now() / 1000; }
+    std::int64_t CalendarSeconds() override { return CalendarMilliseconds() / 1000; }
+    std::int64_t CalendarMilliseconds() override { return 1'800'000'000'000 + world.Now(); }
 
   private:
     SimWorld& world;

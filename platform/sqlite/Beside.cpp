@@ -53,6 +53,7 @@ std::optional<std::int64_t> DayOfCopy(std::string_view name, const std::string& 
     const auto year = TakeNumber(name);
     const auto month = Take(name, "-") ? TakeNumber(name) : std::nullopt;
     const auto day = Take(name, "-") ? TakeNumber(name) : std::nullopt;
+    Take(name, UnfinishedCopy);
     if (!year || !month || !day || !name.empty()) return std::nullopt;
     const std::chrono::year_month_day date(std::chrono::year{*year},
                                            std::chrono::month{static_cast<unsigned>(*month)},

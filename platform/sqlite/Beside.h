@@ -32,9 +32,11 @@ bool MakePrivateFile(const std::string& path);
 /// Brings a file and its name to the disk itself.
 bool SyncFileAndFolder(const std::string& path);
 
+/// Behind a copy's name until it is whole.
+constexpr const char* UnfinishedCopy = ".part";
 /// Where the copy of a file of that version goes that is taken on that day.
 std::string CopyPath(const std::string& path, std::int64_t version, std::int64_t calendarSeconds);
-/// Removes copies of `path` that are over 30 days old by the day in their names.
+/// Removes copies of `path`, unfinished ones too, that are over 30 days old by the day in their names.
 void RemoveOldCopies(const std::string& path, std::int64_t calendarSeconds);
 /// Renames the database and its companions to a dated name that nobody has. Empty when that failed.
 std::string PutAside(const std::string& path, std::int64_t calendarSeconds);

@@ -26,7 +26,7 @@ void InlineDatabase::Maintain(Job job, Done done) {
 }
 
 std::shared_ptr<ReadTicket> InlineDatabase::Read(Job job, Done done) {
-    // Whoever holds the ticket gets it too late to cancel anything; a job may cancel by what it shares.
+    // Whoever asked holds it once there is nothing left to cancel.
     auto ticket = std::make_shared<ReadTicket>();
     const auto result = opened.connection ? RunRead(*opened.connection, job) : opened.result;
     job = nullptr;

@@ -55,8 +55,8 @@ class Opening {
 
 void Opening::Connect(int flags) {
     file = std::make_unique<SqliteConnection>(InMemory() ? ":memory:" : place, flags, spec.vfs);
-    // A file that was tampered with must not make its texts do more than they say.
-    file->Execute("PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON");
+    // What is refused stays as it was, with what its log holds.
+    file->LeaveLog(FileStands(place + "-wal"));
 }
 
 OpenedConnection Opening::Failure() {
@@ -86,13 +86,13 @@ bool Opening::Settle() {
     // Asking for it may quietly fail, on a file system without shared memory for one.
     if (journal != (InMemory() ? "memory" : "wal"))
         file->Fail(DatabaseFault::Failed, "the write-ahead log could not be had, only \"" + journal + "\".");
-    return file->Execute("PRAGMA synchronous=NORMAL; PRAGMA secure_delete=ON; PRAGMA foreign_keys=ON");
+    return file->Execute("PRAGMA synchronous=NORMAL; PRAGMA secure_delete=ON");
 }
 
 /// Whole under its name, or not there.
 bool Opening::CopyBeside() {
     const auto copy = CopyPath(place, version, spec.calendarSeconds);
-    const auto part = copy + ".part";
+    const auto part = copy + UnfinishedCopy;
     std::remove(part.c_str());
     if (!MakePrivateFile(part)) file->Fail(DatabaseFault::NotWritable, "a copy could not be put beside it.");
     file->Prepare("VACUUM INTO ?").Bind(1, part).Step();
@@ -109,6 +109,10 @@ bool Opening::Migrate() {
     file->Execute("BEGIN IMMEDIATE");
     for (auto step = version; step < newest; ++step)
         file->Execute(spec.migrations[static_cast<std::size_t>(step)]);
+    // References are off meanwhile, since a step may put a table in the place of another.
+    const auto orphans = version != newest ? file->Word("PRAGMA foreign_key_check") : std::string();
+    if (!orphans.empty())
+        file->Fail(DatabaseFault::Failed, "rows of \"" + orphans + "\" refer to what isn't there.");
     for (const auto& table : spec.tables) {
         auto& found = file->Prepare("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?");
         if (!found.Bind(1, table).Step())
@@ -120,7 +124,7 @@ bool Opening::Migrate() {
         file->Execute("PRAGMA application_id=" + std::to_string(spec.applicationId));
     }
     file->ResetAll();
-    return file->Execute("COMMIT");
+    return file->Execute("COMMIT") && file->Execute("PRAGMA foreign_keys=ON");
 }
 
 OpenedConnection Opening::Upgraded() {
@@ -135,6 +139,7 @@ OpenedConnection Opening::Upgraded() {
     file->EndJob();
     if (!InMemory()) RemoveOldCopies(place, spec.calendarSeconds);
     file->Keep(std::move(lock));
+    file->LeaveLog(false);
     return {outcome, {}, std::move(file)};
 }
 

@@ -50,9 +50,14 @@ SqliteConnection::SqliteConnection(const std::string& path, int flags, const std
         FailWith(failure.getErrorCode(), failure.what());
         return;
     }
+    auto* handle = library->getHandle();
     // In the place of SQLite's own checkpoints, which would stall single commits.
-    sqlite3_wal_hook(library->getHandle(), NotesPages, &logPages);
-    sqlite3_progress_handler(library->getHandle(), StepsBetweenLooks, StopsWhenCancelled, this);
+    sqlite3_wal_hook(handle, NotesPages, &logPages);
+    sqlite3_progress_handler(handle, StepsBetweenLooks, StopsWhenCancelled, this);
+    // A file is input like others. Untrusted tables would be safer still, but full-text tables behind a
+    // trigger count as such.
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    library->tryExec("PRAGMA cell_size_check=ON");
 }
 
 SqliteConnection::~SqliteConnection() = default;
@@ -134,6 +139,11 @@ void SqliteConnection::Checkpoint(bool whole) {
     const int mode = whole ? SQLITE_CHECKPOINT_TRUNCATE : SQLITE_CHECKPOINT_PASSIVE;
     const int code = sqlite3_wal_checkpoint_v2(library->getHandle(), nullptr, mode, nullptr, nullptr);
     if (whole && code == SQLITE_OK) logPages = 0;
+}
+
+void SqliteConnection::LeaveLog(bool leave) {
+    if (!library) return;
+    sqlite3_db_config(library->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, leave ? 1 : 0, nullptr);
 }
 
 void SqliteConnection::Keep(std::unique_ptr<FileLock> held) { lock = std::move(held); }

@@ -50,6 +50,8 @@ class SqliteConnection : public Connection {
     /// Brings the log into the file. `whole`: waits for readers and empties the log's file. What can't be
     /// done now is left to the next time.
     void Checkpoint(bool whole);
+    /// Whether closing leaves the log beside the file, instead of bringing it in.
+    void LeaveLog(bool leave);
     /// Holds the lock as long as the file is open.
     void Keep(std::unique_ptr<FileLock> held);
 
