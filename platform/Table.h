@@ -32,14 +32,14 @@ class TableBox : public Control {
         : Control(std::move(name), {}), Columns(std::move(columns)) {}
     const std::vector<Column> Columns;
 
-    std::function<void()> Click;              ///< another line is chosen, or none
-    std::function<void()> DblClick;           ///< Enter, too
-    std::function<void(int index)> Ticked;    ///< a person, or SetTick, has changed a tick
-    std::function<void(int key)> KeyDown;     ///< a letter as a capital, BackKey, HomeKey or CopyKey
-    std::function<void()> AtEnd;              ///< the last line has come into sight
-    static constexpr int CopyKey = 3;         ///< Ctrl+C
-    static constexpr int BackKey = 8;         ///< Backspace
-    static constexpr int HomeKey = 36;        ///< besides going to the first line
+    std::function<void()> Click;           ///< another line is chosen, or none
+    std::function<void()> DblClick;        ///< Enter, too
+    std::function<void(int index)> Ticked; ///< a person, or SetTick, has changed a tick
+    std::function<void(int key)> KeyDown;  ///< a letter as a capital, BackKey, HomeKey or CopyKey
+    std::function<void()> AtEnd;           ///< the last line has come into sight
+    static constexpr int CopyKey = 3;      ///< Ctrl+C
+    static constexpr int BackKey = 8;      ///< Backspace
+    static constexpr int HomeKey = 36;     ///< besides going to the first line
     /// Finer news for a view, besides `onView`: other lines, lines added behind the last, the first ones
     /// gone, one that is another.
     std::function<void()> onReset;

@@ -27,7 +27,8 @@ bool IsSpared(const Options& options, const std::string& name) {
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
       check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
-      ledgerWindow(main.Context()), answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
+      ledgerWindow(main.Context()),
+      answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
@@ -75,7 +76,7 @@ void Bridge::BindControls() {
 
 void Bridge::Start() {
     row.EachControl(Theme());
-    Theme()(bar.lblBridge);
+    bar.lblBridge.SetColors(Theme::ButtonBack, Theme::ButtonFore); // as the entries above it
     Theme()(foot.lblFoot);
     Theme()(foot.lstTold);
     file.Load();

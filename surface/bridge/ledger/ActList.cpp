@@ -38,15 +38,14 @@ void ActList::List(const Search& wanted, const Place& place) {
     search = wanted;
     const auto before = place.top == 0 ? 0 : place.top + 1;
     const auto count = std::clamp(place.lines, PageSize, LongestPage);
-    const bool asked = page.Ask(
-        [wanted, before, count](Connection& connection) {
-            return FindActs(connection, wanted, before, count);
-        },
-        [this, place, count](const DatabaseResult& result, std::vector<ActRow> found) {
-            if (!result.Ok()) return Failed(result);
-            whole = found.size() < count;
-            Took(std::move(found), place);
-        });
+    const bool asked =
+        page.Ask([wanted, before,
+                  count](Connection& connection) { return FindActs(connection, wanted, before, count); },
+                 [this, place, count](const DatabaseResult& result, std::vector<ActRow> found) {
+                     if (!result.Ok()) return Failed(result);
+                     whole = found.size() < count;
+                     Took(std::move(found), place);
+                 });
     if (!asked) lblActs.SetCaption("No ledger is open.");
 }
 
@@ -66,7 +65,7 @@ void ActList::Clear(const std::string& words) {
 
 void ActList::Home() {
     const bool nothingNew = news == 0 && !acts.empty() && acts.front().number == newest;
-    if (!nothingNew) List(search);
+    if (!nothingNew) List(search, {});
 }
 
 void ActList::Took(std::vector<ActRow> found, const Place& place) {
@@ -98,15 +97,13 @@ void ActList::Show(const std::vector<ActRow>& found) {
 
 void ActList::Further() {
     if (!listed || whole || page.UnderWay() || acts.empty()) return;
-    page.Ask(
-        [wanted = search, before = acts.back().number](Connection& connection) {
-            return FindActs(connection, wanted, before, PageSize);
-        },
-        [this](const DatabaseResult& result, const std::vector<ActRow>& found) {
-            if (!result.Ok()) return Failed(result);
-            whole = found.size() < PageSize;
-            Show(found);
-        });
+    page.Ask([wanted = search, before = acts.back().number](
+                 Connection& connection) { return FindActs(connection, wanted, before, PageSize); },
+             [this](const DatabaseResult& result, const std::vector<ActRow>& found) {
+                 if (!result.Ok()) return Failed(result);
+                 whole = found.size() < PageSize;
+                 Show(found);
+             });
 }
 
 void ActList::Written() {

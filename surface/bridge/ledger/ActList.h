@@ -23,8 +23,8 @@ class ActList {
     /// `read` outlives it.
     explicit ActList(const LedgerRead& read);
 
-    Label lblNew{"lblNew"};     ///< "12 new"; pressed, it does what Home does
-    Label lblActs{"lblActs"};   ///< what holds of the lines
+    Label lblNew{"lblNew"};   ///< "12 new"; pressed, it does what Home does
+    Label lblActs{"lblActs"}; ///< what holds of the lines
     TableBox tblActs{"tblActs", ActColumns()};
 
     /// Another act is chosen, or none.
@@ -38,7 +38,7 @@ class ActList {
     };
     Place Here() const;
     /// Other lines: those that `search` finds, from the newest on, or as they were at `place`.
-    void List(const Search& search, const Place& place = {});
+    void List(const Search& search, const Place& place);
     /// No lines, and these words in their place.
     void Clear(const std::string& words);
     /// The newest, from the first line on.

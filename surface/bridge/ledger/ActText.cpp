@@ -8,20 +8,20 @@ namespace halyard {
 
 namespace {
 
-constexpr const char* NewLine = "\r\n";
+constexpr const char* LineEnd = "\r\n";
 constexpr std::int64_t Thousand = 1000;
 
 std::string Number(std::int64_t act) { return "#" + std::to_string(act); }
 
 std::string Line(const std::string& what, const std::string& text) {
-    return text.empty() ? std::string() : what + ": " + text + NewLine;
+    return text.empty() ? std::string() : what + ": " + text + LineEnd;
 }
 
 /// "list-add autobans" for what lists and options go through, else the kind alone.
 std::string KindWords(const ActRow& act) {
     std::string words(ActWord(act.kind));
-    const bool ofList = act.kind == ActKind::ListAdd || act.kind == ActKind::ListRemove ||
-                        act.kind == ActKind::ListClear;
+    const bool ofList =
+        act.kind == ActKind::ListAdd || act.kind == ActKind::ListRemove || act.kind == ActKind::ListClear;
     return ofList ? words + " " + ListWord(act.list) : words;
 }
 
@@ -35,8 +35,7 @@ std::string Place(const ActRow& act) {
 }
 
 std::string OutcomeOf(const ActRow& act) {
-    return Readable(act.outcomeWords) +
-           (act.undone == 0 ? "" : ", taken back by " + Number(act.undone));
+    return Readable(act.outcomeWords) + (act.undone == 0 ? "" : ", taken back by " + Number(act.undone));
 }
 
 std::string OneStanding(const Standing& standing) {
@@ -68,20 +67,20 @@ std::string Counted(std::int64_t count, const char* one) {
 }
 
 std::vector<TableBox::Column> ActColumns() {
-    return {{"Act", 12},   {"Time", 25},   {"What", 14},  {"Whom", 20},
-            {"Room", 14},  {"Cause", 0},   {"Reason", 18}, {"Outcome", 18}};
+    return {{"Act", 12},  {"Time", 25}, {"What", 14},   {"Whom", 20},
+            {"Room", 14}, {"Cause", 0}, {"Reason", 18}, {"Outcome", 18}};
 }
 
 std::vector<std::string> ActCells(const ActRow& act) {
-    return {Number(act.number), ShownMoment(act.at),  KindWords(act),       Whom(act),
+    return {Number(act.number), ShownMoment(act.at), KindWords(act),       Whom(act),
             Place(act),         Readable(act.cause), Readable(act.reason), OutcomeOf(act)};
 }
 
-std::string ActWords(const ActRow& act) {
+std::string ActDetail(const ActRow& act) {
     auto head = Number(act.number) + ", " + ShownMoment(act.at) + ": " + KindWords(act);
     if (const auto whom = Whom(act); !whom.empty()) head += ", " + whom;
     if (const auto place = Place(act); !place.empty()) head += ", in " + place;
-    return head + NewLine + Line("Cause", Readable(act.cause)) +
+    return head + LineEnd + Line("Cause", Readable(act.cause)) +
            (act.causeKind == CauseKind::Rule ? Line("Line", Readable(act.line)) : "") +
            Line("Reason", Readable(act.reason)) + Line("Outcome", OutcomeOf(act)) +
            (act.person != 0 ? Line("Entry", Readable(act.entry)) : "") +
@@ -91,41 +90,41 @@ std::string ActWords(const ActRow& act) {
 std::string EvidenceWords(const std::vector<EvidenceLine>& lines) {
     std::string words;
     for (const auto& line : lines)
-        words += "  " + ShownMoment(line.at) + ", " + Readable(line.room) + ": " + Readable(line.line) +
-                 NewLine;
-    return words.empty() ? words : std::string("Said before:") + NewLine + words;
+        words +=
+            "  " + ShownMoment(line.at) + ", " + Readable(line.room) + ": " + Readable(line.line) + LineEnd;
+    return words.empty() ? words : std::string("Said before:") + LineEnd + words;
 }
 
 std::string PersonWords(const PersonPage& page) {
-    std::string words = Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." +
-                        NewLine;
-    words += page.standing.empty() ? std::string("On no list.") + NewLine : "";
-    for (const auto& standing : page.standing) words += "On " + OneStanding(standing) + NewLine;
+    std::string words =
+        Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + LineEnd;
+    words += page.standing.empty() ? std::string("On no list.") + LineEnd : "";
+    for (const auto& standing : page.standing) words += "On " + OneStanding(standing) + LineEnd;
     for (const auto& note : page.notes)
         words += std::string(note.kind == NoteKind::Appeal ? "Appeal, " : "Note, ") + ShownMoment(note.at) +
                  (note.author.empty() ? "" : ", " + Readable(note.author)) + ": " + Readable(note.text) +
-                 NewLine;
+                 LineEnd;
     for (const auto& other : page.lookalikes)
         words += "Looks alike: " + Readable(other.name) + (other.same ? "" : ", one letter apart") + ", " +
-                 Counted(other.acts, "act") + NewLine;
+                 Counted(other.acts, "act") + LineEnd;
     return words;
 }
 
 std::string OpWords(const OpPage& page) {
-    auto words = CountWords(page.all) + "." + NewLine;
-    for (const auto& day : page.days) words += day.day + ": " + CountWords(day) + NewLine;
+    auto words = CountWords(page.all) + "." + LineEnd;
+    for (const auto& day : page.days) words += day.day + ": " + CountWords(day) + LineEnd;
     return words;
 }
 
 std::string RuleWords(const RulePage& page) {
-    auto words = Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + NewLine;
-    if (page.acts > 0) words += "It last hit " + ShownMoment(page.lastHit) + "." + NewLine;
+    auto words = Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + LineEnd;
+    if (page.acts > 0) words += "It last hit " + ShownMoment(page.lastHit) + "." + LineEnd;
     if (ListOf(page.kind) != ListName::None)
         words += std::string(page.stands ? "Its entry stands on " : "Its entry is no longer on ") +
-                 ListWord(ListOf(page.kind)) + "." + NewLine;
+                 ListWord(ListOf(page.kind)) + "." + LineEnd;
     for (const auto& person : page.persons)
         words += "Hit " + Readable(person.name) + ", " + Counted(person.acts, "time") + ", last by " +
-                 Number(person.lastAct) + NewLine;
+                 Number(person.lastAct) + LineEnd;
     return words;
 }
 

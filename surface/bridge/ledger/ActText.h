@@ -20,7 +20,7 @@ std::string Counted(std::int64_t count, const char* one);
 std::vector<TableBox::Column> ActColumns();
 std::vector<std::string> ActCells(const ActRow& act);
 /// All that is known of the act.
-std::string ActWords(const ActRow& act);
+std::string ActDetail(const ActRow& act);
 /// "Said before: ..."; empty for no lines.
 std::string EvidenceWords(const std::vector<EvidenceLine>& lines);
 

@@ -24,7 +24,7 @@ struct LedgerHooks {
     /// The names of those in which the person is now.
     std::function<std::vector<std::string>(const std::string& name)> roomsOf;
     /// By the desk's doors; they return why it was not done, empty when it was.
-    std::function<std::string(std::int16_t room, const std::string& name)> ban, unban;
+    std::function<std::string(std::int16_t room, const std::string&name)> ban, unban;
     std::function<std::string(const std::string& name)> immune;
     /// `person` is a row of persons.
     std::function<void(std::int64_t person, Told told)> forget;

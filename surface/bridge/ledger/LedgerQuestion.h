@@ -13,8 +13,7 @@
 namespace halyard {
 
 /// As Database::Read; empty while no ledger is open.
-using LedgerRead =
-    std::function<std::shared_ptr<ReadTicket>(Database::Job job, Database::Done done)>;
+using LedgerRead = std::function<std::shared_ptr<ReadTicket>(Database::Job job, Database::Done done)>;
 
 /// A newer question cancels the older, whose answer is told to nobody any more; so does the end of its owner.
 class LedgerQuestion {

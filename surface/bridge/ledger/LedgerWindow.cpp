@@ -162,7 +162,7 @@ void LedgerWindow::Chosen() {
     cmdRule.SetEnabled(act && act->rule != 0);
     evidence.Drop();
     if (!act) return txtAct.SetText("");
-    const auto words = ActWords(*act);
+    const auto words = ActDetail(*act);
     txtAct.SetText(words);
     evidence.Ask([number = act->number](Connection& connection) { return ReadEvidence(connection, number); },
                  [this, words](const DatabaseResult& result, const std::vector<EvidenceLine>& lines) {

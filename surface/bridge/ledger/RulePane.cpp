@@ -51,7 +51,9 @@ void RulePane::Show(std::int64_t wanted, const std::string& text) {
             tblRules.SetAll(std::move(lines));
             if (!found.page) {
                 const auto* none = never ? "Every entry has hit somebody." : "The ledger knows no such rule.";
-                return txtRule.SetText(rules.empty() ? none : never ? "Entries below." : "Choose a rule below.");
+                return txtRule.SetText(rules.empty() ? none
+                                       : never       ? "Entries below."
+                                                     : "Choose a rule below.");
             }
             FrameRule.SetCaption(Readable(RuleName(found.page->kind, found.page->entry)));
             txtRule.SetText(RuleWords(*found.page));

@@ -91,7 +91,7 @@ std::string UndoPage::Asked(UndoAsk& what) const {
         return acts.empty() ? "Tick acts first, or choose one." : "";
     }
     if (!chosen) return "Choose an act first: it says which op, entry and run are meant.";
-    what.row = what.what == UndoAsk::What::Op ? chosen->op
+    what.row = what.what == UndoAsk::What::Op     ? chosen->op
                : what.what == UndoAsk::What::Rule ? chosen->rule
                                                   : chosen->run;
     if (what.row == 0)
@@ -116,8 +116,8 @@ void UndoPage::Preview() {
     if (const auto missing = Asked(ask); !missing.empty()) return Say(missing);
     if (!hooks.desk || !hooks.read) return Say(NoDesk);
     Say("Finding out\x85");
-    question.Ask([what = ask, desk = hooks.desk()](
-                     Connection& connection) { return PlanUndo(connection, what, desk); },
+    question.Ask([what = ask,
+                  desk = hooks.desk()](Connection& connection) { return PlanUndo(connection, what, desk); },
                  [this](const DatabaseResult& result, const UndoPlan& found) {
                      if (!result.Ok()) return Say(Readable(result.words));
                      Took(found);

@@ -28,8 +28,7 @@ class UndoPage {
     UndoPage(const SurfaceContext& context, LedgerHooks& hooks);
 
     Frame FrameUndo{"FrameUndo", "Undo"};
-    OptionGroup optWhat{"optWhat",
-                        {"These acts", "All of this op", "All of this entry", "All of this run"}};
+    OptionGroup optWhat{"optWhat", {"These acts", "All of this op", "All of this entry", "All of this run"}};
     Label lblOf{"lblOf"}; ///< whose acts
     Label lblSince{"lblSince", "Since"};
     TextBox txtSince{"txtSince", "", 40};

@@ -1,0 +1,120 @@
+#include "surface/bridge/ledger/LedgerWindow.h"
+#include "surface/qt/FormWindow.h"
+#include "surface/qt/bind/Bind.h"
+#include "surface/qt/views/Bridge.h"
+#include "surface/qt/views/Lay.h"
+#include "surface/qt/widgets/PageArea.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace halyard {
+
+namespace {
+
+QWidget* DrawPerson(PersonPane& pane) {
+    auto* text = BindReading(pane.txtPerson, "What is known of the person");
+    HighFor(*text, 4);
+    auto* rooms = BindChoice(pane.cmbRoom, pane.lblRoom.Caption());
+    rooms->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return Fill(
+        BindGroup(pane.FramePerson),
+        {Item(text, 1), Row({Item(BindLine(pane.txtNote, "Note"), 1), BindButton(pane.cmdAddNote)}),
+         Row({BindLabel(pane.lblRoom), Item(rooms, 1), BindButton(pane.cmdBan), BindButton(pane.cmdUnban)}),
+         Row({Room(), BindButton(pane.cmdImmune), BindButton(pane.cmdForget)})});
+}
+
+QWidget* DrawOp(OpPane& pane) {
+    auto* text = BindReading(pane.txtOp, "What the op did");
+    HighFor(*text, 3);
+    return Fill(BindGroup(pane.FrameOp), {Item(text, 1), Item(BindTable(pane.tblOps, "Ops"), 1)});
+}
+
+QWidget* DrawRule(RulePane& pane) {
+    auto* text = BindReading(pane.txtRule, "What the rule did");
+    HighFor(*text, 3);
+    return Fill(BindGroup(pane.FrameRule),
+                {Item(text, 1), Item(BindTable(pane.tblRules, "Rules"), 1), BindCheck(pane.chkNeverHit)});
+}
+
+/// A label that is seen only while it says something.
+QLabel* WhileSaid(Label& label) {
+    auto* widget = BindValue(label);
+    const auto follow = label.onView;
+    label.onView = [follow, widget, &label] {
+        follow();
+        widget->setHidden(label.Caption().empty());
+    };
+    label.onView();
+    return widget;
+}
+
+QWidget* ActsPage(LedgerWindow& model) {
+    auto* search = BindLine(model.txtSearch, model.lblSearch.Caption());
+    search->setPlaceholderText(
+        QStringLiteral("room:lobby op:roomboss rule:spam kind:ban since:2d reason:rude name"));
+    model.onMistake = [search](int place) {
+        search->setFocus();
+        search->setCursorPosition(place);
+    };
+    auto* acts = BindTable(model.list.tblActs, "Acts");
+    HighFor(*acts, 12);
+    auto* act = BindReading(model.txtAct, "The chosen act");
+    HighFor(*act, 5);
+    auto* side = new PageArea;
+    side->AddPage(DrawPerson(model.person), model.person.FramePerson);
+    side->AddPage(DrawOp(model.op), model.op.FrameOp);
+    side->AddPage(DrawRule(model.rule), model.rule.FrameRule);
+    auto* sidePlace = BindPlace(model.FrameSide, "Beside the acts");
+    Fill(sidePlace, {Item(side, 1)})->layout()->setContentsMargins(0, 0, 0, 0);
+    auto* happened = BindValue(model.lblHappened);
+    return Fill(BindPlace(model.FrameActs, model.FrameActs.Caption()),
+                {Row({BindOptions(model.optSide, "Whose acts"), BindLabel(model.lblWho),
+                      Item(BindLine(model.txtWho, model.lblWho.Caption()), 1), BindButton(model.cmdBack)}),
+                 Row({BindLabel(model.lblSearch), Item(search, 1), BindButton(model.cmdSearch)}),
+                 WhileSaid(model.lblMistake),
+                 Row({Item(BindValue(model.list.lblActs), 1), BindPressed(model.list.lblNew, Press::Link)}),
+                 Item(acts, 3), Row({Item(act, 1), Item(sidePlace, 1)}),
+                 Row({BindButton(model.cmdPerson), BindButton(model.cmdOp), BindButton(model.cmdRule),
+                      Item(happened, 1), BindButton(model.cmdUndo), BindButton(model.cmdCopy),
+                      BindButton(model.cmdExport), BindButton(model.cmdBackUp)})});
+}
+
+QWidget* DrawUndoPage(UndoPage& page) {
+    auto* plan = BindTable(page.tblPlan, "What is taken back");
+    HighFor(*plan, 10);
+    auto* moved = BindReading(page.txtMoved, "What is other now, and what failed");
+    HighFor(*moved, 3);
+    auto* since = BindLine(page.txtSince, page.lblSince.Caption());
+    since->setMaximumWidth(since->fontMetrics().averageCharWidth() * 24);
+    return Fill(BindGroup(page.FrameUndo),
+                {Row({BindOptions(page.optWhat, "What is taken back"), BindLabel(page.lblSince), since,
+                      BindButton(page.cmdPreview)}),
+                 BindValue(page.lblOf), Item(plan, 4), BindValue(page.lblPlan), Item(moved, 1),
+                 Row({BindCheck(page.chkTell), Room(), BindButton(page.cmdCarryOut)}),
+                 Row({Item(BindGauge(page.gaugeUndo, "How far it is"), 1),
+                      Item(BindValue(page.lblProgress), 1), BindButton(page.cmdStop)}),
+                 Row({Room(), BindButton(page.cmdActs)})});
+}
+
+} // namespace
+
+std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model) {
+    auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
+    auto* pages = new PageArea;
+    pages->AddPage(ActsPage(model), model.FrameActs);
+    pages->AddPage(DrawUndoPage(model.undo), model.undo.FrameUndo);
+    WideFor(*pages, 150);
+    Fill(window.get(), {Item(pages, 1)});
+    return window;
+}
+
+} // namespace halyard
