@@ -90,7 +90,7 @@ void ActList::Show(const std::vector<ActRow>& found) {
     }
     tblActs.Add(std::move(lines));
     const auto count = static_cast<std::int64_t>(acts.size());
-    lblActs.SetCaption(acts.empty() ? "There is no such act."
+    lblActs.SetCaption(acts.empty() ? "No act was found."
                        : whole      ? Counted(count, "act") + "."
                                     : Counted(count, "act") + " so far.");
 }

@@ -67,7 +67,7 @@ std::string Counted(std::int64_t count, const char* one) {
 }
 
 std::vector<TableBox::Column> ActColumns() {
-    return {{"Act", 12},  {"Time", 25}, {"What", 14},   {"Whom", 20},
+    return {{"Act", 13},  {"Time", 29}, {"What", 18},   {"Whom", 20},
             {"Room", 14}, {"Cause", 0}, {"Reason", 18}, {"Outcome", 18}};
 }
 
@@ -95,9 +95,12 @@ std::string EvidenceWords(const std::vector<EvidenceLine>& lines) {
     return words.empty() ? words : std::string("Said before:") + LineEnd + words;
 }
 
-std::string PersonWords(const PersonPage& page) {
-    std::string words =
-        Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + LineEnd;
+std::string PersonWords(const PersonPage& page, const std::vector<std::string>& rooms) {
+    std::string words = Readable(page.name);
+    for (std::size_t index = 0; index < rooms.size(); ++index)
+        words += (index == 0 ? ", now in " : ", ") + rooms[index];
+    words += LineEnd + Counted(page.acts, "act") + ", " +
+                        Counted(page.takenBack, "") + " taken back." + LineEnd;
     words += page.standing.empty() ? std::string("On no list.") + LineEnd : "";
     for (const auto& standing : page.standing) words += "On " + OneStanding(standing) + LineEnd;
     for (const auto& note : page.notes)
@@ -110,14 +113,16 @@ std::string PersonWords(const PersonPage& page) {
     return words;
 }
 
-std::string OpWords(const OpPage& page) {
-    auto words = CountWords(page.all) + "." + LineEnd;
+std::string OpWords(const OpPage& page, int days) {
+    auto words = Readable(page.name) + LineEnd + "In the last " + std::to_string(days) +
+                 " days: " + CountWords(page.all) + "." + LineEnd;
     for (const auto& day : page.days) words += day.day + ": " + CountWords(day) + LineEnd;
     return words;
 }
 
 std::string RuleWords(const RulePage& page) {
-    auto words = Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + LineEnd;
+    auto words = Readable(RuleName(page.kind, page.entry)) + LineEnd + Counted(page.acts, "act") + ", " +
+                 Counted(page.takenBack, "") + " taken back." + LineEnd;
     if (page.acts > 0) words += "It last hit " + ShownMoment(page.lastHit) + "." + LineEnd;
     if (ListOf(page.kind) != ListName::None)
         words += std::string(page.stands ? "Its entry stands on " : "Its entry is no longer on ") +

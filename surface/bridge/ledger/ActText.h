@@ -24,9 +24,9 @@ std::string ActDetail(const ActRow& act);
 /// "Said before: ..."; empty for no lines.
 std::string EvidenceWords(const std::vector<EvidenceLine>& lines);
 
-/// What stands on the pages beside the acts.
-std::string PersonWords(const PersonPage& page);
-std::string OpWords(const OpPage& page);
+/// What stands on the pages beside the acts. `rooms`: in which the person is now.
+std::string PersonWords(const PersonPage& page, const std::vector<std::string>& rooms);
+std::string OpWords(const OpPage& page, int days); ///< that were counted
 std::string RuleWords(const RulePage& page);
 
 } // namespace halyard

@@ -14,7 +14,6 @@ OpPane::OpPane(Platform& platform, const LedgerRead& read) : platform(platform),
 }
 
 void OpPane::Show(std::int64_t row, const std::string& name) {
-    FrameOp.SetCaption("Op");
     txtOp.SetText("");
     const auto since = (platform.CalendarSeconds() - std::int64_t{Days} * 24 * 3600) * 1000;
     struct Found {
@@ -38,8 +37,7 @@ void OpPane::Show(std::int64_t row, const std::string& name) {
             if (!found.page)
                 return txtOp.SetText(asked ? "The ledger knows no op of that name."
                                            : "Type a name above, or choose an op below.");
-            FrameOp.SetCaption(Readable(found.page->name));
-            txtOp.SetText("In the last " + std::to_string(Days) + " days: " + OpWords(*found.page));
+            txtOp.SetText(OpWords(*found.page, Days));
         });
 }
 

@@ -27,7 +27,6 @@ PersonPane::PersonPane(const SurfaceContext& context, LedgerHooks& hooks)
 void PersonPane::Show(std::int64_t row, const std::string& name) {
     page = {};
     txtPerson.SetText(row == 0 && name.empty() ? "Type a name above." : "");
-    FramePerson.SetCaption("Person");
     SwitchButtons();
     if (row == 0 && name.empty()) return question.Drop();
     question.Ask(
@@ -47,12 +46,8 @@ void PersonPane::Refresh() {
 void PersonPane::Took(const std::optional<PersonPage>& found) {
     if (!found) return txtPerson.SetText("The ledger knows nobody of that name.");
     page = *found;
-    std::string now;
-    if (hooks.roomsOf)
-        for (const auto& room : hooks.roomsOf(Name())) now += (now.empty() ? "In " : ", ") + room;
-    if (!now.empty()) now += " now.\r\n";
-    txtPerson.SetText(now + PersonWords(page));
-    FramePerson.SetCaption(Readable(page.name));
+    txtPerson.SetText(
+        PersonWords(page, hooks.roomsOf ? hooks.roomsOf(Name()) : std::vector<std::string>()));
     OfferRooms();
     SwitchButtons();
 }

@@ -18,7 +18,6 @@ RulePane::RulePane(const LedgerRead& read) : question(read) {
 void RulePane::Show(std::int64_t wanted, const std::string& text) {
     row = wanted;
     name = text;
-    FrameRule.SetCaption("Rule");
     txtRule.SetText("");
     struct Found {
         std::optional<RulePage> page;
@@ -55,7 +54,6 @@ void RulePane::Show(std::int64_t wanted, const std::string& text) {
                                        : never       ? "Entries below."
                                                      : "Choose a rule below.");
             }
-            FrameRule.SetCaption(Readable(RuleName(found.page->kind, found.page->entry)));
             txtRule.SetText(RuleWords(*found.page));
         });
 }

@@ -34,7 +34,7 @@ class UndoPage {
     TextBox txtSince{"txtSince", "", 40};
     Button cmdPreview{"cmdPreview", "Preview"};
     Label lblPlan{"lblPlan"};
-    TableBox tblPlan{"tblPlan", {{"Act", 12}, {"What taking it back means", 0}, {"Besides", 34}}};
+    TableBox tblPlan{"tblPlan", {{"Act", 12}, {"What taking it back means", 0}, {"Besides", 50}}};
     TextBox txtMoved{"txtMoved"}; ///< read only: what is other than in the last preview, what failed
     CheckBox chkTell{"chkTell", "Tell the persons by one IM each"};
     Button cmdCarryOut{"cmdCarryOut", "Carry Out"};

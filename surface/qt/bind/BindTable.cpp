@@ -6,19 +6,28 @@
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QScrollBar>
-#include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 namespace halyard {
 
 namespace {
 
+constexpr int RowRoom = 6;       // pixels between the letters of two lines
 constexpr int LeastLetters = 10; // of the column that takes what is left
+
+class RoomyLines : public QStyledItemDelegate {
+  public:
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {0, option.fontMetrics.lineSpacing() + RowRoom};
+    }
+};
 
 class TableView : public QTreeView {
   public:
     explicit TableView(TableBox& table) : table(table), lines(table) {
         setModel(&lines);
+        setItemDelegate(&roomy);
         setRootIsDecorated(false);
         setItemsExpandable(false);
         setUniformRowHeights(true);
@@ -121,6 +130,7 @@ class TableView : public QTreeView {
 
     TableBox& table;
     TableLines lines;
+    RoomyLines roomy;
     int top = 0;
     bool syncing = false;
 };

@@ -45,16 +45,14 @@ QWidget* DrawRule(RulePane& pane) {
                 {Item(text, 1), Item(BindTable(pane.tblRules, "Rules"), 1), BindCheck(pane.chkNeverHit)});
 }
 
-/// A label that is seen only while it says something.
-QLabel* WhileSaid(Label& label) {
-    auto* widget = BindValue(label);
-    const auto follow = label.onView;
-    label.onView = [follow, widget, &label] {
+/// Shows a widget only while its control says something.
+template <typename Says>
+void WhileSaid(Control& control, QWidget& widget, Says says) {
+    control.onView = [follow = control.onView, &widget, says] {
         follow();
-        widget->setHidden(label.Caption().empty());
+        widget.setHidden(!says());
     };
-    label.onView();
-    return widget;
+    control.onView();
 }
 
 QWidget* ActsPage(LedgerWindow& model) {
@@ -66,23 +64,33 @@ QWidget* ActsPage(LedgerWindow& model) {
         search->setCursorPosition(place);
     };
     auto* acts = BindTable(model.list.tblActs, "Acts");
-    HighFor(*acts, 12);
+    HighFor(*acts, 20);
     auto* act = BindReading(model.txtAct, "The chosen act");
-    HighFor(*act, 5);
+    HighFor(*act, 14); // as high as what stands beside it
     auto* side = new PageArea;
     side->AddPage(DrawPerson(model.person), model.person.FramePerson);
     side->AddPage(DrawOp(model.op), model.op.FrameOp);
     side->AddPage(DrawRule(model.rule), model.rule.FrameRule);
     auto* sidePlace = BindPlace(model.FrameSide, "Beside the acts");
     Fill(sidePlace, {Item(side, 1)})->layout()->setContentsMargins(0, 0, 0, 0);
+    auto* mistake = BindValue(model.lblMistake);
+    auto* state = BindValue(model.list.lblActs);
+    WhileSaid(model.lblMistake, *mistake, [&model, state] {
+        const bool wrong = !model.lblMistake.Caption().empty();
+        state->setHidden(wrong); // so that no line moves
+        return wrong;
+    });
+    auto* news = BindPressed(model.list.lblNew, Press::Link);
+    auto kept = news->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    news->setSizePolicy(kept);
     auto* happened = BindValue(model.lblHappened);
     return Fill(BindPlace(model.FrameActs, model.FrameActs.Caption()),
                 {Row({BindOptions(model.optSide, "Whose acts"), BindLabel(model.lblWho),
                       Item(BindLine(model.txtWho, model.lblWho.Caption()), 1), BindButton(model.cmdBack)}),
                  Row({BindLabel(model.lblSearch), Item(search, 1), BindButton(model.cmdSearch)}),
-                 WhileSaid(model.lblMistake),
-                 Row({Item(BindValue(model.list.lblActs), 1), BindPressed(model.list.lblNew, Press::Link)}),
-                 Item(acts, 3), Row({Item(act, 1), Item(sidePlace, 1)}),
+                 Row({Item(state, 1), Item(mistake, 1), news}), Item(acts, 3),
+                 Item(Row({Item(act, 1), Item(sidePlace, 1)}), 1),
                  Row({BindButton(model.cmdPerson), BindButton(model.cmdOp), BindButton(model.cmdRule),
                       Item(happened, 1), BindButton(model.cmdUndo), BindButton(model.cmdCopy),
                       BindButton(model.cmdExport), BindButton(model.cmdBackUp)})});
@@ -93,6 +101,7 @@ QWidget* DrawUndoPage(UndoPage& page) {
     HighFor(*plan, 10);
     auto* moved = BindReading(page.txtMoved, "What is other now, and what failed");
     HighFor(*moved, 3);
+    WhileSaid(page.txtMoved, *moved, [&page] { return !page.txtMoved.Text().empty(); });
     auto* since = BindLine(page.txtSince, page.lblSince.Caption());
     since->setMaximumWidth(since->fontMetrics().averageCharWidth() * 24);
     return Fill(BindGroup(page.FrameUndo),
@@ -110,9 +119,10 @@ QWidget* DrawUndoPage(UndoPage& page) {
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model) {
     auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
     auto* pages = new PageArea;
-    pages->AddPage(ActsPage(model), model.FrameActs);
+    auto* acts = ActsPage(model);
+    WideFor(*acts, 165);
+    pages->AddPage(acts, model.FrameActs);
     pages->AddPage(DrawUndoPage(model.undo), model.undo.FrameUndo);
-    WideFor(*pages, 150);
     Fill(window.get(), {Item(pages, 1)});
     return window;
 }
