@@ -1,9 +1,9 @@
-#include "bridge/ledger/SearchText.h"
+#include "bridge/ledger/reading/SearchText.h"
 
 #include "base/Text.h"
 #include "bridge/ledger/IndexWords.h"
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Visible.h"
 
 #include <charconv>
 
