@@ -17,7 +17,7 @@ std::int64_t ContentId(Connection& file, std::string_view entries) {
     return file.LastRow();
 }
 
-void PutWhole(Connection& file, const Whole& whole, std::string_view entries) {
+void PutWhole(Connection& file, const WholeRow& whole, std::string_view entries) {
     const auto content = ContentId(file, entries);
     auto& add = file.Prepare("INSERT INTO wholes(run, at, after_change, list, room, content, begins) "
                              "VALUES(?, ?, ?, ?, ?, ?, ?)");

@@ -11,7 +11,7 @@
 
 namespace halyard {
 
-struct Whole {
+struct WholeRow {
     std::int64_t run = 0;
     std::int64_t at = 0;
     std::int64_t afterChange = 0;
@@ -21,7 +21,7 @@ struct Whole {
 };
 
 /// `entries` are UTF-8, one a line.
-void PutWhole(Connection& file, const Whole& whole, std::string_view entries);
+void PutWhole(Connection& file, const WholeRow& whole, std::string_view entries);
 /// The number of this content's row.
 std::int64_t ContentId(Connection& file, std::string_view entries);
 

@@ -42,6 +42,9 @@ class Ledger : public News {
     void KeepEvidence(bool on);
     /// Writes all that was told, also what waits to be told as one.
     void Flush() { queue.Flush(); }
+    /// Somebody is to be forgotten: what waits is written, and nothing said or known of persons stays in
+    /// memory.
+    void BeforeForgetting();
     /// For reading and keeping; null while the file isn't open.
     Database* Records() { return queue.Records(); }
 
@@ -125,7 +128,6 @@ class Ledger : public News {
     FactQueue queue;
     std::int64_t acts = 0; ///< numbers given out in this run, as the next
     std::int64_t causes = 0;
-    std::int64_t unknownCause = 0; ///< of what nobody opened a scope for
     Requests requests;
     std::int32_t justWanted = 0; ///< may go out at once, or wait
     std::pair<std::int64_t, std::int64_t> undoing;

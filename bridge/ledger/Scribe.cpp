@@ -185,12 +185,12 @@ void Scribe::Put(Connection& file, const WholeFact& fact) {
         rest.remove_prefix(length);
     }
     if (!entries.empty()) entries.pop_back();
-    const Whole whole{began.run,
-                      fact.at,
-                      Newest(file, "SELECT max(id) FROM changes"),
-                      fact.list,
-                      ids.Room(file, fact.room),
-                      fact.begins};
+    const WholeRow whole{began.run,
+                         fact.at,
+                         Newest(file, "SELECT max(id) FROM changes"),
+                         fact.list,
+                         ids.Room(file, fact.room),
+                         fact.begins};
     PutWhole(file, whole, entries);
 }
 

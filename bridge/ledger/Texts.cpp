@@ -15,6 +15,6 @@ std::string KeptEntry(std::string_view entry) {
     return entry.find('\n') == entry.npos ? KeptText(entry) : Replace(KeptText(entry), "\n", "\xE2\x90\x8A");
 }
 
-std::string Stone(std::int64_t person) { return "\xEE\x80\x80p" + std::to_string(person); }
+std::string StoneOf(std::int64_t person) { return "\xEE\x80\x80p" + std::to_string(person); }
 
 } // namespace halyard

@@ -18,6 +18,6 @@ std::string KeptText(std::string_view text);
 std::string KeptEntry(std::string_view entry);
 
 /// What stands in the place of a forgotten person's name. No name of the desk begins like it.
-std::string Stone(std::int64_t person);
+std::string StoneOf(std::int64_t person);
 
 } // namespace halyard

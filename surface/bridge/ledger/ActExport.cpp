@@ -1,7 +1,7 @@
 #include "surface/bridge/ledger/ActExport.h"
 
 #include "base/Text.h"
-#include "bridge/ledger/Export.h"
+#include "bridge/ledger/reading/Export.h"
 #include "platform/Files.h"
 #include "surface/bridge/ledger/ActText.h"
 

@@ -3,7 +3,7 @@
 // Writes the acts that a search finds into a file, page by page, as CSV or as JSON, one object a line. The
 // window Ledger owns the one.
 
-#include "bridge/ledger/SearchText.h"
+#include "bridge/ledger/reading/SearchText.h"
 #include "surface/bridge/ledger/LedgerQuestion.h"
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 // The lines of the window Ledger, newest first: read page by page as somebody goes down, and never moved by
 // what happens meanwhile. The window owns the one.
 
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 #include "surface/bridge/ledger/ActText.h"
 #include "surface/bridge/ledger/LedgerQuestion.h"
 

@@ -1,8 +1,8 @@
 #include "surface/bridge/ledger/ActText.h"
 
 #include "base/Latin1.h"
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Visible.h"
 
 namespace halyard {
 

@@ -3,7 +3,7 @@
 // The ledger's acts in the words of the window Ledger. All texts are Windows-1252 on one line each, with what
 // can't be seen made visible; lines of a longer text end with CR LF.
 
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 #include "platform/Table.h"
 
 #include <string>

@@ -3,7 +3,7 @@
 // What the window Ledger asks of others: of the ledger, of the desk by its doors, of who carries out an undo.
 // What is empty can't be done, and its button takes no press. Texts are Windows-1252.
 
-#include "bridge/ledger/UndoPlan.h"
+#include "bridge/ledger/reading/UndoPlan.h"
 #include "surface/bridge/ledger/LedgerQuestion.h"
 
 #include <cstdint>

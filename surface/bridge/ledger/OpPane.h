@@ -2,7 +2,7 @@
 
 // What an op did, day by day, and who else did something. The window Ledger owns the one.
 
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 #include "platform/Table.h"
 #include "surface/bridge/ledger/LedgerQuestion.h"
 

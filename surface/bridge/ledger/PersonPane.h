@@ -2,7 +2,7 @@
 
 // A person as the ledger knows them, and what may be done about them. The window Ledger owns the one.
 
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 #include "platform/Controls.h"
 #include "surface/SurfaceContext.h"
 #include "surface/bridge/ledger/LedgerHooks.h"

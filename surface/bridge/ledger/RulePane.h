@@ -3,7 +3,7 @@
 // A rule, whom it hit, and which rules there are; on request, the entries that never hit anybody. The window
 // Ledger owns the one.
 
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 #include "platform/Table.h"
 #include "surface/bridge/ledger/LedgerQuestion.h"
 

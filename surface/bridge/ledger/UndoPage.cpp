@@ -2,7 +2,7 @@
 
 #include "base/Latin1.h"
 #include "base/Text.h"
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/reading/Moments.h"
 #include "platform/Platform.h"
 #include "surface/bridge/ledger/ActText.h"
 #include "surface/look/ControlArrays.h"
