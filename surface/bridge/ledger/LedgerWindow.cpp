@@ -98,7 +98,7 @@ void LedgerWindow::Back() {
 /// False, and only the mistake is shown, when the search has one.
 bool LedgerWindow::Take(const Look& wanted) {
     const auto text = ToUtf8(wanted.search);
-    auto read = ReadSearch(text, context.platform.CalendarSeconds() * 1000);
+    auto read = ReadSearch(text, context.platform.CalendarMilliseconds());
     if (const auto* mistake = std::get_if<SearchMistake>(&read)) {
         const auto place = FromUtf8(std::string_view(text).substr(0, mistake->place)).size();
         lblMistake.SetCaption("At character " + std::to_string(place + 1) + ": " + Readable(mistake->words));

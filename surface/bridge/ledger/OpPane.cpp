@@ -15,7 +15,7 @@ OpPane::OpPane(Platform& platform, const LedgerRead& read) : platform(platform),
 
 void OpPane::Show(std::int64_t row, const std::string& name) {
     txtOp.SetText("");
-    const auto since = (platform.CalendarSeconds() - std::int64_t{Days} * 24 * 3600) * 1000;
+    const auto since = platform.CalendarMilliseconds() - std::int64_t{Days} * 24 * 3600 * 1000;
     struct Found {
         std::optional<OpPage> page;
         std::vector<ActsOf> ops;

@@ -97,7 +97,7 @@ std::string UndoPage::Asked(UndoAsk& what) const {
     if (what.row == 0)
         return what.what == UndoAsk::What::Op ? "No op stands behind the chosen act."
                                               : "No entry stands behind the chosen act.";
-    const auto since = ReadMoment(Trim(txtSince.Text()), context.platform.CalendarSeconds() * 1000);
+    const auto since = ReadMoment(Trim(txtSince.Text()), context.platform.CalendarMilliseconds());
     if (!since) return "Since when? \"2d\", \"2026-11-23\" or \"2026-11-23T14:05\".";
     what.since = *since;
     return {};

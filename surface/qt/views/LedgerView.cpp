@@ -45,6 +45,13 @@ QWidget* DrawRule(RulePane& pane) {
                 {Item(text, 1), Item(BindTable(pane.tblRules, "Rules"), 1), BindCheck(pane.chkNeverHit)});
 }
 
+/// A text that may be empty keeps a name by which it is known.
+QLabel* Named(Label& label, const char* name) {
+    auto* widget = BindValue(label);
+    if (label.Caption().empty()) NameAfter(*widget, name);
+    return widget;
+}
+
 /// Shows a widget only while its control says something.
 template <typename Says>
 void WhileSaid(Control& control, QWidget& widget, Says says) {
@@ -73,8 +80,8 @@ QWidget* ActsPage(LedgerWindow& model) {
     side->AddPage(DrawRule(model.rule), model.rule.FrameRule);
     auto* sidePlace = BindPlace(model.FrameSide, "Beside the acts");
     Fill(sidePlace, {Item(side, 1)})->layout()->setContentsMargins(0, 0, 0, 0);
-    auto* mistake = BindValue(model.lblMistake);
-    auto* state = BindValue(model.list.lblActs);
+    auto* mistake = Named(model.lblMistake, "Mistake in the search");
+    auto* state = Named(model.list.lblActs, "State of the acts");
     WhileSaid(model.lblMistake, *mistake, [&model, state] {
         const bool wrong = !model.lblMistake.Caption().empty();
         state->setHidden(wrong); // so that no line moves
@@ -84,7 +91,7 @@ QWidget* ActsPage(LedgerWindow& model) {
     auto kept = news->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
     news->setSizePolicy(kept);
-    auto* happened = BindValue(model.lblHappened);
+    auto* happened = Named(model.lblHappened, "What happened last");
     return Fill(BindPlace(model.FrameActs, model.FrameActs.Caption()),
                 {Row({BindOptions(model.optSide, "Whose acts"), BindLabel(model.lblWho),
                       Item(BindLine(model.txtWho, model.lblWho.Caption()), 1), BindButton(model.cmdBack)}),
@@ -107,10 +114,10 @@ QWidget* DrawUndoPage(UndoPage& page) {
     return Fill(BindGroup(page.FrameUndo),
                 {Row({BindOptions(page.optWhat, "What is taken back"), BindLabel(page.lblSince), since,
                       BindButton(page.cmdPreview)}),
-                 BindValue(page.lblOf), Item(plan, 4), BindValue(page.lblPlan), Item(moved, 1),
-                 Row({BindCheck(page.chkTell), Room(), BindButton(page.cmdCarryOut)}),
+                 Named(page.lblOf, "Whose acts"), Item(plan, 4), Named(page.lblPlan, "State of the preview"),
+                 Item(moved, 1), Row({BindCheck(page.chkTell), Room(), BindButton(page.cmdCarryOut)}),
                  Row({Item(BindGauge(page.gaugeUndo, "How far it is"), 1),
-                      Item(BindValue(page.lblProgress), 1), BindButton(page.cmdStop)}),
+                      Item(Named(page.lblProgress, "Progress"), 1), BindButton(page.cmdStop)}),
                  Row({Room(), BindButton(page.cmdActs)})});
 }
 
