@@ -27,6 +27,7 @@ bool IsSpared(const Options& options, const std::string& name) {
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
       check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
+      ledgerWindow(main.Context()),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
@@ -59,6 +60,8 @@ void Bridge::BindControls() {
         if (index < static_cast<int>(file.Networks().size())) chosen.Choose(row.cmbNetwork.Text());
     };
     row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
     window.management.onApplied = [this](const std::string& network) {
         if (network == chosen.OfSignOn()) Enforce(network);
     };
@@ -73,6 +76,7 @@ void Bridge::BindControls() {
 
 void Bridge::Start() {
     row.EachControl(Theme());
+    bar.lblBridge.SetColors(Theme::ButtonBack, Theme::ButtonFore); // as the entries above it
     Theme()(foot.lblFoot);
     Theme()(foot.lstTold);
     file.Load();

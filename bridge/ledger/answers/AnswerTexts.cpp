@@ -1,8 +1,8 @@
 #include "bridge/ledger/answers/AnswerTexts.h"
 
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Views.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Views.h"
+#include "bridge/ledger/reading/Visible.h"
 
 #include <algorithm>
 

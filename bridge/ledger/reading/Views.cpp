@@ -1,9 +1,9 @@
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"
 #include "bridge/ledger/Lookalikes.h"
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/reading/Moments.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,10 +14,10 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t MostLookalikes = 50;
-constexpr std::string_view Stone = "stone ";
+constexpr std::string_view StoneWord = "stone ";
 
 std::string NameIn(const Statement& row, int id, int spelled) {
-    return row.IsNull(spelled) ? std::string(Stone) + std::to_string(row.Integer(id)) : row.Text(spelled);
+    return row.IsNull(spelled) ? std::string(StoneWord) + std::to_string(row.Integer(id)) : row.Text(spelled);
 }
 
 /// The name of a row of persons; nothing when there is no such row.
@@ -111,9 +111,9 @@ std::int64_t FindPerson(Connection& connection, std::string_view name) {
     auto& row = connection.Prepare("SELECT id FROM persons WHERE key = ?").Bind(1, ToUtf8(key));
     if (row.Step()) person = row.Integer(0);
     row.Reset();
-    if (person != 0 || !name.starts_with(Stone)) return person;
+    if (person != 0 || !name.starts_with(StoneWord)) return person;
     const auto* end = name.data() + name.size();
-    const auto [stop, failure] = std::from_chars(name.data() + Stone.size(), end, person);
+    const auto [stop, failure] = std::from_chars(name.data() + StoneWord.size(), end, person);
     return failure == std::errc() && stop == end && PersonName(connection, person) ? person : 0;
 }
 

@@ -6,7 +6,7 @@
 
 #include "base/Cause.h"
 #include "base/News.h"
-#include "bridge/ledger/SearchText.h"
+#include "bridge/ledger/reading/SearchText.h"
 
 #include <cstdint>
 #include <optional>
@@ -28,6 +28,7 @@ struct ActRow {
     std::string roomName;      ///< as spelled
     std::int16_t exchange = 0; ///< of the room
     std::int64_t op = 0;       ///< row of persons: on whose word it was done, 0 for nobody's
+    std::string opName;        ///< as spelled last
     std::int64_t rule = 0;     ///< row of rules, 0 for none
     RuleKind ruleKind = RuleKind::None;
     std::string ruleEntry;

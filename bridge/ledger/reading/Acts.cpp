@@ -1,4 +1,4 @@
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"
@@ -23,10 +23,10 @@ constexpr const char* RowText =
     "a.rule,"
     " u.kind, u.entry, c.kind, c.who, w.spelled, c.line, c.reason, c.entry, a.list, a.entry, a.outcome, "
     "a.code,"
-    " a.asked, a.undoes, a.undone"
+    " a.asked, a.undoes, a.undone, o.spelled"
     " FROM acts a LEFT JOIN causes c ON c.id = a.cause LEFT JOIN persons p ON p.id = a.person"
     " LEFT JOIN rooms m ON m.id = a.room LEFT JOIN rules u ON u.id = a.rule"
-    " LEFT JOIN persons w ON w.id = c.who WHERE a.id = ?";
+    " LEFT JOIN persons w ON w.id = c.who LEFT JOIN persons o ON o.id = a.op WHERE a.id = ?";
 
 std::string Joined(const char* what, const std::string& behind) {
     return behind.empty() ? std::string(what) : std::string(what) + " " + behind;
@@ -100,6 +100,9 @@ class Question {
         if (!search.person.empty())
             AndAny(WordField::Person, "SELECT id FROM persons WHERE key = ?", NormalizedUtf8(search.person));
         if (!search.rule.empty()) AndRules(Lower(FromUtf8(search.rule)));
+        if (search.personRow != 0) And(Field(WordField::Person, search.personRow));
+        if (search.opRow != 0) And(Field(WordField::Op, search.opRow));
+        if (search.ruleRow != 0) And(Field(WordField::Rule, search.ruleRow));
     }
 
     bool AsksNothing() const { return text.empty(); }
@@ -178,6 +181,7 @@ std::optional<ActRow> ReadAct(Connection& connection, std::int64_t number) {
     act.outcomeWords = OutcomeWords(act.outcome, row.Integer(23), !row.IsNull(24));
     act.undoes = row.Integer(25);
     act.undone = row.Integer(26);
+    act.opName = NameOf(row, act.op, 27);
     row.Reset();
     return act;
 }

@@ -34,6 +34,10 @@ struct Search {
     std::optional<std::int64_t> since; ///< ms UTC, at this moment or later
     std::optional<std::int64_t> until; ///< before this moment
     std::optional<std::int64_t> act;   ///< the number of the one act
+    // What no text asks for: rows that are known, two of persons and one of rules; 0 asks nothing.
+    std::int64_t personRow = 0;
+    std::int64_t opRow = 0;
+    std::int64_t ruleRow = 0;
 };
 
 struct SearchMistake {
@@ -48,5 +52,8 @@ std::variant<Search, SearchMistake> ReadSearch(std::string_view text, std::int64
 
 /// The text by which ReadSearch finds `value` in the field.
 std::string FieldText(std::string_view field, std::string_view value);
+
+/// A search out of words that a shell has taken apart: a blank inside of one belongs to it.
+std::string SearchOfArguments(const std::vector<std::string>& arguments);
 
 } // namespace halyard
