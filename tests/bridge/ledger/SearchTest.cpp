@@ -1,6 +1,7 @@
 // What people type, and what is found by it.
 
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/IndexWords.h"
+#include "bridge/ledger/reading/Moments.h"
 #include "tests/bridge/ledger/FilledLedger.h"
 
 #include <cstdlib>

@@ -1,9 +1,9 @@
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"
 #include "bridge/ledger/Lookalikes.h"
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/reading/Moments.h"
 
 #include <algorithm>
 #include <charconv>

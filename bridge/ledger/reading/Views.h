@@ -4,8 +4,8 @@
 // acts themselves come page by page from FindActs (Acts.h), by the fields "person", "op" and "rule" of a
 // search.
 
-#include "bridge/ledger/Acts.h"
-#include "bridge/ledger/Standing.h"
+#include "bridge/ledger/reading/Acts.h"
+#include "bridge/ledger/reading/Standing.h"
 
 #include <cstdint>
 #include <optional>

@@ -49,4 +49,7 @@ std::variant<Search, SearchMistake> ReadSearch(std::string_view text, std::int64
 /// The text by which ReadSearch finds `value` in the field.
 std::string FieldText(std::string_view field, std::string_view value);
 
+/// A search out of words that a shell has taken apart: a blank inside of one belongs to it.
+std::string SearchOfArguments(const std::vector<std::string>& arguments);
+
 } // namespace halyard

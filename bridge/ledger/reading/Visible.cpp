@@ -1,4 +1,4 @@
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Visible.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
-#include "bridge/ledger/Export.h"
+#include "bridge/ledger/reading/Export.h"
 
 #include "base/Text.h"
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Visible.h"
 
 #include <cstdio>
 #include <ctime>

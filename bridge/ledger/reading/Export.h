@@ -3,7 +3,7 @@
 // The ledger's acts as text for other programs: CSV (RFC 4180) and JSON, one object a line. Always valid
 // UTF-8.
 
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include <nlohmann/json_fwd.hpp>
 #include <string>

@@ -1,11 +1,13 @@
-#include "bridge/ledger/SearchText.h"
+#include "bridge/ledger/reading/SearchText.h"
 
 #include "base/Text.h"
 #include "bridge/ledger/IndexWords.h"
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Visible.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstddef>
 
 namespace halyard {
 
@@ -13,6 +15,8 @@ namespace {
 
 /// More words are no search that anybody types.
 constexpr std::size_t MostWords = 40;
+
+bool IsFieldLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 /// One part of the text between blanks.
 struct Part {
@@ -49,7 +53,7 @@ class SearchReader {
         if (at == text.size()) return std::nullopt;
         Part part{.place = at};
         auto end = at;
-        while (end < text.size() && IsLetter(text[end])) ++end;
+        while (end < text.size() && IsFieldLetter(text[end])) ++end;
         if (end > at && end < text.size() && text[end] == ':') {
             part.field = Lower(text.substr(at, end - at));
             at = end + 1;
@@ -154,7 +158,6 @@ class SearchReader {
     }
 
     static bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-    static bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
     std::string_view text;
     std::int64_t now;
@@ -171,6 +174,27 @@ std::variant<Search, SearchMistake> ReadSearch(std::string_view text, std::int64
 
 std::string FieldText(std::string_view field, std::string_view value) {
     return std::string(field) + ":\"" + Replace(value, "\"", "\"\"") + "\"";
+}
+
+std::string SearchOfArguments(const std::vector<std::string>& arguments) {
+    std::string text;
+    for (const auto& argument : arguments) {
+        if (!text.empty()) text += ' ';
+        const bool whole =
+            argument.find_first_of(" \t\n\r") == std::string::npos || argument.find('"') != std::string::npos;
+        const auto colon = argument.find(':');
+        const bool isField =
+            colon != std::string::npos &&
+            std::all_of(argument.begin(), argument.begin() + static_cast<std::ptrdiff_t>(colon),
+                        IsFieldLetter);
+        if (whole)
+            text += argument;
+        else if (isField)
+            text += FieldText(argument.substr(0, colon), argument.substr(colon + 1));
+        else
+            text += "\"" + argument + "\"";
+    }
+    return text;
 }
 
 } // namespace halyard

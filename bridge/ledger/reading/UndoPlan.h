@@ -4,7 +4,7 @@
 // elsewhere as it was shown. It keeps the numbers of the last facts it saw; when the world has moved on by
 // the time somebody confirms it, a new plan is made and Difference says what is other.
 
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "bridge/ledger/Standing.h"
+#include "bridge/ledger/reading/Standing.h"
 
 #include "base/Collection.h"
 #include "base/Text.h"

@@ -6,7 +6,7 @@
 
 #include "base/Cause.h"
 #include "base/News.h"
-#include "bridge/ledger/SearchText.h"
+#include "bridge/ledger/reading/SearchText.h"
 
 #include <cstdint>
 #include <optional>

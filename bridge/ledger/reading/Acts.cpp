@@ -1,4 +1,4 @@
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"

@@ -1,9 +1,9 @@
-#include "bridge/ledger/UndoPlan.h"
+#include "bridge/ledger/reading/UndoPlan.h"
 
 #include "base/Latin1.h"
 #include "base/Text.h"
-#include "bridge/ledger/Standing.h"
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Standing.h"
+#include "bridge/ledger/reading/Views.h"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/reading/Moments.h"
 
 #include <charconv>
 #include <chrono>
