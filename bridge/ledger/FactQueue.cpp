@@ -136,6 +136,7 @@ void FactQueue::Written(const DatabaseResult& result) {
     count -= batches.front()->facts.size();
     batches.pop_front();
     Worked();
+    if (onWritten) onWritten();
     if (batches.empty()) flushing = false;
     if (flushing || (!batches.empty() && batches.front()->facts.size() >= BatchFacts)) return SendNext();
     if (!batches.empty()) Arm(Pause);

@@ -33,6 +33,7 @@ class FactQueue {
     FactQueue& operator=(const FactQueue&) = delete;
 
     std::function<void(const std::string&)> onTell; ///< once when writing fails, once when it works again
+    std::function<void()> onWritten;                ///< a batch stands in the file
     std::function<void()> onBatch;                  ///< a batch is about to go: what is held back comes now
     std::function<void()> onGapEnd;                 ///< facts were lost: whole contents are to follow
 

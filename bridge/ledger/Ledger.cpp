@@ -21,6 +21,9 @@ Ledger::Ledger(Platform& platform, Options& options)
     queue.onTell = [this](const std::string& words) {
         if (onTell) onTell(words);
     };
+    queue.onWritten = [this] {
+        if (onWritten) onWritten();
+    };
     queue.onBatch = [this] { StillWaits(); };
     queue.onGapEnd = [this] { AddWholes(true); };
     holdTimer->SetInterval(HoldPause);

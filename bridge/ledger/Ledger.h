@@ -34,6 +34,8 @@ class Ledger : public News {
 
     /// What the operator should know: once when writing fails, once when it works again.
     std::function<void(const std::string&)> onTell;
+    /// Something was written.
+    std::function<void()> onWritten;
     std::string network; ///< on which the bot signs on, as the operator names it
 
     /// Opens the file at `path`, Windows-1252, and begins a run of the program's `version`.

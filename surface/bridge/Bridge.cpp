@@ -33,7 +33,8 @@ Bridge::Bridge(frmMain& main)
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
-      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }), main(main) {
+      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
+      wiring(main, ledger, ledgerWindow), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -82,6 +83,7 @@ void Bridge::Start() {
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
     ledger.Take(file.Ledger());
+    wiring.Reopened();
     chosen.Follow(Options::FileUse::Read, {});
 }
 

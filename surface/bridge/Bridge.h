@@ -11,7 +11,8 @@
 #include "surface/bridge/BridgeBar.h"
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
-#include "surface/bridge/LedgerDesk.h"
+#include "surface/bridge/LedgerHost.h"
+#include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
@@ -44,7 +45,8 @@ class Bridge : private News {
     LedgerWindow ledgerWindow;
     BanAnswers answers;
     Enforcement enforcement;
-    LedgerDesk ledger;
+    LedgerHost ledger;
+    LedgerWiring wiring;
 
   private:
     void BindControls();

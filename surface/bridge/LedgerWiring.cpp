@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "bridge/ledger/undo/DeskCopy.h"
 #include "platform/Platform.h"
-#include "surface/bridge/LedgerDesk.h"
+#include "surface/bridge/LedgerHost.h"
 #include "surface/frmMain.h"
 
 #include <utility>
@@ -33,7 +33,7 @@ std::string Failure(const UndoneTask& task) {
 
 } // namespace
 
-LedgerWiring::LedgerWiring(frmMain& main, LedgerDesk& desk, LedgerWindow& window)
+LedgerWiring::LedgerWiring(frmMain& main, LedgerHost& desk, LedgerWindow& window)
     : main(main), desk(desk), window(window) {
     FillReading();
     FillDoors();

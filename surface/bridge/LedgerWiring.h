@@ -10,13 +10,13 @@
 
 namespace halyard {
 
-class LedgerDesk;
+class LedgerHost;
 class frmMain;
 
 class LedgerWiring {
   public:
     /// All outlive it. The window's hooks are filled here, once.
-    LedgerWiring(frmMain& main, LedgerDesk& desk, LedgerWindow& window);
+    LedgerWiring(frmMain& main, LedgerHost& desk, LedgerWindow& window);
 
     /// Another ledger is open, or none any more.
     void Reopened();
@@ -31,7 +31,7 @@ class LedgerWiring {
     void WithName(std::int64_t person, std::function<void(const std::string&)> then);
 
     frmMain& main;
-    LedgerDesk& desk;
+    LedgerHost& desk;
     LedgerWindow& window;
     std::shared_ptr<int> life = std::make_shared<int>();
 };

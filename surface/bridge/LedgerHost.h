@@ -3,6 +3,7 @@
 // The ledger at this desk, and all that works on it: who is answered from it, and what is taken back by it.
 // With the ledger switched off, or open in another window, there is none of them. The bridge owns the one.
 
+#include "bridge/ledger/Keeper.h"
 #include "bridge/ledger/Ledger.h"
 #include "bridge/ledger/answers/Answers.h"
 #include "bridge/ledger/answers/Appeals.h"
@@ -20,18 +21,19 @@ namespace halyard {
 class NewsFan;
 class frmMain;
 
-class LedgerDesk {
+class LedgerHost {
   public:
     /// All outlive it. Nothing is kept before Start.
-    LedgerDesk(frmMain& main, NewsFan& heard, std::function<void(const std::string&)> tell);
-    ~LedgerDesk();
-    LedgerDesk(const LedgerDesk&) = delete;
-    LedgerDesk& operator=(const LedgerDesk&) = delete;
+    LedgerHost(frmMain& main, NewsFan& heard, std::function<void(const std::string&)> tell);
+    ~LedgerHost();
+    LedgerHost(const LedgerHost&) = delete;
+    LedgerHost& operator=(const LedgerHost&) = delete;
 
     /// What there is while a ledger is kept. It hears each fact before who acts upon one.
     struct Parts {
         Parts(frmMain& main, Doors& doors);
         Ledger ledger;
+        Keeper keeper;
         PacedMessages messages;
         UndoRun undo;
         Answers answers;

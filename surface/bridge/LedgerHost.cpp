@@ -1,4 +1,4 @@
-#include "surface/bridge/LedgerDesk.h"
+#include "surface/bridge/LedgerHost.h"
 
 #include "bridge/NewsFan.h"
 #include "commands/CommandContext.h"
@@ -9,36 +9,37 @@
 
 namespace halyard {
 
-LedgerDesk::Parts::Parts(frmMain& main, Doors& doors)
-    : ledger(main.Context().platform, main.options),
+LedgerHost::Parts::Parts(frmMain& main, Doors& doors)
+    : ledger(main.Context().platform, main.options), keeper(main.Context().platform, ledger),
       messages(main.Context().platform, main.Control()),
       undo(main.Context().platform, main.Control(), doors, ledger, messages),
       answers(main.Context().platform, main.options, ledger, undo, messages),
       appeals(main.Context().platform, main.Control(), ledger, messages) {}
 
-LedgerDesk::LedgerDesk(frmMain& main, NewsFan& heard, std::function<void(const std::string&)> tell)
+LedgerHost::LedgerHost(frmMain& main, NewsFan& heard, std::function<void(const std::string&)> tell)
     : main(main), heard(heard), tell(std::move(tell)), doors(main) {}
 
-LedgerDesk::~LedgerDesk() { End(); }
+LedgerHost::~LedgerHost() { End(); }
 
-std::string LedgerDesk::Path() const {
+std::string LedgerHost::Path() const {
     auto& files = main.Context().platform.FileSystem();
     const auto place = files.BridgeFolder();
     return place.empty() ? "" : place + files.Separator() + "ledger.db";
 }
 
-void LedgerDesk::Take(const LedgerTerms& terms) {
+void LedgerHost::Take(const LedgerTerms& terms) {
     if (!terms.keep)
         End();
     else if (!parts)
         Begin();
     if (!parts) return;
     parts->ledger.KeepEvidence(terms.evidence);
+    parts->keeper.days = {terms.textDays, terms.actDays};
     parts->answers.on = terms.answers;
     parts->appeals.terms = terms;
 }
 
-void LedgerDesk::Begin() {
+void LedgerHost::Begin() {
     auto& files = main.Context().platform.FileSystem();
     const auto place = files.BridgeFolder();
     if (place.empty()) return tell("No ledger is kept: there is no folder for it.");
@@ -48,7 +49,7 @@ void LedgerDesk::Begin() {
     if (!folder)
         return tell("No ledger is kept here: another window has " + place + ", or it can't be written.");
     parts = std::make_unique<Parts>(main, doors);
-    auto& [ledger, messages, undo, answers, appeals] = *parts;
+    auto& [ledger, keeper, messages, undo, answers, appeals] = *parts;
     ledger.network = network;
     ledger.onTell = tell;
     appeals.onAppeal = [this](std::size_t count, const std::string& name) {
@@ -60,9 +61,10 @@ void LedgerDesk::Begin() {
     heard.Add(undo);
     heard.SetFirst(&ledger);
     ledger.Start(Path(), HALYARD_VERSION);
+    keeper.Start();
 }
 
-void LedgerDesk::End() {
+void LedgerHost::End() {
     if (!parts) return;
     heard.SetFirst(nullptr);
     heard.Remove(parts->undo);
@@ -72,12 +74,12 @@ void LedgerDesk::End() {
     folder.reset();
 }
 
-void LedgerDesk::SetNetwork(const std::string& name) {
+void LedgerHost::SetNetwork(const std::string& name) {
     network = name;
     if (parts) parts->ledger.network = name;
 }
 
-std::string LedgerDesk::Health() const {
+std::string LedgerHost::Health() const {
     if (!parts->ledger.Records()) return "The ledger isn't open.";
     const auto appeals = parts->appeals.Count();
     return "The ledger is kept" + (appeals == 0 ? "." : ", " + std::to_string(appeals) + " appeals came.");
