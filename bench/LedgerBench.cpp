@@ -123,7 +123,10 @@ void LineRemembered(benchmark::State& state) {
     const std::string line(300, 'x');
     const std::string names[] = {"somebody", "Some Body Else", "anna", "roomboss12345"};
     std::size_t next = 0;
-    for (auto _ : state) lines.Add(static_cast<std::int64_t>(next), 2, names[next++ % 4], line);
+    for (auto _ : state) {
+        lines.Add(static_cast<std::int64_t>(next), 2, names[next % 4], line);
+        ++next;
+    }
 }
 BENCHMARK(LineRemembered);
 
