@@ -26,7 +26,7 @@ struct Bot : SilentBot {
         Feed(slot, "00010007", "");
         room = control.Room(slot);
         world.RunFor(3000);
-        options.Ops.Add("judge", "judge");
+        options.Ops.Add("judge");
         options.Perms.Add(FullPerms, "judge");
         room->UserJoined("judge");
         for (int number = 1; number < people; ++number) room->UserJoined("guest" + std::to_string(number));
@@ -55,8 +55,8 @@ void LineThatIsNoCommand(benchmark::State& state) {
     Bot bot;
     for (int number = 0; number < 1000; ++number) {
         auto name = "friend" + std::to_string(number);
-        bot.options.Ops.Add("op" + name, "op" + name);
-        bot.options.Immunes.Add(name, name);
+        bot.options.Ops.Add("op" + name);
+        bot.options.Immunes.Add(name);
     }
     bot.FillAutobans(10'000);
     bot.FillAutowords(state.range(0));

@@ -91,8 +91,8 @@ struct Room {
         auto& options = window.options;
         for (int n = 0; n < 1000; ++n) {
             auto name = "person" + std::to_string(n);
-            options.Ops.Add(name, name);
-            options.Immunes.Add(name, name);
+            options.Ops.Add(name);
+            options.Immunes.Add(name);
         }
         for (int n = 0; n < 10000; ++n)
             options.Autobans.Add("bad" + std::to_string(n) + (n % 2 != 0 ? "*" : ""));

@@ -11,44 +11,45 @@ namespace {
 constexpr std::size_t headLength = 6;
 }
 
-Connection::Connection(std::unique_ptr<Socket> socket, const RateClasses& classes, std::int64_t now)
+ClientConnection::ClientConnection(std::unique_ptr<Socket> socket, const RateClasses& classes,
+                                   std::int64_t now)
     : rates(classes, now), since(now), socket(std::move(socket)) {}
 
-void Connection::Start() {
+void ClientConnection::Start() {
     socket->onData = [this](std::size_t) { Receive(); };
     socket->onError = [this](int, const std::string&) { End(""); };
     Send(1, WordToStr(0) + WordToStr(1));
 }
 
-void Connection::Send(int channel, std::string_view body) {
+void ClientConnection::Send(int channel, std::string_view body) {
     if (!open || body.size() > 65535) return;
     socket->Send("*" + ByteToStr(channel) + WordToStr(sequence) +
                  WordToStr(static_cast<long long>(body.size())) + std::string(body));
     sequence = (sequence + 1) % 65536;
 }
 
-void Connection::SendSnac(int family, int subtype, std::uint32_t id, std::string_view body) {
+void ClientConnection::SendSnac(int family, int subtype, std::uint32_t id, std::string_view body) {
     Send(2, SnacBytes(family, subtype, id, body));
 }
 
-void Connection::Close() {
+void ClientConnection::Close() {
     if (!open) return;
     open = false;
     socket->Close();
 }
 
-void Connection::SignOff(std::string_view body) {
+void ClientConnection::SignOff(std::string_view body) {
     Send(4, body);
     Close();
 }
 
-void Connection::End(const std::string& fault) {
+void ClientConnection::End(const std::string& fault) {
     if (!open) return;
     Close();
     if (onEnd) onEnd(*this, fault);
 }
 
-void Connection::Receive() {
+void ClientConnection::Receive() {
     pending += socket->ReadAll();
     std::size_t at = 0;
     while (open && TakeFrame(at)) {
@@ -56,7 +57,7 @@ void Connection::Receive() {
     pending.erase(0, at);
 }
 
-bool Connection::TakeFrame(std::size_t& at) {
+bool ClientConnection::TakeFrame(std::size_t& at) {
     auto rest = std::string_view(pending).substr(at);
     if (rest.empty()) return false;
     if (rest[0] != '*') return End("sent what is no frame"), false;

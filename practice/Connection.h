@@ -28,18 +28,18 @@ enum class Service {
     Email = 0x0018
 };
 
-class Connection {
+class ClientConnection {
   public:
     /// Longer frames than this are taken for nonsense, in bytes behind the six of the header.
     static constexpr std::size_t longestFrame = 8192;
 
-    Connection(std::unique_ptr<Socket> socket, const RateClasses& classes, std::int64_t now);
+    ClientConnection(std::unique_ptr<Socket> socket, const RateClasses& classes, std::int64_t now);
 
     /// A whole frame came. False says that it made no sense: the connection is closed.
-    std::function<bool(Connection&, int channel, std::string_view body)> onFrame;
+    std::function<bool(ClientConnection&, int channel, std::string_view body)> onFrame;
     /// The peer ended the connection, or, with a `fault` to tell of, sent what makes no sense. Runs once; not
     /// for ends that the network itself wanted.
-    std::function<void(Connection&, const std::string& fault)> onEnd;
+    std::function<void(ClientConnection&, const std::string& fault)> onEnd;
 
     /// Takes over the socket's handlers and says hello.
     void Start();

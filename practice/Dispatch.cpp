@@ -13,7 +13,7 @@ namespace halyard {
 namespace {
 
 /// True when the request may go on to its handler.
-bool PassesRates(World& world, Connection& connection, const Snac& snac) {
+bool PassesRates(World& world, ClientConnection& connection, const Snac& snac) {
     auto classId = RateClassOf(snac.family, snac.subtype, world.options.Has(Departure::RateClassesAsTold));
     if (classId == 0) return true;
     auto verdict = connection.rates.Count(classId, world.Now());
@@ -26,7 +26,7 @@ bool PassesRates(World& world, Connection& connection, const Snac& snac) {
     return !verdict.drop;
 }
 
-bool DispatchSnac(World& world, Connection& connection, const Snac& snac) {
+bool DispatchSnac(World& world, ClientConnection& connection, const Snac& snac) {
     if (connection.service == Service::None)
         return snac.family == 0x0017 && HandleSignOn(world, connection, snac);
     if (!PassesRates(world, connection, snac)) return true;
@@ -45,7 +45,7 @@ bool DispatchSnac(World& world, Connection& connection, const Snac& snac) {
 
 } // namespace
 
-bool DispatchFrame(World& world, Connection& connection, int channel, std::string_view body) {
+bool DispatchFrame(World& world, ClientConnection& connection, int channel, std::string_view body) {
     switch (channel) {
     case 1: return HandleHello(world, connection, body);
     case 2: {

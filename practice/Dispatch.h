@@ -7,6 +7,6 @@
 namespace halyard {
 
 /// Acts on a whole frame. False when it makes no sense and its connection should end.
-bool DispatchFrame(World& world, Connection& connection, int channel, std::string_view body);
+bool DispatchFrame(World& world, ClientConnection& connection, int channel, std::string_view body);
 
 } // namespace halyard

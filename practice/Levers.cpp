@@ -18,13 +18,13 @@ Room* PracticeLevers::RoomOf(const std::string& name) {
     return world.rooms.FindOrCreate(defaultExchange, 0, name, world.options.maxPeople);
 }
 
-void PracticeLevers::WithBos(const std::string& name, const std::function<void(Connection&)>& act) {
+void PracticeLevers::WithBos(const std::string& name, const std::function<void(ClientConnection&)>& act) {
     auto person = world.people.Find(name);
     if (person && person->bos) act(*person->bos);
 }
 
 void PracticeLevers::WithMember(const std::string& room, const std::string& name,
-                                const std::function<void(Connection&)>& act) {
+                                const std::function<void(ClientConnection&)>& act) {
     auto found = world.rooms.FindName(room);
     auto member = found ? found->Find(name) : nullptr;
     if (member && member->connection) act(*member->connection);
@@ -95,28 +95,28 @@ void PracticeLevers::CloseRoom(const std::string& room) {
 
 void PracticeLevers::SetRate(const std::string& room, const std::string& name, int classId, RateCode code) {
     if (classId < 1 || classId > 5) return;
-    WithMember(room, name, [&](Connection& connection) {
+    WithMember(room, name, [&](ClientConnection& connection) {
         connection.rates.Force(classId, code);
         SendRateNotice(world, connection, classId, code);
     });
 }
 
 void PracticeLevers::Pause(const std::string& name) {
-    WithBos(name, [&](Connection& bos) {
+    WithBos(name, [&](ClientConnection& bos) {
         world.Note("", name, "is paused");
         bos.SendSnac(0x0001, 0x000B, 0, "");
     });
 }
 
 void PracticeLevers::Resume(const std::string& name) {
-    WithBos(name, [&](Connection& bos) {
+    WithBos(name, [&](ClientConnection& bos) {
         world.Note("", name, "is resumed");
         bos.SendSnac(0x0001, 0x000D, 0, "");
     });
 }
 
 void PracticeLevers::Migrate(const std::string& name) {
-    WithBos(name, [&](Connection& bos) {
+    WithBos(name, [&](ClientConnection& bos) {
         world.Note("", name, "is sent to migrate");
         bos.migrating = true;
         auto cookie = world.NewCookie({.name = bos.name, .service = Service::Bos, .migration = true});
@@ -130,15 +130,15 @@ void PracticeLevers::Migrate(const std::string& name) {
 }
 
 void PracticeLevers::Drop(const std::string& name) {
-    WithBos(name, [&](Connection& bos) { world.Forget(bos); });
+    WithBos(name, [&](ClientConnection& bos) { world.Forget(bos); });
 }
 
 void PracticeLevers::SignOff(const std::string& name) {
-    WithBos(name, [&](Connection& bos) { world.Dismiss(bos); });
+    WithBos(name, [&](ClientConnection& bos) { world.Dismiss(bos); });
 }
 
 void PracticeLevers::SignOffElsewhere(const std::string& name, bool inFourBytes) {
-    WithBos(name, [&](Connection& bos) {
+    WithBos(name, [&](ClientConnection& bos) {
         world.Note("", name, "has signed on elsewhere");
         world.Dismiss(bos, inFourBytes ? WordToStr(0x0009) + WordToStr(1) : ElsewhereBody());
     });
@@ -146,15 +146,15 @@ void PracticeLevers::SignOffElsewhere(const std::string& name, bool inFourBytes)
 
 void PracticeLevers::Stop(int seconds) {
     world.closedUntil = world.Now() + seconds * 1000LL;
-    world.EachConnection([this](Connection& connection) { world.Dismiss(connection); });
+    world.EachConnection([this](ClientConnection& connection) { world.Dismiss(connection); });
 }
 
 void PracticeLevers::DropFromRoom(const std::string& room, const std::string& name) {
-    WithMember(room, name, [&](Connection& connection) { world.Forget(connection); });
+    WithMember(room, name, [&](ClientConnection& connection) { world.Forget(connection); });
 }
 
 void PracticeLevers::SignOffFromRoom(const std::string& room, const std::string& name) {
-    WithMember(room, name, [&](Connection& connection) { world.Dismiss(connection); });
+    WithMember(room, name, [&](ClientConnection& connection) { world.Dismiss(connection); });
 }
 
 void PracticeLevers::RefuseNextSignOn(int code) { world.refusals.signOn = code; }

@@ -12,7 +12,7 @@
 
 namespace halyard {
 
-class Connection;
+class ClientConnection;
 class World;
 struct Room;
 
@@ -72,9 +72,9 @@ class PracticeLevers {
     void BringOnLine(const std::string& name);
 
   private:
-    void WithBos(const std::string& name, const std::function<void(Connection&)>& act);
+    void WithBos(const std::string& name, const std::function<void(ClientConnection&)>& act);
     void WithMember(const std::string& room, const std::string& name,
-                    const std::function<void(Connection&)>& act);
+                    const std::function<void(ClientConnection&)>& act);
     Room* RoomOf(const std::string& name);
 
     World& world;

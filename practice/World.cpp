@@ -38,12 +38,12 @@ void World::Accept(std::unique_ptr<Socket> socket) {
              "is turned away: full, with " + std::to_string(connections.size()) + " connections");
         return socket->Close();
     }
-    connections.push_back(std::make_unique<Connection>(std::move(socket), options.rateClasses, Now()));
+    connections.push_back(std::make_unique<ClientConnection>(std::move(socket), options.rateClasses, Now()));
     auto& connection = *connections.back();
-    connection.onFrame = [this](Connection& from, int channel, std::string_view body) {
+    connection.onFrame = [this](ClientConnection& from, int channel, std::string_view body) {
         return DispatchFrame(*this, from, channel, body);
     };
-    connection.onEnd = [this](Connection& from, const std::string& fault) {
+    connection.onEnd = [this](ClientConnection& from, const std::string& fault) {
         auto who = from.name.empty() ? std::string("a stranger") : from.name;
         if (!fault.empty())
             Note("", who, fault + ", which ends that connection");
@@ -54,7 +54,7 @@ void World::Accept(std::unique_ptr<Socket> socket) {
     connection.Start();
 }
 
-void World::Forget(Connection& connection) {
+void World::Forget(ClientConnection& connection) {
     connection.Close();
     auto found = std::find_if(connections.begin(), connections.end(),
                               [&](const auto& each) { return each.get() == &connection; });
@@ -64,13 +64,13 @@ void World::Forget(Connection& connection) {
     if (connection.service == Service::Bos) SignedOff(*this, connection);
 }
 
-void World::Dismiss(Connection& connection, std::string_view body) {
+void World::Dismiss(ClientConnection& connection, std::string_view body) {
     connection.SignOff(body);
     Forget(connection);
 }
 
-void World::EachConnection(const std::function<void(Connection&)>& visit) {
-    std::vector<Connection*> all;
+void World::EachConnection(const std::function<void(ClientConnection&)>& visit) {
+    std::vector<ClientConnection*> all;
     for (const auto& connection : connections) all.push_back(connection.get());
     for (auto* connection : all)
         if (connection->Open()) visit(*connection);
@@ -82,7 +82,7 @@ void World::Heartbeat() {
         return connection->service != Service::None && connection->rates.AllClear();
     });
     if (idle) return;
-    EachConnection([this, now = Now()](Connection& connection) {
+    EachConnection([this, now = Now()](ClientConnection& connection) {
         if (connection.service == Service::None && now - connection.since >= options.signOnSeconds * 1000LL) {
             Note("", "a stranger", "never signed on");
             return Forget(connection);
@@ -93,7 +93,7 @@ void World::Heartbeat() {
     });
 }
 
-void SendRateNotice(World& world, Connection& connection, int classId, RateCode code) {
+void SendRateNotice(World& world, ClientConnection& connection, int classId, RateCode code) {
     auto longForm = connection.genericVersion >= 2;
     connection.SendSnac(0x0001, 0x000A, 0,
                         WordToStr(static_cast<int>(code)) +

@@ -66,22 +66,22 @@ class World {
     void Accept(std::unique_ptr<Socket> socket);
     /// A connection has ended, or is to be forgotten after the network closed it: its person leaves room or
     /// network.
-    void Forget(Connection& connection);
+    void Forget(ClientConnection& connection);
     /// Ends a connection with a channel 4 frame and forgets it.
-    void Dismiss(Connection& connection, std::string_view body = {});
+    void Dismiss(ClientConnection& connection, std::string_view body = {});
     /// Runs for every connection that is open at its start.
-    void EachConnection(const std::function<void(Connection&)>& visit);
+    void EachConnection(const std::function<void(ClientConnection&)>& visit);
     std::size_t ConnectionCount() const { return connections.size(); }
     /// Once a second: rates that have recovered, connections that never said who they are.
     void Heartbeat();
 
   private:
-    std::list<std::unique_ptr<Connection>> connections;
+    std::list<std::unique_ptr<ClientConnection>> connections;
     /// Ended ones, which may still be running a handler; emptied when the next client or second comes.
-    std::list<std::unique_ptr<Connection>> ended;
+    std::list<std::unique_ptr<ClientConnection>> ended;
 };
 
 /// Sends a person's rate notice (0001 000A) on a connection.
-void SendRateNotice(World& world, Connection& connection, int classId, RateCode code);
+void SendRateNotice(World& world, ClientConnection& connection, int classId, RateCode code);
 
 } // namespace halyard

@@ -20,12 +20,19 @@ FactQueue::FactQueue(Platform& platform)
     timer->onTick = [this] { Tick(); };
 }
 
-FactQueue::~FactQueue() {
-    if (state == State::Opening) Begin();
-    if (!database || state == State::Refused) return;
-    if (gap.facts > 0) EndGap();
-    if (underWay && !batches.empty()) batches.pop_front();
-    for (const auto& batch : batches) Hand(batch);
+FactQueue::~FactQueue() = default;
+
+void FactQueue::Close() {
+    timer->SetEnabled(false);
+    if (database && state != State::Refused) {
+        if (gap.facts > 0) EndGap();
+        if (state == State::Opening || (state == State::Beginning && failing)) Begin();
+        if (underWay) batches.pop_front(); // its answer will be nobody's
+        for (const auto& batch : batches) Hand(batch, {});
+    }
+    state = State::Refused;
+    database.reset();
+    batches.clear();
 }
 
 void FactQueue::Open(const std::string& newPath, const std::string& newVersion) {
@@ -99,9 +106,12 @@ void FactQueue::Flush() {
 
 void FactQueue::SendNext() {
     while (state == State::Ready && !underWay && !batches.empty()) {
-        if (gap.facts > 0) EndGap();
+        if (gap.facts > 0) {
+            EndGap(); // which may have sent one
+            continue;
+        }
         underWay = true;
-        Hand(batches.front());
+        Hand(batches.front(), [this](const DatabaseResult& result) { Written(result); });
         if (underWay || failing) return;
         if (!flushing && (batches.empty() || batches.front()->facts.size() < BatchFacts)) break;
     }
@@ -109,10 +119,10 @@ void FactQueue::SendNext() {
     if (state == State::Ready && !batches.empty()) Arm(Pause);
 }
 
-void FactQueue::Hand(const std::shared_ptr<Batch>& batch) {
+void FactQueue::Hand(const std::shared_ptr<Batch>& batch, Database::Done done) {
     database->Write([scribe = scribe, batch, fresh = std::exchange(fresh, false)](
                         Connection& file) { scribe->Write(file, batch->facts, fresh); },
-                    [this](const DatabaseResult& result) { Written(result); });
+                    std::move(done));
 }
 
 void FactQueue::Written(const DatabaseResult& result) {

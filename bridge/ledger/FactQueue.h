@@ -28,7 +28,6 @@ class FactQueue {
     static constexpr int RetryPause = 5000; ///< ms
 
     explicit FactQueue(Platform& platform);
-    /// What waits is handed to the database first.
     ~FactQueue();
     FactQueue(const FactQueue&) = delete;
     FactQueue& operator=(const FactQueue&) = delete;
@@ -43,6 +42,8 @@ class FactQueue {
     void Add(Fact&& fact);
     /// Writes what waits without a pause.
     void Flush();
+    /// Writes what waits, and ends.
+    void Close();
 
     /// From the next batch on the writer looks up again who has which row.
     void ForgetRows() { fresh = true; }
@@ -65,7 +66,7 @@ class FactQueue {
     void Opened(OpenOutcome outcome, const std::string& words);
     void Begin();
     void SendNext();
-    void Hand(const std::shared_ptr<Batch>& batch);
+    void Hand(const std::shared_ptr<Batch>& batch, Database::Done done);
     void Written(const DatabaseResult& result);
     void Failed(const DatabaseResult& result);
     void Worked();

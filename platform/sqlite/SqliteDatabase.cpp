@@ -33,13 +33,11 @@ SqliteDatabase::SqliteDatabase(Post post)
 }
 
 SqliteDatabase::~SqliteDatabase() {
+    // Reads are not run any more, or end at their next look. The reader may be waiting for the writer's
+    // opening.
     ending = true;
-    reader.Drop();
-    // The reader may be waiting for the writer's opening.
     writer.Finish();
     reader.Finish();
-    // The last one to close brings the log into the file, which a reader can't.
-    reading.connection.reset();
 }
 
 void SqliteDatabase::Answer(std::uint64_t number, const DatabaseResult& result) {

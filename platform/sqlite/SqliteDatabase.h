@@ -32,6 +32,7 @@ class SqliteDatabase : public Database {
     std::shared_ptr<Answers> answers; ///< the loop's
     bool inMemory = false;            ///< the loop's: one connection for both
     std::atomic<bool> ending = false;
+    // The writer's closes last: that brings the log into the file, which a reader can't.
     OpenedConnection writing; ///< the writer thread's
     OpenedConnection reading; ///< the reader thread's; the result says why it has none
     Worker writer;

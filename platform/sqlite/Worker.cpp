@@ -1,6 +1,8 @@
 #include "platform/sqlite/Worker.h"
 
 #include <chrono>
+#include <pthread.h>
+#include <sched.h>
 
 namespace halyard {
 
@@ -23,12 +25,6 @@ void Worker::Finish() {
     if (thread.joinable()) thread.join();
 }
 
-void Worker::Drop() {
-    std::deque<Task> dropped;
-    const std::lock_guard held(mutex);
-    dropped.swap(tasks);
-}
-
 /// Waits for a task. False when the thread is to end.
 bool Worker::Next(std::unique_lock<std::mutex>& held) {
     const auto due = [this] { return ending || !tasks.empty(); };
@@ -43,6 +39,11 @@ bool Worker::Next(std::unique_lock<std::mutex>& held) {
 }
 
 void Worker::Run() {
+#ifdef SCHED_BATCH
+    // Otherwise the task that the loop hands in may take the processor from it at once, for milliseconds.
+    const sched_param none{};
+    pthread_setschedparam(pthread_self(), SCHED_BATCH, &none);
+#endif
     std::unique_lock held(mutex);
     while (Next(held)) {
         {

@@ -24,8 +24,6 @@ class Worker {
     void Add(Task task);
     /// Runs what came in, then ends the thread. Nothing may be added any more.
     void Finish();
-    /// Lets what is not under way be. Those tasks go on the caller's thread.
-    void Drop();
 
   private:
     void Run();

@@ -14,8 +14,8 @@
 namespace halyard {
 
 struct Person {
-    std::string name;          ///< as given at sign-on
-    Connection* bos = nullptr; ///< null for a person of the script, and while a migration is under way
+    std::string name;                ///< as given at sign-on
+    ClientConnection* bos = nullptr; ///< null for a person of the script, and while a migration is under way
     bool scripted = false;
     std::int64_t since = 0; ///< ms
     std::string encoding;   ///< of the profile

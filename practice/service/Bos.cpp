@@ -6,7 +6,7 @@ namespace halyard {
 
 namespace {
 
-bool KeepProfile(World& world, Connection& connection, const Snac& snac) {
+bool KeepProfile(World& world, ClientConnection& connection, const Snac& snac) {
     auto tlvs = ReadTlvs(snac.body);
     auto person = world.people.Find(connection.name);
     if (!tlvs) return false;
@@ -21,7 +21,7 @@ bool KeepProfile(World& world, Connection& connection, const Snac& snac) {
 }
 
 /// One success word for every item of a change of the list (0013 000E).
-bool AnswerListChange(Connection& connection, const Snac& snac) {
+bool AnswerListChange(ClientConnection& connection, const Snac& snac) {
     std::string words;
     Reader reader(snac.body);
     while (!reader.Rest().empty()) {
@@ -51,7 +51,7 @@ std::string RightsAnswer(World& world, int key) {
 
 } // namespace
 
-bool HandleBos(World& world, Connection& connection, const Snac& snac) {
+bool HandleBos(World& world, ClientConnection& connection, const Snac& snac) {
     auto key = snac.family * 0x10000 + snac.subtype;
     auto answer = [&](int subtype) {
         connection.SendSnac(snac.family, subtype, snac.id, RightsAnswer(world, key));

@@ -7,6 +7,6 @@ namespace halyard {
 
 /// What a client asks on its main connection besides family 0001, messages and user information: rights, the
 /// server-stored list (always empty), the profile.
-bool HandleBos(World& world, Connection& connection, const Snac& snac);
+bool HandleBos(World& world, ClientConnection& connection, const Snac& snac);
 
 } // namespace halyard

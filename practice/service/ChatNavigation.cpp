@@ -22,21 +22,21 @@ std::string ExchangeTlv(const World& world, int exchange) {
     return Tlv(0x0003, WordToStr(exchange) + WordToStr(6) + tlvs);
 }
 
-void Answer(Connection& connection, const Snac& snac, const std::string& tlvs) {
+void Answer(ClientConnection& connection, const Snac& snac, const std::string& tlvs) {
     connection.SendSnac(0x000D, 0x0009, snac.id, tlvs);
 }
 
-bool Refuse(Connection& connection, const Snac& snac, int word) {
+bool Refuse(ClientConnection& connection, const Snac& snac, int word) {
     connection.SendSnac(0x000D, 0x0001, snac.id, ErrorBody(codeDenied, word));
     return true;
 }
 
-bool RefuseBare(Connection& connection, const Snac& snac, int word) {
+bool RefuseBare(ClientConnection& connection, const Snac& snac, int word) {
     connection.SendSnac(0x000D, 0x0001, snac.id, WordToStr(word));
     return true;
 }
 
-bool Create(World& world, Connection& connection, const Snac& snac) {
+bool Create(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto exchange = reader.Word();
     reader.Name(); // "create"
@@ -75,7 +75,7 @@ bool Create(World& world, Connection& connection, const Snac& snac) {
     return true;
 }
 
-bool Describe(World& world, Connection& connection, const Snac& snac) {
+bool Describe(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     reader.Word(); // the exchange stands in the cookie as well
     auto room = world.rooms.FindCookie(reader.Name());
@@ -87,7 +87,7 @@ bool Describe(World& world, Connection& connection, const Snac& snac) {
 
 } // namespace
 
-bool HandleNavigation(World& world, Connection& connection, const Snac& snac) {
+bool HandleNavigation(World& world, ClientConnection& connection, const Snac& snac) {
     switch (snac.subtype) {
     case 0x0002:
         Answer(connection, snac, Tlv(0x0002, ByteToStr(10)) + ExchangeTlv(world, 4) + ExchangeTlv(world, 5));

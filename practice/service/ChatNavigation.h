@@ -7,6 +7,6 @@ namespace halyard {
 
 /// Family 000D: the rights of the navigation, exchanges, and rooms found or created. All are answered by 000D
 /// 0009.
-bool HandleNavigation(World& world, Connection& connection, const Snac& snac);
+bool HandleNavigation(World& world, ClientConnection& connection, const Snac& snac);
 
 } // namespace halyard

@@ -25,7 +25,7 @@ std::string Spoken(const TlvList& tlvs) {
 
 } // namespace
 
-bool HandleMessage(World& world, Connection& connection, const Snac& snac) {
+bool HandleMessage(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto head = std::string(reader.Bytes(10)); // cookie and channel
     auto to = std::string(reader.Name());
@@ -46,7 +46,7 @@ bool HandleMessage(World& world, Connection& connection, const Snac& snac) {
     return true;
 }
 
-bool HandleUserInfo(World& world, Connection& connection, const Snac& snac) {
+bool HandleUserInfo(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto wide = snac.subtype == 0x0015;
     auto wanted = wide ? reader.Long() : static_cast<std::uint32_t>(reader.Word());

@@ -15,7 +15,7 @@ std::string SpokenLine(const TlvList& block, const std::string& text) {
     return StripHTML(encoding && *encoding == "unicode-2-0" ? FromUtf16(text) : text);
 }
 
-bool HandleSay(World& world, Connection& connection, const Snac& snac) {
+bool HandleSay(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto cookie = reader.Bytes(8);
     reader.Word(); // the channel: lines go out on 3, whatever came
@@ -36,18 +36,18 @@ bool HandleSay(World& world, Connection& connection, const Snac& snac) {
     return true;
 }
 
-void Answer(World& world, Connection& connection, const Snac& snac, int word) {
+void Answer(World& world, ClientConnection& connection, const Snac& snac, int word) {
     if (word != 0)
         world.Note(connection.room->name, connection.name, "is refused that, 00" + StrToHex(ByteToStr(word)));
     connection.SendSnac(0x000E, 0x0001, snac.id, word == 0 ? WordToStr(0) : ErrorBody(codeDenied, word));
 }
 
 /// For a service that doesn't know the family of bans: a bare word.
-bool RefuseAsUnknown(Connection& connection, const Snac& snac) {
+bool RefuseAsUnknown(ClientConnection& connection, const Snac& snac) {
     return connection.SendSnac(0x000E, 0x0001, snac.id, WordToStr(1)), true;
 }
 
-bool HandleBan(World& world, Connection& connection, const Snac& snac) {
+bool HandleBan(World& world, ClientConnection& connection, const Snac& snac) {
     auto tlvs = ReadTlvs(snac.body);
     auto target = tlvs ? FindTlv(*tlvs, 0x0001) : nullptr;
     if (!target || target->size() > 255) return false;
@@ -62,7 +62,7 @@ bool HandleBan(World& world, Connection& connection, const Snac& snac) {
     return true;
 }
 
-bool HandleClose(World& world, Connection& connection, const Snac& snac) {
+bool HandleClose(World& world, ClientConnection& connection, const Snac& snac) {
     auto room = connection.room;
     auto word = BanRefusal(*room, connection.name, "");
     Answer(world, connection, snac, word);
@@ -72,7 +72,7 @@ bool HandleClose(World& world, Connection& connection, const Snac& snac) {
 
 } // namespace
 
-bool HandleRoom(World& world, Connection& connection, const Snac& snac) {
+bool HandleRoom(World& world, ClientConnection& connection, const Snac& snac) {
     if (!connection.room) return true; // before 0001 0002 nothing is said
     switch (snac.subtype) {
     case 0x0005: return HandleSay(world, connection, snac);

@@ -13,14 +13,14 @@ constexpr int wordEjected = 0x004A;
 constexpr int wordAlreadyIn = 0x002E;
 constexpr int wordFull = 0x0018;
 
-void SendToOthers(const Room& room, const Connection* except, int subtype, const std::string& body) {
+void SendToOthers(const Room& room, const ClientConnection* except, int subtype, const std::string& body) {
     for (const auto& member : room.members)
         if (member.connection && member.connection != except)
             member.connection->SendSnac(0x000E, subtype, 0, body);
 }
 
 /// Everyone in the room, in frames that a client's buffer holds.
-void SendEveryone(World& world, const Room& room, Connection& connection) {
+void SendEveryone(World& world, const Room& room, ClientConnection& connection) {
     std::string people;
     for (const auto& member : room.members) {
         people += world.InfoOf(member.name);
@@ -58,7 +58,7 @@ std::string RoomBlock(const World& world, const Room& room) {
            WordTlv(0x00DA, world.options.maxVisibleLength);
 }
 
-void ConnectionReady(World& world, Connection& connection) {
+void ConnectionReady(World& world, ClientConnection& connection) {
     auto room = world.rooms.FindCookie(connection.roomCookie);
     if (!room && world.options.Has(Departure::NavigationAnswers)) return; // kept, and in no room
     const auto word = room ? RefusalOf(*room, connection.name) : 0;
@@ -68,7 +68,7 @@ void ConnectionReady(World& world, Connection& connection) {
     EnterRoom(world, *room, connection.name, &connection);
 }
 
-void EnterRoom(World& world, Room& room, const std::string& name, Connection* connection) {
+void EnterRoom(World& world, Room& room, const std::string& name, ClientConnection* connection) {
     room.members.push_back({name, connection});
     world.Note(room.name, name, "enters");
     if (connection) {
@@ -91,7 +91,7 @@ void LeaveRoom(World& world, Room& room, const std::string& name) {
 }
 
 void SayInRoom(World& world, Room& room, const std::string& name, std::string_view cookie,
-               std::string_view block, Connection* reflectTo, std::uint32_t id) {
+               std::string_view block, ClientConnection* reflectTo, std::uint32_t id) {
     auto message = std::string(cookie) + WordToStr(3) + Tlv(0x0003, world.InfoOf(name)) + Tlv(0x0001, "") +
                    Tlv(0x0005, block);
     auto self = room.Find(name);

@@ -20,17 +20,17 @@ void ReplaceMember(World& world, Room& room, const std::string& name);
 /// The room block: exchange, cookie, instance, detail level 2, and the TLVs that describe the room.
 std::string RoomBlock(const World& world, const Room& room);
 /// 0001 0002 came on a chat connection: its person is in.
-void ConnectionReady(World& world, Connection& connection);
+void ConnectionReady(World& world, ClientConnection& connection);
 /// Family 000E on a chat connection.
-bool HandleRoom(World& world, Connection& connection, const Snac& snac);
+bool HandleRoom(World& world, ClientConnection& connection, const Snac& snac);
 
 /// Someone enters who is welcome; `connection` is null for a person of the script.
-void EnterRoom(World& world, Room& room, const std::string& name, Connection* connection);
+void EnterRoom(World& world, Room& room, const std::string& name, ClientConnection* connection);
 /// Takes a person out and tells the others. Without effect for one who is not in.
 void LeaveRoom(World& world, Room& room, const std::string& name);
 /// A line is said. `block` is the message block (TLV 0005); `reflectTo` also gets it, unless null.
 void SayInRoom(World& world, Room& room, const std::string& name, std::string_view cookie,
-               std::string_view block, Connection* reflectTo, std::uint32_t id);
+               std::string_view block, ClientConnection* reflectTo, std::uint32_t id);
 /// A plain text as a message block.
 std::string TextBlock(const World& world, std::string_view text);
 /// The word that refuses a ban or unban by `by`: 0048 for one who is not the owner, 0049 for the owner as the

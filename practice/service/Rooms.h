@@ -14,11 +14,11 @@
 
 namespace halyard {
 
-class Connection;
+class ClientConnection;
 
 struct RoomMember {
     std::string name;
-    Connection* connection; ///< null for a person of the script
+    ClientConnection* connection; ///< null for a person of the script
 };
 
 struct Room {

@@ -21,7 +21,7 @@ std::string FamiliesOf(Service service) {
     return WordToStr(1) + WordToStr(static_cast<int>(service));
 }
 
-void KeepVersions(Connection& connection, const std::string& body) {
+void KeepVersions(ClientConnection& connection, const std::string& body) {
     for (Reader reader(body); reader.Rest().size() >= 4;) {
         auto family = reader.Word();
         auto version = reader.Word();
@@ -29,7 +29,7 @@ void KeepVersions(Connection& connection, const std::string& body) {
     }
 }
 
-void ComeOnLine(World& world, Connection& connection, const Ticket& ticket) {
+void ComeOnLine(World& world, ClientConnection& connection, const Ticket& ticket) {
     auto person = world.people.Find(ticket.name);
     auto old = person ? person->bos : nullptr;
     if (ticket.migration && old) {
@@ -44,7 +44,7 @@ void ComeOnLine(World& world, Connection& connection, const Ticket& ticket) {
     world.Note("", ticket.name, ticket.migration ? "comes back from a migration" : "signs on");
 }
 
-bool RequestService(World& world, Connection& connection, const Snac& snac) {
+bool RequestService(World& world, ClientConnection& connection, const Snac& snac) {
     Reader reader(snac.body);
     auto family = reader.Word();
     auto tlvs = ReadTlvs(reader.Rest());
@@ -83,7 +83,7 @@ bool RequestService(World& world, Connection& connection, const Snac& snac) {
 
 } // namespace
 
-bool BeginService(World& world, Connection& connection, const std::string& cookie) {
+bool BeginService(World& world, ClientConnection& connection, const std::string& cookie) {
     auto ticket = world.tickets.Take(cookie);
     if (!ticket) return false;
     connection.service = ticket->service;
@@ -94,7 +94,7 @@ bool BeginService(World& world, Connection& connection, const std::string& cooki
     return true;
 }
 
-bool HandleGeneric(World& world, Connection& connection, const Snac& snac) {
+bool HandleGeneric(World& world, ClientConnection& connection, const Snac& snac) {
     switch (snac.subtype) {
     case 0x0002:
         if (connection.ready) return true;
@@ -119,12 +119,12 @@ bool HandleGeneric(World& world, Connection& connection, const Snac& snac) {
     }
 }
 
-void SignOffPerson(World& world, Connection& connection) {
+void SignOffPerson(World& world, ClientConnection& connection) {
     if (connection.service == Service::Bos) DismissOthers(world, connection.name, &connection);
     world.Forget(connection);
 }
 
-void SignedOff(World& world, Connection& connection) {
+void SignedOff(World& world, ClientConnection& connection) {
     auto person = world.people.Find(connection.name);
     if (!person || person->bos != &connection) return;
     person->bos = nullptr;
@@ -133,8 +133,8 @@ void SignedOff(World& world, Connection& connection) {
 
 std::string ElsewhereBody() { return Tlv(0x0009, ByteToStr(1)) + Tlv(0x000B, "http://127.0.0.1/displaced"); }
 
-void DismissOthers(World& world, const std::string& name, const Connection* except) {
-    world.EachConnection([&](Connection& other) {
+void DismissOthers(World& world, const std::string& name, const ClientConnection* except) {
+    world.EachConnection([&](ClientConnection& other) {
         if (&other == except || !SameName(other.name, name)) return;
         const bool tells =
             except && other.service == Service::Bos && world.options.Has(Departure::MainSignOffs);

@@ -52,7 +52,7 @@ std::string Answer(World& world, const std::string& name, int code) {
            Tlv(0x0011, NormalizeName(name) + "@localhost");
 }
 
-bool RoastedSignOn(World& world, Connection& connection, const TlvList& tlvs) {
+bool RoastedSignOn(World& world, ClientConnection& connection, const TlvList& tlvs) {
     auto name = FindTlv(tlvs, 0x0001);
     auto password = FindTlv(tlvs, 0x0002); // public clients; the bot sends its roasted password as 0025
     if (!password && !world.options.Has(Departure::RoastedPasswordType)) password = FindTlv(tlvs, 0x0025);
@@ -66,7 +66,7 @@ bool RoastedSignOn(World& world, Connection& connection, const TlvList& tlvs) {
 
 } // namespace
 
-bool HandleHello(World& world, Connection& connection, std::string_view body) {
+bool HandleHello(World& world, ClientConnection& connection, std::string_view body) {
     if (connection.service != Service::None) return true;
     Reader reader(body);
     if (reader.Long() != 1 || !reader.Ok()) return false;
@@ -77,7 +77,7 @@ bool HandleHello(World& world, Connection& connection, std::string_view body) {
     return true; // only the hello: the hashed sign-on follows
 }
 
-bool HandleSignOn(World& world, Connection& connection, const Snac& snac) {
+bool HandleSignOn(World& world, ClientConnection& connection, const Snac& snac) {
     auto tlvs = ReadTlvs(snac.body);
     auto name = tlvs ? FindTlv(*tlvs, 0x0001) : nullptr;
     if (!name) return false;

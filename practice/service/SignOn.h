@@ -11,8 +11,8 @@
 namespace halyard {
 
 /// A client's channel 1 frame: its hello, its roasted sign-on, or the cookie that an earlier answer gave it.
-bool HandleHello(World& world, Connection& connection, std::string_view body);
+bool HandleHello(World& world, ClientConnection& connection, std::string_view body);
 /// Family 0017 before the sign-on: key request (0006) and hashed sign-on (0002).
-bool HandleSignOn(World& world, Connection& connection, const Snac& snac);
+bool HandleSignOn(World& world, ClientConnection& connection, const Snac& snac);
 
 } // namespace halyard
