@@ -26,6 +26,7 @@ constexpr std::int64_t Acts = 1'000'000;
 constexpr std::int64_t Begin = 1'750'000'000'000; // ms UTC
 constexpr std::int64_t Pause = 15'000;            // ms from act to act: half a year in all
 constexpr std::int64_t End = Begin + Acts * Pause;
+constexpr std::int64_t LargestLog = 4 << 20; // as the bot has it
 constexpr std::size_t BatchFacts = 500;
 const std::string Path = HALYARD_BENCH_FOLDER "/ledger-million.db";
 
@@ -55,7 +56,7 @@ class Maker {
 
 class Filling {
   public:
-    explicit Filling(Connection& file) : file(file) {}
+    explicit Filling(SqliteConnection& file) : file(file) {}
 
     void Run() {
         file.Execute("BEGIN");
@@ -113,10 +114,13 @@ class Filling {
     void Flush() {
         scribe.Write(file, facts, false);
         facts.clear();
-        file.Execute("COMMIT; BEGIN");
+        file.ResetAll();
+        file.Execute("COMMIT");
+        if (file.LogBytes() > LargestLog) file.Checkpoint(false);
+        file.Execute("BEGIN");
     }
 
-    Connection& file;
+    SqliteConnection& file;
     Scribe scribe;
     Maker maker;
     std::vector<Fact> facts;
