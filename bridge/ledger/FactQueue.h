@@ -44,6 +44,9 @@ class FactQueue {
     /// Writes what waits without a pause.
     void Flush();
 
+    /// From the next batch on the writer looks up again who has which row.
+    void ForgetRows() { fresh = true; }
+
     /// False when there will be no file: facts are passed over.
     bool Keeps() const { return state != State::Refused; }
     /// Null until the file is open.

@@ -4,8 +4,8 @@
 #include "base/Text.h"
 #include "bridge/ledger/ActWords.h"
 #include "bridge/ledger/Contents.h"
-#include "bridge/ledger/ListFold.h"
 #include "bridge/ledger/Keeping.h"
+#include "bridge/ledger/ListFold.h"
 #include "bridge/ledger/Texts.h"
 
 #include <algorithm>
@@ -148,6 +148,20 @@ void Forgetting::RewriteContents() {
 
 ForgetOutcome Forget(Connection& file, const std::string& name) {
     return Forgetting(file, KeptText(NormalizeName(name))).Run();
+}
+
+bool MergeWords(Connection& file, bool begin) {
+    constexpr std::int64_t Pages = 300;
+    const auto changes = [&file] {
+        auto& row = file.Prepare("SELECT total_changes()");
+        const auto count = row.Step() ? row.Integer(0) : 0;
+        row.Reset();
+        return count;
+    };
+    const auto before = changes();
+    auto& merge = file.Prepare("INSERT INTO words(words, rank) VALUES('merge', ?)");
+    merge.Bind(1, begin ? -Pages : Pages).Step();
+    return !file.Failed() && changes() - before >= 2;
 }
 
 void ClearLog(Connection& file) {

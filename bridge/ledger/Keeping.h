@@ -49,8 +49,12 @@ class Pruning {
 
 enum class ForgetOutcome { Forgotten, Unknown, OnEjectList };
 /// Notes, evidence, texts of causes and the name go, acts stay. Refused while an eject list holds the person.
-/// In one transaction; ClearLog is to follow it. `name` is Windows-1252, in whatever spelling.
+/// In one transaction; MergeWords and ClearLog are to follow it. `name` is Windows-1252, in whatever
+/// spelling.
 ForgetOutcome Forget(Connection& file, const std::string& name);
+/// The index lets go of what was taken out of it only when its parts are merged. One step, the first of a
+/// merge when `begin`; false when there is nothing left to merge.
+bool MergeWords(Connection& file, bool begin);
 /// Takes from the disk what a transaction has deleted. Outside of a transaction.
 void ClearLog(Connection& file);
 

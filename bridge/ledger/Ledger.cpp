@@ -68,6 +68,12 @@ void Ledger::KeepEvidence(bool on) {
     evidence = on;
 }
 
+void Ledger::BeforeForgetting() {
+    lastLines.Clear();
+    queue.Flush();
+    queue.ForgetRows();
+}
+
 std::int64_t Ledger::Tell(const OwnAct& own) {
     if (!queue.ActsBefore()) return 0;
     auto act = NewAct(own.kind, CauseNumber(options.Control().Tell().cause));

@@ -45,6 +45,9 @@ class Ledger : public News {
     /// Reads what has been told up to now, and what stood in the file before; see Database::Read. While the
     /// file isn't open `done` is told so at once.
     void Read(Database::Job job, Database::Done done);
+    /// Somebody is to be forgotten: what waits is written, and nothing said or known of persons stays in
+    /// memory.
+    void BeforeForgetting();
     /// For reading and keeping; null while the file isn't open.
     Database* Records() { return queue.Records(); }
 
@@ -128,7 +131,6 @@ class Ledger : public News {
     FactQueue queue;
     std::int64_t acts = 0; ///< numbers given out in this run, as the next
     std::int64_t causes = 0;
-    std::int64_t unknownCause = 0; ///< of what nobody opened a scope for
     Requests requests;
     std::int32_t justWanted = 0; ///< may go out at once, or wait
     std::pair<std::int64_t, std::int64_t> undoing;

@@ -65,7 +65,8 @@ CauseFact Ledger::FactOf(const CauseScope& scope) {
 /// Written when something has happened in the scope, and once; what follows from a reply has the cause of
 /// what was asked for.
 std::int64_t Ledger::CauseNumber(CauseScope* scope) {
-    auto& number = scope ? scope->number : unknownCause;
+    std::int64_t unknown = 0; // nobody opened a scope
+    auto& number = scope ? scope->number : unknown;
     if (number != 0) return number;
     if (const auto* asked = AskedBy(scope)) return number = asked->cause;
     const auto around = scope && scope->outer ? CauseNumber(scope->outer) : 0;
@@ -119,7 +120,11 @@ void Ledger::AddEvidence(std::int64_t act, const std::string& name, std::string_
 void Ledger::StillWaits() {
     if (justWanted == 0) return;
     const auto id = std::exchange(justWanted, 0);
-    if (const auto* request = requests.Find(id)) Step(StepFact::Step::Queued, id, *request);
+    const auto* request = requests.Find(id);
+    if (!request) return;
+    auto wanted = *request;
+    wanted.began = platform.Milliseconds(); // it has waited from its beginning on
+    Step(StepFact::Step::Queued, id, wanted);
 }
 
 void Ledger::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) {

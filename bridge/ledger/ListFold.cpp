@@ -21,7 +21,7 @@ std::vector<std::string> Sorted(std::vector<std::string> entries) {
 std::string PlaceWords(ListPlace place) {
     if (place.first == 0) return "options";
     return place.first == EjectsNumber ? "eject list of room " + std::to_string(place.second)
-                                 : "list " + std::to_string(place.first);
+                                       : "list " + std::to_string(place.first);
 }
 
 FoldedList::FoldedList(std::string_view entries) {
@@ -105,6 +105,8 @@ void ListFold::TakeWhole(Statement& whole) {
 }
 
 void ListFold::TakeChange(Statement& change) {
+    if (change.Integer(1) < run && onFinding)
+        onFinding("Change " + std::to_string(change.Integer(0)) + " stands behind those of a later run.");
     run = change.Integer(1);
     const ListPlace place{change.Integer(2), change.Integer(3)};
     auto& state = StateOf(place, run);
