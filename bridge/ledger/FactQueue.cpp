@@ -20,12 +20,13 @@ FactQueue::FactQueue(Platform& platform)
     timer->onTick = [this] { Tick(); };
 }
 
-FactQueue::~FactQueue() {
+void FactQueue::End() {
     if (state == State::Opening) Begin();
     if (!database || state == State::Refused) return;
     if (gap.facts > 0) EndGap();
     if (underWay && !batches.empty()) batches.pop_front();
-    for (const auto& batch : batches) Hand(batch);
+    state = State::Refused;
+    for (const auto& batch : std::exchange(batches, {})) Hand(batch, nullptr);
 }
 
 void FactQueue::Open(const std::string& newPath, const std::string& newVersion) {
@@ -98,10 +99,10 @@ void FactQueue::Flush() {
 }
 
 void FactQueue::SendNext() {
-    while (state == State::Ready && !underWay && !batches.empty()) {
+    while (state == State::Ready && !underWay && Waits()) {
         if (gap.facts > 0) EndGap();
         underWay = true;
-        Hand(batches.front());
+        Hand(batches.front(), [this](const DatabaseResult& result) { Written(result); });
         if (underWay || failing) return;
         if (!flushing && (batches.empty() || batches.front()->facts.size() < BatchFacts)) break;
     }
@@ -109,10 +110,10 @@ void FactQueue::SendNext() {
     if (state == State::Ready && !batches.empty()) Arm(Pause);
 }
 
-void FactQueue::Hand(const std::shared_ptr<Batch>& batch) {
+void FactQueue::Hand(const std::shared_ptr<Batch>& batch, Database::Done done) {
     database->Write([scribe = scribe, batch, fresh = std::exchange(fresh, false)](
                         Connection& file) { scribe->Write(file, batch->facts, fresh); },
-                    [this](const DatabaseResult& result) { Written(result); });
+                    std::move(done));
 }
 
 void FactQueue::Written(const DatabaseResult& result) {

@@ -28,8 +28,7 @@ class FactQueue {
     static constexpr int RetryPause = 5000; ///< ms
 
     explicit FactQueue(Platform& platform);
-    /// What waits is handed to the database first.
-    ~FactQueue();
+    ~FactQueue() { End(); }
     FactQueue(const FactQueue&) = delete;
     FactQueue& operator=(const FactQueue&) = delete;
 
@@ -43,6 +42,9 @@ class FactQueue {
     void Add(Fact&& fact);
     /// Writes what waits without a pause.
     void Flush();
+    /// Hands what waits to the database, as the last that there is. Whoever is asked for whole contents
+    /// behind a gap calls it while they can still answer.
+    void End();
 
     /// From the next batch on the writer looks up again who has which row.
     void ForgetRows() { fresh = true; }
@@ -61,11 +63,12 @@ class FactQueue {
         std::int64_t since = 0;
     };
 
+    bool Waits() const { return !batches.empty() || gap.facts > 0; }
     void TryToOpen();
     void Opened(OpenOutcome outcome, const std::string& words);
     void Begin();
     void SendNext();
-    void Hand(const std::shared_ptr<Batch>& batch);
+    void Hand(const std::shared_ptr<Batch>& batch, Database::Done done);
     void Written(const DatabaseResult& result);
     void Failed(const DatabaseResult& result);
     void Worked();

@@ -40,6 +40,7 @@ Ledger::~Ledger() {
     EndRequests(0);
     AddWholes(false);
     queue.Add(RunEndFact{platform.CalendarMilliseconds()});
+    queue.End();
 }
 
 void Ledger::Start(const std::string& path, const std::string& version) {
