@@ -153,6 +153,7 @@ class Ledger : public News {
     std::int64_t heldCause = 0;   ///< 0: written when they are told
     std::unique_ptr<Timer> holdTimer;
     std::int64_t wholesAt = 0;
+    bool wholesDue = false; ///< once nothing is half done any more
     bool evidence = false;
     bool linesCame = false;
     std::int64_t lineTime = 0; ///< to the second: a line must cost next to nothing
