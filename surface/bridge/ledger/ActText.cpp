@@ -61,7 +61,7 @@ std::string Counted(std::int64_t count, const char* one) {
         const auto three = std::to_string(count % Thousand + Thousand).substr(1);
         digits = digits.empty() ? three : three + "," + digits;
     }
-    const auto all = std::to_string(count) + (digits.empty() ? "" : "," + digits);
+    auto all = std::to_string(count) + (digits.empty() ? "" : "," + digits);
     if (*one == 0) return all;
     return all + " " + one + (all == "1" ? "" : "s");
 }
@@ -99,8 +99,8 @@ std::string PersonWords(const PersonPage& page, const std::vector<std::string>& 
     std::string words = Readable(page.name);
     for (std::size_t index = 0; index < rooms.size(); ++index)
         words += (index == 0 ? ", now in " : ", ") + rooms[index];
-    words += LineEnd + Counted(page.acts, "act") + ", " +
-                        Counted(page.takenBack, "") + " taken back." + LineEnd;
+    words +=
+        LineEnd + Counted(page.acts, "act") + ", " + Counted(page.takenBack, "") + " taken back." + LineEnd;
     words += page.standing.empty() ? std::string("On no list.") + LineEnd : "";
     for (const auto& standing : page.standing) words += "On " + OneStanding(standing) + LineEnd;
     for (const auto& note : page.notes)

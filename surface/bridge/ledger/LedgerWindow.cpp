@@ -79,7 +79,7 @@ void LedgerWindow::ShowPerson(const std::string& name) {
     Show();
 }
 
-void LedgerWindow::Go(Look wanted) {
+void LedgerWindow::Go(const Look& wanted) {
     auto here = look;
     here.place = list.Here();
     if (!Take(wanted)) return;

@@ -85,8 +85,8 @@ class LedgerWindow : public Opened<LedgerWindow> {
 
     void BindButtons();
     void Fill();
-    void Go(Look look);
-    bool Take(const Look& look);
+    void Go(const Look& wanted);
+    bool Take(const Look& wanted);
     void Back();
     void Typed();
     void Chosen();

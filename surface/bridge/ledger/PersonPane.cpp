@@ -16,8 +16,8 @@ PersonPane::PersonPane(const SurfaceContext& context, LedgerHooks& hooks)
         if (key == EnterKey) AddNote();
     };
     cmdAddNote.Click = [this] { AddNote(); };
-    cmdBan.Click = [this] { Did("is to be banned", this->hooks.ban(Room(), Name())); };
-    cmdUnban.Click = [this] { Did("is to be let in again", this->hooks.unban(Room(), Name())); };
+    cmdBan.Click = [this] { InRoom(this->hooks.ban, "is to be banned"); };
+    cmdUnban.Click = [this] { InRoom(this->hooks.unban, "is to be let in again"); };
     cmdImmune.Click = [this] { Did("is immune now", this->hooks.immune(Name())); };
     cmdForget.Click = [this] { Forget(); };
     cmbRoom.Click = [this](int) { SwitchButtons(); };
@@ -46,8 +46,7 @@ void PersonPane::Refresh() {
 void PersonPane::Took(const std::optional<PersonPage>& found) {
     if (!found) return txtPerson.SetText("The ledger knows nobody of that name.");
     page = *found;
-    txtPerson.SetText(
-        PersonWords(page, hooks.roomsOf ? hooks.roomsOf(Name()) : std::vector<std::string>()));
+    txtPerson.SetText(PersonWords(page, hooks.roomsOf ? hooks.roomsOf(Name()) : std::vector<std::string>()));
     OfferRooms();
     SwitchButtons();
 }
@@ -75,7 +74,14 @@ void PersonPane::SwitchButtons() {
     cmdAddNote.SetEnabled(named && hooks.addNote);
 }
 
-std::int16_t PersonPane::Room() const { return rooms[static_cast<std::size_t>(cmbRoom.Index())].first; }
+/// The chosen room's slot may have gone to another room since it was offered.
+void PersonPane::InRoom(const std::function<std::string(std::int16_t, const std::string&)>& door,
+                        const std::string& did) {
+    const auto room = rooms[static_cast<std::size_t>(cmbRoom.Index())];
+    const auto open = hooks.rooms();
+    const bool still = std::find(open.begin(), open.end(), room) != open.end();
+    Did(did, still ? door(room.first, Name()) : room.second + " is no longer open.");
+}
 
 std::string PersonPane::Name() const { return FromUtf8(page.name); }
 

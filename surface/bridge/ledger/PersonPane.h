@@ -44,7 +44,8 @@ class PersonPane {
     void Took(const std::optional<PersonPage>& found);
     void OfferRooms();
     void SwitchButtons();
-    std::int16_t Room() const;
+    void InRoom(const std::function<std::string(std::int16_t, const std::string&)>& door,
+                const std::string& did);
     std::string Name() const;
     void Did(const std::string& what, const std::string& whyNot);
     void AddNote();

@@ -66,6 +66,7 @@ UndoPage::UndoPage(const SurfaceContext& context, LedgerHooks& hooks)
 }
 
 void UndoPage::Open(std::vector<std::int64_t> wanted, std::optional<ActRow> act) {
+    if (running) return; // what is carried out stays in sight
     acts = std::move(wanted);
     chosen = std::move(act);
     if (chosen) txtSince.SetText(ShownDay(chosen->at));
@@ -159,29 +160,34 @@ void UndoPage::Say(const std::string& words) {
 void UndoPage::CarryOut() {
     if (!hooks.desk || !hooks.read) return Say(NoDesk);
     cmdCarryOut.SetEnabled(false);
+    struct Found {
+        UndoPlan plan;
+        std::vector<std::string> moved;
+    };
     question.Ask(
         [what = ask, desk = hooks.desk(), before = plan](Connection& connection) {
-            auto now = PlanUndo(connection, what, desk);
-            auto other = Difference(before, now);
-            return std::pair(std::move(now), std::move(other));
+            Found found;
+            found.plan = PlanUndo(connection, what, desk);
+            found.moved = Difference(before, found.plan);
+            return found;
         },
-        [this](const DatabaseResult& result, std::pair<UndoPlan, std::vector<std::string>> found) {
+        [this](const DatabaseResult& result, Found found) {
             if (!result.Ok()) return Say(Readable(result.words));
-            auto& [now, other] = found;
-            KeepTicks(plan.first, now.first);
-            KeepTicks(plan.items, now.items);
-            if (other.empty()) {
-                plan = std::move(now);
-                const auto whyNot = hooks.carryOut(plan, ask, chkTell.Value() == 1);
-                if (!whyNot.empty()) Say(whyNot);
-                return;
-            }
-            std::string moved = "Since the preview:\r\n";
-            for (const auto& line : other) moved += Readable(line) + "\r\n";
-            Took(now);
-            txtMoved.SetText(moved);
-            lblPlan.SetCaption(lblPlan.Caption() + " The world has moved on: look, then carry out again.");
+            KeepTicks(plan.first, found.plan.first);
+            KeepTicks(plan.items, found.plan.items);
+            if (!found.moved.empty()) return ShowMoved(found.plan, found.moved);
+            plan = std::move(found.plan);
+            const auto whyNot = hooks.carryOut(plan, ask, chkTell.Value() == 1);
+            if (!whyNot.empty()) Say(whyNot);
         });
+}
+
+void UndoPage::ShowMoved(const UndoPlan& now, const std::vector<std::string>& moved) {
+    Took(now);
+    std::string words = "Since the preview:\r\n";
+    for (const auto& line : moved) words += Readable(line) + "\r\n";
+    txtMoved.SetText(words);
+    lblPlan.SetCaption(lblPlan.Caption() + " The world has moved on: look, then carry out again.");
 }
 
 void UndoPage::Show(const UndoProgress& progress) {

@@ -44,7 +44,7 @@ class UndoPage {
     Button cmdActs{"cmdActs", "Back to the Acts"};
 
     /// Shows what taking back these acts means; `chosen` says which op, entry and run the other choices are
-    /// of.
+    /// of. Nothing while an undo runs.
     void Open(std::vector<std::int64_t> acts, std::optional<ActRow> chosen);
     void Show(const UndoProgress& progress);
     /// Something was undone, or the run ended.
@@ -65,6 +65,7 @@ class UndoPage {
     void Preview();
     void CarryOut();
     void Took(const UndoPlan& found);
+    void ShowMoved(const UndoPlan& now, const std::vector<std::string>& moved);
     void SayTicks();
     void Say(const std::string& words);
     UndoItem& ItemAt(int index);

@@ -76,13 +76,6 @@ class TableView : public QTreeView {
         if (event->button() == Qt::LeftButton && at.isValid()) Entered();
     }
 
-    void focusInEvent(QFocusEvent* event) override {
-        QTreeView::focusInEvent(event);
-        if (!currentIndex().isValid() &&
-            lines.rowCount() > 0) // so that a reader of screens has a line to tell
-            selectionModel()->setCurrentIndex(lines.index(0, 0), QItemSelectionModel::NoUpdate);
-    }
-
     void keyPressEvent(QKeyEvent* event) override {
         const int key = event->key();
         if (event->matches(QKeySequence::Copy)) return Pressed(TableBox::CopyKey);
@@ -91,11 +84,11 @@ class TableView : public QTreeView {
         if (key == Qt::Key_Backspace) return Pressed(TableBox::BackKey);
         const bool isLetter = key >= Qt::Key_A && key <= Qt::Key_Z;
         if (isLetter && !(event->modifiers() & ~Qt::ShiftModifier)) return Pressed(key);
-        QTreeView::keyPressEvent(event);
+        const bool isStep = key == Qt::Key_Up || key == Qt::Key_Down;
+        // Where the caret stands on a line already, the first step chooses that one.
+        if (!isStep || table.Index() >= 0 || !currentIndex().isValid()) QTreeView::keyPressEvent(event);
         if (key == Qt::Key_Home) Pressed(TableBox::HomeKey);
-        // Where the caret stood on a line already, no key has chosen it.
-        const bool isMove = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home;
-        if (isMove && table.Index() < 0 && currentIndex().isValid())
+        if ((isStep || key == Qt::Key_Home) && table.Index() < 0 && currentIndex().isValid())
             selectionModel()->select(currentIndex(),
                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }

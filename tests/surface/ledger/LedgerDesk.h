@@ -15,7 +15,8 @@ class LedgerDesk {
     using Lines = std::vector<std::string>;
 
     L ledger;
-    Lines wishes;                              ///< of the window, oldest first
+    Lines wishes; ///< of the window, oldest first
+    std::vector<std::pair<std::int16_t, std::string>> rooms{{2, "lobby"}, {3, "den"}};
     std::string whyNot;                        ///< what the doors answer
     std::deque<std::function<void()>> waiting; ///< questions, while `later`
     bool later = false;
@@ -40,9 +41,7 @@ class LedgerDesk {
             return ticket;
         };
         const auto wish = [this](const std::string& words) { return wishes.push_back(words), whyNot; };
-        hooks.rooms = [] {
-            return std::vector<std::pair<std::int16_t, std::string>>{{2, "lobby"}, {3, "den"}};
-        };
+        hooks.rooms = [this] { return rooms; };
         hooks.roomsOf = [](const std::string& name) { return Lines{name == "alice" ? "den" : "lobby"}; };
         hooks.ban = [wish](std::int16_t room, const std::string& name) {
             return wish("ban " + name + " in " + std::to_string(room));

@@ -184,6 +184,9 @@ TEST_F(LedgerWindowTest, ActsUponAPersonByTheDoors) {
     pane.cmbRoom.Select(1);
     pane.cmdUnban.Press();
     EXPECT_EQ(window.lblHappened.Caption(), "alice is to be let in again.");
+    rooms.back().second = "bar"; // in the slot of the den, which was left
+    pane.cmdBan.Press();
+    EXPECT_EQ(window.lblHappened.Caption(), "den is no longer open.");
     whyNot = "alice is immune already.";
     pane.cmdImmune.Press();
     EXPECT_EQ(window.lblHappened.Caption(), whyNot);

@@ -3,7 +3,6 @@
 #include "tests/surface/ledger/LedgerDesk.h"
 #include "tests/surface_qt/ScreenScene.h"
 
-#include <QClipboard>
 #include <QScrollBar>
 #include <QTreeView>
 
@@ -76,8 +75,7 @@ TEST_F(LedgerView, IsWorkedByKeys) {
     EXPECT_EQ(Table("tblActs").model()->rowCount(), 3);
 
     TabTo("tblActs");
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Down);
+    for (int step = 0; step < 3; ++step) Key(Qt::Key_Down);
     EXPECT_EQ(window.list.Chosen()->personName, "alice");
     Key(Qt::Key_C, Qt::ControlModifier);
     Key(Qt::Key_P);
@@ -102,8 +100,8 @@ TEST_F(LedgerView, IsWorkedByKeys) {
     Key(Qt::Key_U);
     EXPECT_FALSE(Find<QWidget>("txtMoved", "frmLedger").isVisible());
     EXPECT_EQ(Cell("tblPlan", 0, 1), "takes *sp4m* off autowords");
-    Table("tblPlan").setFocus();
-    Key(Qt::Key_Down);
+    TabTo("tblPlan");
+    for (int step = 0; step < 2; ++step) Key(Qt::Key_Down);
     Key(Qt::Key_Space);
     EXPECT_FALSE(Table("tblPlan").model()->index(1, 0).data(Qt::CheckStateRole).toBool());
     auto& view = Table("tblPlan");
