@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -91,7 +92,11 @@ class Ledger : public News {
         ListName list{};
         std::string room; ///< normalised
         std::int16_t exchange = 0;
-        auto operator<=>(const ListKey&) const = default;
+        friend bool operator==(const ListKey&, const ListKey&) = default;
+        friend bool operator<(const ListKey& one, const ListKey& other) {
+            return std::tie(one.list, one.room, one.exchange) <
+                   std::tie(other.list, other.room, other.exchange);
+        }
     };
     struct HeldOption {
         CauseFact cause;
