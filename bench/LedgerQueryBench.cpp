@@ -170,9 +170,10 @@ constexpr std::array Searches = {
     "since:30d until:29d",
     "room:den op:theop7 kind:kick",
     "room:den rule:word42 person:guest77",
-    "reason:a*",
-    "a* b* c*",
+    "reason:ab*",
+    "ba* ca* da*",
     "rule:word kind:kick",
+    "rule:autoword kind:kick",
     "kind:kick rule:word42",
 };
 
