@@ -66,9 +66,15 @@ class Stopwatch {
     std::vector<double> times;
 };
 
+/// Goes behind all that writes into it.
+struct Folder {
+    Folder() { std::filesystem::remove_all(path); }
+    ~Folder() { std::filesystem::remove_all(path); }
+    std::filesystem::path path = std::filesystem::temp_directory_path() / "halyard-ledger-bench";
+};
+
 void FactsOfABan(benchmark::State& state) {
-    const auto folder = std::filesystem::temp_directory_path() / "halyard-ledger-bench";
-    std::filesystem::remove_all(folder);
+    const Folder folder;
     Loop loop;
     SilentBot bot;
     bot.platform.databases = [&] {
@@ -80,7 +86,7 @@ void FactsOfABan(benchmark::State& state) {
     auto& control = bot.control;
     Ledger ledger(bot.platform, bot.options);
     control.SetNews(&ledger);
-    ledger.Start((folder / "ledger.db").string(), "bench");
+    ledger.Start((folder.path / "ledger.db").string(), "bench");
     while (!ledger.Records()) loop.RunSome();
     ledger.RoomEntered(2, "lobby", 4);
     Stopwatch watch;
@@ -123,7 +129,10 @@ void LineRemembered(benchmark::State& state) {
     const std::string line(300, 'x');
     const std::string names[] = {"somebody", "Some Body Else", "anna", "roomboss12345"};
     std::size_t next = 0;
-    for (auto _ : state) lines.Add(static_cast<std::int64_t>(next), 2, names[next++ % 4], line);
+    for (auto _ : state) {
+        lines.Add(static_cast<std::int64_t>(next), 2, names[next % 4], line);
+        ++next;
+    }
 }
 BENCHMARK(LineRemembered);
 

@@ -26,8 +26,8 @@ void TillerSock::AddEject(const std::string& strUser, std::int16_t intChatIndex)
         list->Exchange = room->Exchange;
         list->Instance = room->Instance;
         list->ChatIndex = room->ChatIndex;
+        EjectLists.Add(list); // before the name, so that whoever hears of it finds it
         list->AddEject(strUser);
-        EjectLists.Add(list);
         room->EjectListIndex = static_cast<std::int16_t>(EjectLists.Count());
         events.NewEjectList(room->ChatName, intChatIndex);
     }

@@ -12,12 +12,16 @@ int main(int count, char** words) {
         std::cerr
             << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
                " [--network open-server [--management]]\n"
-               "       [--journal 0..2] [--bridge]\n"
-               "or:    halyard-soak --day N [--journal 0..2] [--bridge]\n"
+               "       [--journal 0..2] [--bridge | --ledger]\n"
+               "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger]\n"
                "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
         return 2;
     }
     SoakRun run(*plan);
+    if (plan->ledger && !run.HasLedger()) {
+        std::cerr << "This one was built without the database, so there is no ledger.\n";
+        return 2;
+    }
     if (plan->journal == 2)
         run.record.onNote = [](std::string_view kind, std::string_view bytes) {
             std::cout << kind << " " << (kind == "sends" ? StrToHex(bytes) : std::string(bytes)) << "\n";

@@ -24,6 +24,11 @@ void EjectList::ClearEjects() {
     if (had && telling && telling->news) telling->news->ListCleared({ListName::Ejects, ChatName, Exchange});
 }
 
+void EjectList::TellGone() const {
+    if (Ejects.Count() > 0 && telling && telling->news)
+        telling->news->ListCleared({ListName::Ejects, ChatName, Exchange});
+}
+
 void EjectList::UnbanAll(RoomHost& host) const {
     const auto names = Ejects; // lifting may change the list
     const auto intChatIndex = ChatIndex;

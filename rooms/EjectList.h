@@ -32,6 +32,8 @@ class EjectList {
     void RemoveEject(const std::string& strUser);
     const Collection<std::string>& GetEjects() const { return Ejects; }
     void ClearEjects();
+    /// It is about to be nobody's list any more: that its names are on none is told, though it keeps them.
+    void TellGone() const;
     /// Asks for every ban to be lifted. Names leave the list one by one, as the service answers.
     void UnbanAll(RoomHost& host) const;
     /// True when the list is of the room with this name (compared in lower case without blanks) and exchange.

@@ -39,7 +39,8 @@ SoakPlan DayPlan(std::uint64_t number) {
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     auto words = given;
     const bool management = std::erase(words, "--management") > 0;
-    const bool bridge = std::erase(words, "--bridge") > 0;
+    const bool ledger = std::erase(words, "--ledger") > 0;
+    const bool bridge = std::erase(words, "--bridge") > 0 || ledger;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -59,6 +60,7 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     }
     plan.management = management;
     plan.bridge = bridge;
+    plan.ledger = ledger;
     if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
@@ -68,7 +70,9 @@ std::string ReplayLine(const SoakPlan& plan) {
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
            (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "") +
-           (plan.bridge ? " --bridge" : "");
+           (plan.ledger   ? " --ledger"
+            : plan.bridge ? " --bridge"
+                          : "");
 }
 
 } // namespace halyard

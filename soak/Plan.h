@@ -18,7 +18,8 @@ struct SoakPlan {
     int lines = 0;   ///< an hour in each room; 0 is 6 in a single room and 1200 in each of several
     bool openServer = false; ///< the service has the habits of "Open server", and the bot its ways
     bool management = false; ///< with openServer: bans are enforced through its management
-    bool bridge = false;     ///< the bridge is there as well, with nothing switched on
+    bool bridge = false;     ///< the bridge is there as well, with nothing switched on but its ledger
+    bool ledger = false;     ///< with the bridge: the ledger is compared with the desk, and its disk fails
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 
@@ -27,9 +28,9 @@ struct SoakPlan {
 SoakPlan DayPlan(std::uint64_t number);
 
 /// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server
-/// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge" anywhere,
-/// but not beside "--management". Nothing for words that make no sense or numbers out of their range; seed
-/// and days must be given, or the day.
+/// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge" or
+/// "--ledger", which brings the bridge along, anywhere, but not beside "--management". Nothing for words that
+/// make no sense or numbers out of their range; seed and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);

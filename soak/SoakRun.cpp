@@ -51,7 +51,10 @@ SoakRun::SoakRun(const SoakPlan& plan)
     window.counters.lstActions.onInserted = [this](int index) {
         NoteAction(window.counters.lstActions.List(index));
     };
-    if (plan.bridge) bridge = std::make_unique<Bridge>(window);
+    if (plan.bridge) {
+        machine.databases = TappedDatabases(databases);
+        bridge = std::make_unique<Bridge>(window);
+    }
     world.afterEvent = [this] { invariants.Check(); };
     if (!plan.openServer) return;
     window.Control().UseNetwork(OpenServer());
@@ -92,6 +95,11 @@ bool SoakRun::Run() {
     while (world.Now() < end && Hour()) NoteDesk();
     record.Note("settings", SettingsText(window.options));
     record.Note("chance", std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
+    if (invariants.ledger) {
+        invariants.ledger->Rest();
+        bridge.reset();
+        invariants.RequireWholeLedger();
+    }
     return invariants.Violation().empty();
 }
 
@@ -107,6 +115,7 @@ void SoakRun::Arrive() {
     network.Start();
     window.Form_Load();
     if (bridge) bridge->Start();
+    if (plan.ledger && HasLedger()) WatchLedger();
     FillBoxes();
     LookAfterLists();
     window.ByHand(window.autobans.txtAddAB, [this] { window.Engine().Lists().AddAB("spam*", 0); });
@@ -115,6 +124,11 @@ void SoakRun::Arrive() {
     RunFor(5 * second);
     JoinAll();
     town.Begin();
+}
+
+void SoakRun::WatchLedger() {
+    invariants.ledger.emplace(databases, window.options, plan,
+                              [this] { bridge->ledger.Open()->ledger.Flush(); });
 }
 
 void SoakRun::FillBoxes() {

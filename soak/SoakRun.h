@@ -9,6 +9,7 @@
 #include "soak/DayRecord.h"
 #include "soak/Faults.h"
 #include "soak/Plan.h"
+#include "soak/TapDatabase.h"
 #include "soak/TapMachine.h"
 #include "soak/Town.h"
 #include "soak/watch/Invariants.h"
@@ -41,10 +42,13 @@ class SoakRun {
     int FaultCount() const { return faults.Count(); }
     /// How often the operator had to sign on or join again for the bot (see SignOnAgain and JoinAgain).
     int StepsIn() const { return stepsIn; }
+    /// False where there is no database to keep one in, and without a bridge.
+    bool HasLedger() const { return static_cast<bool>(machine.databases); }
     const LiftWatch& TimeBans() const { return invariants.TimeBans(); }
 
   private:
     void Arrive();
+    void WatchLedger();
     bool Hour();
     bool RunFor(std::int64_t milliseconds);
     void LookAfterLists();
@@ -61,6 +65,7 @@ class SoakRun {
     const SoakPlan plan;
     SimWorld world;
     SimPlatform service;
+    DatabaseTap databases;
     TapMachine machine;
     PracticeNetwork network;
     frmMain window;

@@ -19,6 +19,7 @@ constexpr std::int16_t Unbound = -1; // and not the 0 of a room without a list, 
 using ListsByRoom = std::unordered_map<std::string, std::shared_ptr<EjectList>>;
 
 void ClearAll(TillerSock& control, const EjectPanel& panel) {
+    for (const auto& list : control.EjectLists) list->TellGone();
     control.EjectLists.Clear();
     for (const auto& room : control.Chat) room->EjectListIndex = Unbound;
     panel.lstEjected.Clear();

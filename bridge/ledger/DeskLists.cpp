@@ -6,6 +6,7 @@
 #include "state/TextFile.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace halyard {
 
@@ -52,7 +53,6 @@ OptionWatch::OptionWatch(Options& options) : options(options) {
         values.push_back(
             {number < 0 ? key : std::string(key) + ":" + std::to_string(number), std::string(value)});
     });
-    permissionChanges = options.Perms.Changes() + 1;
     std::vector<Difference> all;
     LookAtPermissions(all);
 }
@@ -89,7 +89,7 @@ std::vector<OptionWatch::Difference> OptionWatch::Look() {
 }
 
 void OptionWatch::LookAtPermissions(std::vector<Difference>& differences) {
-    if (permissionChanges == options.Perms.Changes()) return;
+    if (!std::exchange(opsChanged, false) && permissionChanges == options.Perms.Changes()) return;
     permissionChanges = options.Perms.Changes();
     std::map<std::string, std::string> now;
     for (const auto& name : options.Ops)

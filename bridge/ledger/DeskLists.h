@@ -30,6 +30,8 @@ class OptionWatch {
         MaybeText before, after;
     };
     std::vector<Difference> Look();
+    /// Only ops have permissions: who they are is another matter now.
+    void OpsChanged() { opsChanged = true; }
     /// "key", a tab, the value, as they were at the last look.
     Entries Whole() const;
 
@@ -45,6 +47,7 @@ class OptionWatch {
     std::vector<Value> values; ///< in the order of the option table
     std::map<std::string, std::string> permissions;
     std::uint64_t permissionChanges = 0;
+    bool opsChanged = true;
 };
 
 } // namespace halyard

@@ -105,7 +105,7 @@ void FactQueue::Flush() {
 }
 
 void FactQueue::SendNext() {
-    while (state == State::Ready && !underWay && !batches.empty()) {
+    while (state == State::Ready && !underWay && Waits()) {
         if (gap.facts > 0) {
             EndGap(); // which may have sent one
             continue;
@@ -116,7 +116,7 @@ void FactQueue::SendNext() {
         if (!flushing && (batches.empty() || batches.front()->facts.size() < BatchFacts)) break;
     }
     flushing = false;
-    if (state == State::Ready && !batches.empty()) Arm(Pause);
+    if (state == State::Ready && Waits()) Arm(Pause);
 }
 
 void FactQueue::Hand(const std::shared_ptr<Batch>& batch, Database::Done done) {

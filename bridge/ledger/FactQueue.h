@@ -63,6 +63,7 @@ class FactQueue {
         std::int64_t since = 0;
     };
 
+    bool Waits() const { return !batches.empty() || gap.facts > 0; }
     void TryToOpen();
     void Opened(OpenOutcome outcome, const std::string& words);
     void Begin();

@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -96,7 +97,11 @@ class Ledger : public News {
         ListName list{};
         std::string room; ///< normalised
         std::int16_t exchange = 0;
-        auto operator<=>(const ListKey&) const = default;
+        friend bool operator==(const ListKey&, const ListKey&) = default;
+        friend bool operator<(const ListKey& one, const ListKey& other) {
+            return std::tie(one.list, one.room, one.exchange) <
+                   std::tie(other.list, other.room, other.exchange);
+        }
     };
     struct HeldOption {
         CauseFact cause;
@@ -148,6 +153,7 @@ class Ledger : public News {
     std::int64_t heldCause = 0;   ///< 0: written when they are told
     std::unique_ptr<Timer> holdTimer;
     std::int64_t wholesAt = 0;
+    bool wholesDue = false; ///< once nothing is half done any more
     bool evidence = false;
     bool linesCame = false;
     std::int64_t lineTime = 0; ///< to the second: a line must cost next to nothing

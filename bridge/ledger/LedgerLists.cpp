@@ -66,6 +66,7 @@ bool Ledger::TakenAsLoaded(const ListKey& key) {
 void Ledger::Changed(const ListId& list, ChangeOp op, const std::string& entry) {
     const ListKey key{list.list, NormalizeName(list.room), list.exchange};
     const auto room = Mention(key, list);
+    if (list.list == ListName::Ops) watch.OpsChanged();
     if (TakenAsLoaded(key)) return;
     auto* scope = options.Control().Tell().cause;
     const auto* asked = AskedBy(scope);
@@ -89,8 +90,8 @@ void Ledger::Changed(const ListId& list, ChangeOp op, const std::string& entry) 
         AddAct(std::move(act));
         if (undoing.second != 0) queue.Add(UndoneFact{undoing.second, undoing.first});
     }
+    wholesDue = change.at - wholesAt > WholesAge;
     queue.Add(std::move(change));
-    if (platform.CalendarMilliseconds() - wholesAt > WholesAge && load.cause == 0) AddWholes(false);
 }
 
 void Ledger::CauseEnded(const CauseScope& scope) {
@@ -99,6 +100,7 @@ void Ledger::CauseEnded(const CauseScope& scope) {
     const bool changesNothing = scope.cause.kind == CauseKind::Rule || scope.cause.kind == CauseKind::Reply;
     if (!changesNothing || load.cause != 0) OptionsChanged(scope);
     EndLoad();
+    if (wholesDue) AddWholes(false);
 }
 
 void Ledger::OptionsChanged(const CauseScope& scope) {
@@ -181,6 +183,7 @@ void Ledger::AddWhole(ListName list, const NamedRoom& room, bool begins) {
 /// Of every list that there is, and of those that were there once in this run.
 void Ledger::AddWholes(bool begins) {
     TellHeld();
+    wholesDue = false;
     wholesAt = platform.CalendarMilliseconds();
     for (int list = 0; list < static_cast<int>(ListName::Ejects); ++list)
         AddWhole(static_cast<ListName>(list), nullptr, begins);

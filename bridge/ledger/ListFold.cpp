@@ -46,30 +46,33 @@ std::vector<std::string> FoldedList::Entries() const {
 
 void ListFold::Run(Connection& file, std::int64_t upTo) {
     auto& whole =
-        file.Prepare("SELECT w.after_change, w.run, w.list, w.room, w.begins, c.entries, c.id, w.at "
+        file.Prepare("SELECT w.id, w.after_change, w.run, w.list, w.room, w.begins, c.entries, c.id, w.at "
                      "FROM wholes w LEFT JOIN contents c ON c.id = w.content "
-                     "WHERE w.after_change <= ? ORDER BY w.after_change, w.id");
+                     "WHERE w.id > ? AND w.after_change <= ? ORDER BY w.after_change, w.id");
     auto& change = file.Prepare("SELECT id, run, list, room, op, entry, before, after FROM changes "
-                                "WHERE id <= ? ORDER BY id");
-    auto& gap =
-        file.Prepare("SELECT after_change, at FROM gaps WHERE after_change <= ? ORDER BY after_change, id");
-    bool hasWhole = whole.Bind(1, upTo).Step();
-    bool hasChange = change.Bind(1, upTo).Step();
-    bool hasGap = gap.Bind(1, upTo).Step();
+                                "WHERE id > ? AND id <= ? ORDER BY id");
+    auto& gap = file.Prepare("SELECT id, after_change, at FROM gaps WHERE id > ? AND after_change <= ? "
+                             "ORDER BY after_change, id");
+    bool hasWhole = whole.Bind(1, lastWhole).Bind(2, upTo).Step();
+    bool hasChange = change.Bind(1, lastChange).Bind(2, upTo).Step();
+    bool hasGap = gap.Bind(1, lastGap).Bind(2, upTo).Step();
     while (hasWhole || hasChange || hasGap) {
         const auto next = hasChange ? change.Integer(0) : std::numeric_limits<std::int64_t>::max();
-        const bool gapComes = hasGap && gap.Integer(0) < next;
-        const bool wholeComes = hasWhole && whole.Integer(0) < next;
-        if (gapComes && (!wholeComes || gap.Integer(0) < whole.Integer(0) ||
-                         (gap.Integer(0) == whole.Integer(0) && gap.Integer(1) <= whole.Integer(7)))) {
+        const bool gapComes = hasGap && gap.Integer(1) < next;
+        const bool wholeComes = hasWhole && whole.Integer(1) < next;
+        if (gapComes && (!wholeComes || gap.Integer(1) < whole.Integer(1) ||
+                         (gap.Integer(1) == whole.Integer(1) && gap.Integer(2) <= whole.Integer(8)))) {
             for (auto& [place, state] : states) state.known = false;
             begun = 0;
+            lastGap = gap.Integer(0);
             hasGap = gap.Step();
         } else if (wholeComes) {
             TakeWhole(whole);
+            lastWhole = whole.Integer(0);
             hasWhole = whole.Step();
         } else {
             TakeChange(change);
+            lastChange = next;
             hasChange = change.Step();
         }
     }
@@ -85,19 +88,19 @@ ListFold::State& ListFold::StateOf(ListPlace place, std::int64_t ofRun) {
 }
 
 void ListFold::TakeWhole(Statement& whole) {
-    run = whole.Integer(1);
-    const ListPlace place{whole.Integer(2), whole.Integer(3)};
+    run = whole.Integer(2);
+    const ListPlace place{whole.Integer(3), whole.Integer(4)};
     if (place.first == 0) begun = run;
     auto& state = StateOf(place, run);
-    FoldedList content(whole.Blob(5));
-    if (whole.IsNull(6)) return Found(state, "A whole content of the " + PlaceWords(place) + " is missing.");
-    if (state.known && whole.Integer(4) == 0) {
+    FoldedList content(whole.Blob(6));
+    if (whole.IsNull(7)) return Found(state, "A whole content of the " + PlaceWords(place) + " is missing.");
+    if (state.known && whole.Integer(5) == 0) {
         auto folded = state.list.Entries();
         auto written = content.Entries();
         // Options have no order.
         const bool same = place.first == 0 ? Sorted(folded) == Sorted(written) : folded == written;
         if (!same)
-            Found(state, "The changes up to " + std::to_string(whole.Integer(0)) + " don't make the " +
+            Found(state, "The changes up to " + std::to_string(whole.Integer(1)) + " don't make the " +
                              PlaceWords(place) + " what it was then.");
     }
     state.list = std::move(content);
@@ -139,6 +142,12 @@ std::map<ListPlace, FoldedList> ListFold::Lists() const {
     for (const auto& [place, state] : states)
         if (state.known && state.run == run) lists.emplace(place, state.list);
     return lists;
+}
+
+const FoldedList* ListFold::Find(ListPlace place) const {
+    const auto found = states.find(place);
+    return found != states.end() && found->second.known && found->second.run == run ? &found->second.list
+                                                                                    : nullptr;
 }
 
 } // namespace halyard

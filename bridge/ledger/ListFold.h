@@ -6,6 +6,7 @@
 #include "base/News.h"
 #include "platform/Database.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -32,6 +33,7 @@ class FoldedList {
     /// An option's value goes from one to the other; null for none.
     bool Change(const std::string& key, const std::string* before, const std::string* after);
     std::vector<std::string> Entries() const;
+    std::size_t Count() const { return places.size(); }
 
   private:
     std::map<std::string, std::int64_t> places;
@@ -46,11 +48,13 @@ class ListFold {
     /// What doesn't fit, in words. Its changes after it are passed over until a whole content comes.
     std::function<void(const std::string&)> onFinding;
 
-    /// Goes through the rows up to and with the change of this number.
+    /// Goes through the rows up to and with the change of this number, from where it came to the last time.
     void Run(Connection& file, std::int64_t upTo = std::numeric_limits<std::int64_t>::max());
 
     /// Those whose content is known then.
     std::map<ListPlace, FoldedList> Lists() const;
+    /// One of them; null for one whose content isn't known.
+    const FoldedList* Find(ListPlace place) const;
     std::int64_t LastRun() const { return run; }
 
   private:
@@ -66,6 +70,8 @@ class ListFold {
     void Found(State& state, const std::string& words);
 
     std::map<ListPlace, State> states;
+    std::int64_t lastWhole = std::numeric_limits<std::int64_t>::min(); ///< rows behind which it goes on
+    std::int64_t lastChange = 0, lastGap = 0;
     std::int64_t run = 0;
     std::int64_t begun = 0; ///< the run whose whole contents were seen: what it names no content for is empty
 };

@@ -4,6 +4,7 @@
 #include "oscar/wire/ModOscarFunctions.h"
 #include "practice/Journal.h"
 #include "practice/PracticeNetwork.h"
+#include "rooms/BanRequest.h"
 #include "surface/frmMain.h"
 
 #include <algorithm>
@@ -83,6 +84,9 @@ void Invariants::SentBan(std::uint64_t stream, int id, const std::string& user, 
         bans.Excuse(NormalizeName(room->ChatName), NormalizeName(record[3]));
     bans.Sent(id, {NormalizeName(room->ChatName), NormalizeName(user), stream, world.Now()});
     doubtful.insert(NormalizeName(room->ChatName));
+    if (ledger)
+        ledger->acts.Sent({id, NormalizeName(room->ChatName), NormalizeName(user), ban,
+                           record[3] == user ? BanKindOf(record[0]) : std::nullopt});
     if (enforced)
         enforced->Asked(NormalizeName(room->ChatName), NormalizeName(user), ban, record[0], world.Now());
     if (!ban) lifts.Asked(NormalizeName(room->ChatName), NormalizeName(user));
@@ -96,6 +100,9 @@ void Invariants::SentBan(std::uint64_t stream, int id, const std::string& user, 
 }
 
 void Invariants::Received(std::uint64_t stream, std::string_view frame) {
+    const bool heard = frame.size() > 16 && frame[1] == 2 && frame[8] == 0 &&
+                       ((frame[7] == 0x0E && frame[9] == 0x06) || (frame[7] == 0x04 && frame[9] == 0x07));
+    if (ledger && heard) ledger->acts.Heard(machine.CalendarMilliseconds(), frame.substr(16));
     if (frame.size() < 16 || frame[1] != 2 || frame[7] != 0x0E || frame[9] != 0x01) return;
     if (bans.Replied(StrToWord(frame.substr(14)).value_or(0), stream)) ++repliesInEvent;
 }
@@ -118,6 +125,7 @@ void Invariants::Check() {
     CheckQueues();
     if (!enforced) CheckReplies(); // else none tells what is done
     CheckTimeBans();
+    if (ledger) Violate(ledger->Check(world.Now()));
     if (enforced)
         Violate(enforced->Check(world.Now()));
     else if (openServer)
@@ -268,7 +276,7 @@ void Invariants::RequireNoGrowth(std::size_t rooms) {
         Violate("timers are left behind");
     // Requests without a reply are kept until their id comes round, and so are the excused names of a run.
     const std::size_t kept = window.Control().RequestIDs.Count() * 512;
-    const std::size_t memory = ::mallinfo2().uordblks;
+    const std::size_t memory = ::mallinfo2().uordblks - (ledger ? ledger->Bytes() : 0);
     constexpr int warm = 24;
     constexpr std::size_t slack = 4 << 20;
     if (++quietMoments == warm) memoryBefore = memory;

@@ -7,6 +7,7 @@
 #include "soak/TapMachine.h"
 #include "soak/watch/BanWatch.h"
 #include "soak/watch/EnforcedWatch.h"
+#include "soak/watch/LedgerWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
 
@@ -32,6 +33,7 @@ class Invariants : public TapListener {
 
     bool openServer = false;               ///< a service that enforces no bans
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
+    std::optional<LedgerWatch> ledger;     ///< with the bridge
 
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
@@ -45,6 +47,8 @@ class Invariants : public TapListener {
     void RequireBack(const std::vector<std::string>& rooms);
     /// At a quiet moment: what the run holds on to must not grow from one such moment to the next.
     void RequireNoGrowth(std::size_t rooms);
+    /// The ledger has ended: its file says what happened from beginning to end.
+    void RequireWholeLedger() { Violate(ledger->CheckFile()); }
     const LiftWatch& TimeBans() const { return lifts; }
 
     // TapListener.

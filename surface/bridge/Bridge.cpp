@@ -27,7 +27,7 @@ bool IsSpared(const Options& options, const std::string& name) {
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
       check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
-      ledgerWindow(main.Context()),
+      ledgerWindow(main.Context()), ledgerTerms(main.Context(), file),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
@@ -63,6 +63,11 @@ void Bridge::BindControls() {
     row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
+    bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
+    ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
+        ledger.Take(terms);
+        wiring.Reopened();
+    };
     window.management.onApplied = [this](const std::string& network) {
         if (network == chosen.OfSignOn()) Enforce(network);
     };

@@ -12,6 +12,7 @@
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
 #include "surface/bridge/LedgerHost.h"
+#include "surface/bridge/LedgerTermsWindow.h"
 #include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
@@ -43,6 +44,7 @@ class Bridge : private News {
     NetworkCheck check;
     NetworkWindow window;
     LedgerWindow ledgerWindow;
+    LedgerTermsWindow ledgerTerms;
     BanAnswers answers;
     Enforcement enforcement;
     LedgerHost ledger;

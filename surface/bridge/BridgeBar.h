@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -18,6 +18,7 @@ class BridgeBar {
     Menu mnuBridge{"mnuBridge", "Bridge"};
     Menu mnuNetwork{"mnuNetwork", "Network\x85"};
     Menu mnuLedger{"mnuLedger", "Ledger\x85"};
+    Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
 };
 
 } // namespace halyard

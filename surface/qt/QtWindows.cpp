@@ -25,6 +25,7 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
     if (bridge) {
         Offer(bridge->window, DrawNetwork);
         Offer(bridge->ledgerWindow, DrawLedger);
+        Offer(bridge->ledgerTerms, DrawLedgerTerms);
     }
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t LongestPage = 1000;
 /// More rules, or rooms of one name, than this are no use in one question.
-constexpr std::int64_t MostRules = 200;
+constexpr std::int64_t MostRules = 100;
 constexpr std::int64_t NoEnd = std::numeric_limits<std::int64_t>::max();
 
 constexpr const char* RowText =
@@ -137,11 +137,11 @@ class Question {
     /// The newest rules, where the part of an entry stands in very many.
     void AndRules(const std::string& wanted) {
         std::vector<std::string> parts;
-        auto& rows = connection.Prepare("SELECT id FROM rules WHERE kind = ?1 OR instr(lower(entry), ?2) > 0"
-                                        " ORDER BY id DESC LIMIT ?3");
-        rows.Bind(1, static_cast<std::int64_t>(RuleOfWord(wanted)))
-            .Bind(2, ToUtf8(wanted))
-            .Bind(3, MostRules);
+        if (const auto kind = RuleOfWord(wanted); kind != RuleKind::None)
+            parts.push_back(Field(WordField::RuleKind, static_cast<std::int64_t>(kind)));
+        auto& rows = connection.Prepare("SELECT id FROM rules WHERE instr(lower(entry), ?1) > 0"
+                                        " ORDER BY id DESC LIMIT ?2");
+        rows.Bind(1, ToUtf8(wanted)).Bind(2, MostRules);
         while (rows.Step()) parts.push_back(Field(WordField::Rule, rows.Integer(0)));
         AndAny(parts);
     }

@@ -1,5 +1,6 @@
 #include "bridge/ledger/reading/SearchText.h"
 
+#include "base/Latin1.h"
 #include "base/Text.h"
 #include "bridge/ledger/IndexWords.h"
 #include "bridge/ledger/reading/Moments.h"
@@ -13,6 +14,8 @@ namespace halyard {
 
 namespace {
 
+/// Characters in front of a "*".
+constexpr std::size_t ShortestBegin = 2;
 /// More words are no search that anybody types.
 constexpr std::size_t MostWords = 40;
 
@@ -155,6 +158,9 @@ class SearchReader {
             return Wrong(part.valuePlace, "No letter or digit stands here that could be looked for.");
         for (const auto& word : words) into.push_back({word, false});
         into.back().begins = part.value.ends_with('*');
+        // A single letter begins a good part of all words there are.
+        if (into.back().begins && FromUtf8(into.back().word).size() < ShortestBegin)
+            Wrong(part.valuePlace, "In front of * stand at least two letters or digits.");
     }
 
     static bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }

@@ -18,7 +18,7 @@ namespace halyard {
 /// One word to be found, as WordsOf makes them.
 struct SearchWord {
     std::string word;
-    bool begins = false; ///< "rud*": any word that begins so
+    bool begins = false; ///< "rud*": any word that begins so, two characters at least
     bool operator==(const SearchWord&) const = default;
 };
 

@@ -10,6 +10,7 @@ namespace halyard {
 
 class FootLine;
 class FormWindow;
+class LedgerTermsWindow;
 class LedgerWindow;
 class NetworkRow;
 class NetworkWindow;
@@ -18,5 +19,6 @@ QWidget* DrawNetworkRow(NetworkRow& row);
 QWidget* DrawFootLine(FootLine& foot);
 std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
+std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
 
 } // namespace halyard

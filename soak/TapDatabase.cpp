@@ -1,0 +1,65 @@
+#include "soak/TapDatabase.h"
+
+#include <utility>
+
+#ifdef HALYARD_SQLITE
+#include "platform/sqlite/InlineDatabase.h"
+#endif
+
+namespace halyard {
+
+#ifdef HALYARD_SQLITE
+
+namespace {
+
+class TapDatabase : public Database {
+  public:
+    TapDatabase(DatabaseTap& tap, std::shared_ptr<Database> file) : tap(tap), file(std::move(file)) {}
+
+    void Open(const DatabaseSpec& spec, Opened done) override {
+        auto inMemory = spec;
+        inMemory.path.clear();
+        file->Open(inMemory, std::move(done));
+    }
+    void Write(Job job, Done done) override {
+        // Rows that were written first and didn't stay must be forgotten by whoever wrote them.
+        const auto failing = [this, job = std::move(job)](Connection& connection) {
+            job(connection);
+            connection.Fail(tap.fault, "The disk says no.");
+        };
+        const auto told = [this, done = std::move(done)](const DatabaseResult& result) {
+            tap.written = tap.written || result.Ok();
+            if (done) done(result);
+        };
+        file->Write(failing, told);
+    }
+    void Maintain(Job job, Done done) override { file->Maintain(std::move(job), std::move(done)); }
+    std::shared_ptr<ReadTicket> Read(Job job, Done done) override {
+        return file->Read(std::move(job), std::move(done));
+    }
+
+  private:
+    DatabaseTap& tap;
+    std::shared_ptr<Database> file;
+};
+
+} // namespace
+
+std::function<std::unique_ptr<Database>()> TappedDatabases(DatabaseTap& tap) {
+    return [&tap] {
+        tap.file = std::make_shared<InlineDatabase>();
+        return std::make_unique<TapDatabase>(tap, tap.file);
+    };
+}
+
+#else
+
+std::function<std::unique_ptr<Database>()> TappedDatabases(DatabaseTap& /*tap*/) { return nullptr; }
+
+#endif
+
+void DatabaseTap::Read(const Database::Job& job) const {
+    if (file) file->Read(job, nullptr);
+}
+
+} // namespace halyard
