@@ -45,7 +45,7 @@ class FedPlatform : public SimPlatform {
     }
 };
 
-inline std::string Frame(const std::string& body, int channel = 2) {
+inline std::string FlapFrame(const std::string& body, int channel = 2) {
     return "*" + ByteToStr(channel) + WordToStr(0) + WordToStr(static_cast<long long>(body.size())) + body;
 }
 
@@ -54,7 +54,7 @@ inline std::string LineFrame() {
     std::string text;
     while (text.size() < 300) text += "the harbour lay quiet under a pale moon ";
     text.resize(300);
-    return Frame(HexToStr("000E0006000000000000"
+    return FlapFrame(HexToStr("000E0006000000000000"
                           "0000000000000000"
                           "0003") +
                  MakeTLV("0003", 2, MakeTLV("", 1, "Some Guest") + HexToStr("00000000")) +
@@ -76,14 +76,14 @@ struct FedRoom {
         auto& control = window.Control();
         control.Settings.LoginMD5 = false;
         control.Login("Bot", "pw", 5190, false, false, "127.0.0.1");
-        platform.sockets[0]->Feed(Frame(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "c"), 4));
-        platform.sockets[0]->Feed(Frame(HexToStr("00090003000000000000")));
-        platform.sockets[0]->Feed(Frame(HexToStr("00010005000000000000000D0002000E")));
+        platform.sockets[0]->Feed(FlapFrame(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "c"), 4));
+        platform.sockets[0]->Feed(FlapFrame(HexToStr("00090003000000000000")));
+        platform.sockets[0]->Feed(FlapFrame(HexToStr("00010005000000000000000D0002000E")));
         socket = platform.sockets[1];
-        socket->Feed(Frame(HexToStr("00010007000000000000")));
+        socket->Feed(FlapFrame(HexToStr("00010007000000000000")));
         world.RunFor(3000);
         socket->Feed(
-            Frame(HexToStr("000E0003000000000000") + MakeTLV("", 1, "Some Guest") + HexToStr("00000000")));
+            FlapFrame(HexToStr("000E0003000000000000") + MakeTLV("", 1, "Some Guest") + HexToStr("00000000")));
     }
     void FillLists(int words) {
         auto& options = window.options;
