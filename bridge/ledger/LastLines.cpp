@@ -20,47 +20,69 @@ Number Load(const char* text) {
     return number;
 }
 
-/// Up to eight characters as a number, the first in the lowest byte. What is
-/// behind them says nothing more.
+/// Up to eight characters as a number, the first in the lowest byte.
 std::uint64_t Word(const char* text, std::size_t length) {
     if (length >= 8) return Load<std::uint64_t>(text);
     if (length >= 4)
         return Load<std::uint32_t>(text) | std::uint64_t{Load<std::uint32_t>(text + length - 4)}
                                                << (8 * (length - 4));
-    const auto at = [&](std::size_t place) { return std::uint64_t{static_cast<unsigned char>(text[place])}; };
-    return length == 0 ? 0 : at(0) | at(length / 2) << 8 | at(length - 1) << 16;
+    std::uint64_t word = 0;
+    for (std::size_t place = 0; place < length; ++place)
+        word |= std::uint64_t{static_cast<unsigned char>(text[place])} << (8 * place);
+    return word;
 }
 
-bool HasBlank(std::uint64_t word) {
+/// The high bit of the first blank; 0 for none.
+std::uint64_t FirstBlank(std::uint64_t word) {
     const auto turned = word ^ (EveryByte * ' ');
-    return ((turned - EveryByte) & ~turned & (EveryByte * 0x80)) != 0;
+    const auto blanks = (turned - EveryByte) & ~turned & (EveryByte * 0x80);
+    return blanks & (~blanks + 1);
 }
 
-/// The first and last eight characters of what stands in a name's first sixteen: all of most names.
-struct Ends {
-    std::uint64_t first, second;
-    explicit Ends(std::string_view name)
-        : first(Word(name.data(), std::min<std::size_t>(name.size(), 16))),
-          second(name.size() > 8 ? Word(name.data() + std::min<std::size_t>(name.size(), 16) - 8, 8) : 0) {}
+/// The first sixteen characters of a name, its blanks left out.
+struct Packed {
+    std::uint64_t low, high;
+
+    explicit Packed(std::string_view name) {
+        std::array<char, 16> longer{};
+        if (name.size() > longer.size()) {
+            std::size_t count = 0;
+            for (const char c : name)
+                if (c != ' ' && count < longer.size()) longer[count++] = c;
+            name = {longer.data(), count};
+        }
+        low = Word(name.data(), name.size());
+        high = name.size() > 8 ? Word(name.data() + 8, name.size() - 8) : 0;
+        while (const auto blank = FirstBlank(low)) {
+            const auto before = (blank >> 7) - 1;
+            low = (low & before) | ((low >> 8) & ~before) | high << 56;
+            high >>= 8;
+        }
+        while (const auto blank = FirstBlank(high)) {
+            const auto before = (blank >> 7) - 1;
+            high = (high & before) | ((high >> 8) & ~before);
+        }
+    }
 };
 
 /// A place in a table of 2,048, equal for all spellings of a name. Letters count by their low half, in which
 /// capitals and small letters of Windows-1252 are alike.
-std::size_t SlotOf(std::string_view name, const Ends& ends) {
-    if (name.size() > 16 || HasBlank(ends.first) || HasBlank(ends.second)) {
-        std::array<char, 16> packed;
-        std::size_t count = 0;
-        for (const char c : name)
-            if (c != ' ' && count < packed.size()) packed[count++] = c;
-        if (count < name.size()) {
-            const std::string_view rest(packed.data(), count);
-            return SlotOf(rest, Ends(rest));
-        }
-    }
-    constexpr auto High = EveryByte * 0x70;
-    const auto mixed = (ends.first | High) * 0x9E3779B97F4A7C15ULL ^
-                       (ends.second | (ends.second != 0 ? High : 0)) * 0xC2B2AE3D27D4EB4FULL;
+std::size_t PlaceOf(std::string_view name) {
+    constexpr auto Low = EveryByte * 0x0F;
+    const Packed packed(name);
+    const auto mixed =
+        (packed.low & Low) * 0x9E3779B97F4A7C15ULL ^ (packed.high & Low) * 0xC2B2AE3D27D4EB4FULL;
     return (mixed ^ mixed >> 29) * 0x9E3779B97F4A7C15ULL >> 53;
+}
+
+/// Most names by two copies whose length the compiler knows.
+void CopyName(char* to, std::string_view name) {
+    if (name.size() < 8 || name.size() > 16) {
+        std::memcpy(to, name.data(), name.size());
+        return;
+    }
+    std::memcpy(to, name.data(), 8);
+    std::memcpy(to + name.size() - 8, name.data() + name.size() - 8, 8);
 }
 
 } // namespace
@@ -70,23 +92,16 @@ void LastLines::Add(std::int64_t at, std::int16_t room, std::string_view name, s
     if (name.empty()) return;
     line = line.substr(0, LongestText);
     if (!ring) ring = std::make_unique<char[]>(Bytes);
-    // Eight more than it needs, since most names are stored as two words.
-    const auto size = (sizeof(Head) + name.size() + line.size() + 15) & ~std::size_t{7};
+    const auto size = (sizeof(Head) + name.size() + line.size() + 7) & ~std::size_t{7};
     // A line stands in one piece.
     if (const auto rest = Bytes - end % Bytes; rest < size) end += rest;
-    const Ends ends(name);
-    auto& slot = last[SlotOf(name, ends)];
+    auto& slot = last[PlaceOf(name)];
     const Head head{slot, at, room, static_cast<std::uint16_t>(name.size()),
                     static_cast<std::uint16_t>(line.size())};
     char* place = ring.get() + end % Bytes;
     std::memcpy(place, &head, sizeof head);
     place += sizeof head;
-    if (name.size() > 16) {
-        std::memcpy(place, name.data(), name.size());
-    } else {
-        std::memcpy(place, &ends.first, 8);
-        if (name.size() > 8) std::memcpy(place + name.size() - 8, &ends.second, 8);
-    }
+    CopyName(place, name);
     std::memcpy(place + name.size(), line.data(), line.size());
     slot = end + 1;
     end += size;
@@ -97,7 +112,7 @@ std::vector<LastLines::Line> LastLines::Of(std::string_view name, std::int64_t s
     std::vector<Line> lines;
     name = name.substr(0, LongestName);
     if (name.empty() || !ring) return lines;
-    for (auto next = last[SlotOf(name, Ends(name))]; next != 0 && lines.size() < count;) {
+    for (auto next = last[PlaceOf(name)]; next != 0 && lines.size() < count;) {
         const auto begin = next - 1;
         if (begin + Bytes < end) break; // written over
         const char* place = ring.get() + begin % Bytes;
