@@ -6,7 +6,7 @@
 
 include(GNUInstallDirs)
 
-foreach(program halyard halyard-practice)
+foreach(program halyard halyard-practice halyardctl)
   if(TARGET ${program})
     list(APPEND programs ${program})
   endif()

@@ -22,6 +22,14 @@ halyard_program(halyard-practice NEEDS halyard_practice halyard_platform_qt)
 halyard_program(halyard-tour NEEDS halyard_tour)
 halyard_program(halyard NEEDS halyard_surface_qt $<TARGET_NAME_IF_EXISTS:halyard_platform_sqlite>)
 
+# For terminals: Debian's libcli11-dev.
+find_package(CLI11 QUIET)
+if(CLI11_FOUND AND TARGET halyard_platform_sqlite)
+  halyard_program(halyardctl NEEDS halyard_bridge halyard_platform_qt halyard_platform_sqlite CLI11::CLI11)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/programs/ctl/*.cpp)
+  target_sources(halyardctl PRIVATE ${sources})
+endif()
+
 # The tour's scene and settings lie beside its program.
 file(COPY ${CMAKE_SOURCE_DIR}/tour/den.txt ${CMAKE_SOURCE_DIR}/tour/Tour.hys
      DESTINATION ${CMAKE_BINARY_DIR}/tour)

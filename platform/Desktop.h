@@ -4,7 +4,7 @@
 
 namespace halyard {
 
-/// The desktop around the windows: the tray and the handler that opens pages.
+/// The desktop around the windows: the tray, the clipboard and the handler that opens pages.
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -16,6 +16,8 @@ class Desktop {
     virtual void AddTrayIcon(const std::string& tip) = 0;
     virtual void SetTrayTip(const std::string& tip) = 0;
     virtual void RemoveTrayIcon() = 0;
+    /// Puts the text (Windows-1252) where other programs paste from.
+    virtual void Copy(const std::string& text) = 0;
     /// Ends the program once the running handler has returned.
     virtual void Quit() = 0;
 };

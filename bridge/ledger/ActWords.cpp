@@ -7,7 +7,8 @@ namespace halyard {
 
 std::string ActWords(Connection& file, std::int64_t act) {
     auto& row = file.Prepare(
-        "SELECT a.kind, a.person, a.room, a.op, a.rule, p.key, p.indexed, c.line, c.reason, a.entry, r.entry "
+        "SELECT a.kind, a.person, a.room, a.op, a.rule, p.key, p.indexed, c.line, c.reason, a.entry, "
+        "r.entry, r.kind "
         "FROM acts a LEFT JOIN persons p ON p.id = a.person LEFT JOIN causes c ON c.id = a.cause "
         "LEFT JOIN rules r ON r.id = a.rule WHERE a.id = ?");
     if (!row.Bind(1, act).Step()) return {};
@@ -19,6 +20,7 @@ std::string ActWords(Connection& file, std::int64_t act) {
     field(WordField::Room, 2);
     field(WordField::Op, 3);
     field(WordField::Rule, 4);
+    field(WordField::RuleKind, 11);
     const auto text = [&](int column) {
         if (!row.IsNull(column)) words += " " + StripHTML(row.Text(column));
     };

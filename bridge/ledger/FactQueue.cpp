@@ -20,13 +20,19 @@ FactQueue::FactQueue(Platform& platform)
     timer->onTick = [this] { Tick(); };
 }
 
-void FactQueue::End() {
-    if (state == State::Opening) Begin();
-    if (!database || state == State::Refused) return;
-    if (gap.facts > 0) EndGap();
-    if (underWay && !batches.empty()) batches.pop_front();
+FactQueue::~FactQueue() = default;
+
+void FactQueue::Close() {
+    timer->SetEnabled(false);
+    if (database && state != State::Refused) {
+        if (gap.facts > 0) EndGap();
+        if (state == State::Opening || (state == State::Beginning && failing)) Begin();
+        if (underWay) batches.pop_front(); // its answer will be nobody's
+        for (const auto& batch : batches) Hand(batch, {});
+    }
     state = State::Refused;
-    for (const auto& batch : std::exchange(batches, {})) Hand(batch, nullptr);
+    database.reset();
+    batches.clear();
 }
 
 void FactQueue::Open(const std::string& newPath, const std::string& newVersion) {
@@ -102,14 +108,17 @@ void FactQueue::Flush() {
 
 void FactQueue::SendNext() {
     while (state == State::Ready && !underWay && Waits()) {
-        if (gap.facts > 0) EndGap();
+        if (gap.facts > 0) {
+            EndGap(); // which may have sent one
+            continue;
+        }
         underWay = true;
         Hand(batches.front(), [this](const DatabaseResult& result) { Written(result); });
         if (underWay || failing) return;
         if (!flushing && (batches.empty() || batches.front()->facts.size() < BatchFacts)) break;
     }
     flushing = false;
-    if (state == State::Ready && !batches.empty()) Arm(Pause);
+    if (state == State::Ready && Waits()) Arm(Pause);
 }
 
 void FactQueue::Hand(const std::shared_ptr<Batch>& batch, Database::Done done) {
@@ -129,6 +138,7 @@ void FactQueue::Written(const DatabaseResult& result) {
     count -= batches.front()->facts.size();
     batches.pop_front();
     Worked();
+    if (onWritten) onWritten();
     if (batches.empty()) flushing = false;
     if (flushing || (!batches.empty() && batches.front()->facts.size() >= BatchFacts)) return SendNext();
     if (!batches.empty()) Arm(Pause);

@@ -28,11 +28,12 @@ class FactQueue {
     static constexpr int RetryPause = 5000; ///< ms
 
     explicit FactQueue(Platform& platform);
-    ~FactQueue() { End(); }
+    ~FactQueue();
     FactQueue(const FactQueue&) = delete;
     FactQueue& operator=(const FactQueue&) = delete;
 
     std::function<void(const std::string&)> onTell; ///< once when writing fails, once when it works again
+    std::function<void()> onWritten;                ///< a batch stands in the file
     std::function<void()> onBatch;                  ///< a batch is about to go: what is held back comes now
     std::function<void()> onGapEnd;                 ///< facts were lost: whole contents are to follow
 
@@ -42,9 +43,8 @@ class FactQueue {
     void Add(Fact&& fact);
     /// Writes what waits without a pause.
     void Flush();
-    /// Hands what waits to the database, as the last that there is. Whoever is asked for whole contents
-    /// behind a gap calls it while they can still answer.
-    void End();
+    /// Writes what waits, and ends.
+    void Close();
 
     /// From the next batch on the writer looks up again who has which row.
     void ForgetRows() { fresh = true; }

@@ -11,9 +11,17 @@
 
 namespace halyard {
 
-enum class WordField : char { Room = 'r', Op = 'o', Rule = 'u', Kind = 'k', Person = 'p', Reason = 'q' };
+enum class WordField : char {
+    Room = 'r',
+    Op = 'o',
+    Rule = 'u',
+    RuleKind = 'x',
+    Kind = 'k',
+    Person = 'p',
+    Reason = 'q'
+};
 
-/// The field word of a row's number, of an ActKind for Kind.
+/// The field word of a row's number, of an ActKind's for Kind, of halyard::RuleKind's for RuleKind.
 std::string FieldWord(WordField field, std::int64_t number);
 /// That of one word of a reason.
 std::string FieldWord(WordField field, std::string_view word);

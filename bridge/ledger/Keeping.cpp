@@ -38,15 +38,28 @@ std::string Joined(const FoldedList& list) {
     return text;
 }
 
-// The newest row of each table stays, so that no number is given out twice.
-constexpr const char* OtherRows[] = {
-    "DELETE FROM changes WHERE id IN (SELECT id FROM changes WHERE id <= ? ORDER BY id LIMIT 200)",
-    "DELETE FROM stages WHERE id IN (SELECT id FROM stages WHERE at < ? ORDER BY id LIMIT 200)",
-    "DELETE FROM requests WHERE id IN (SELECT id FROM requests WHERE act IS NULL AND at < ? LIMIT 200)",
-    "DELETE FROM causes WHERE id IN (SELECT id FROM causes WHERE id < ? ORDER BY id LIMIT 200)",
-    "DELETE FROM contents WHERE id IN (SELECT id FROM contents WHERE id > ? AND id NOT IN "
-    "(SELECT content FROM wholes) LIMIT 200)",
-};
+constexpr const char* Changes =
+    "DELETE FROM changes WHERE id IN (SELECT id FROM changes WHERE id <= ? ORDER BY id LIMIT 200)";
+constexpr const char* Stages =
+    "DELETE FROM stages WHERE id IN (SELECT id FROM stages WHERE at < ? ORDER BY id LIMIT 200)";
+constexpr const char* LoneReplies =
+    "DELETE FROM requests WHERE id IN (SELECT id FROM requests WHERE act IS NULL AND at < ? LIMIT 200)";
+constexpr const char* Causes =
+    "DELETE FROM causes WHERE id IN (SELECT id FROM causes WHERE id < ? ORDER BY id LIMIT 200)";
+constexpr const char* Contents = "DELETE FROM contents WHERE id IN (SELECT id FROM contents WHERE id > ? AND "
+                                 "id NOT IN (SELECT content FROM wholes) LIMIT 200)";
+
+/// The first cause that something which stays points at. Scopes around it have lower numbers than it.
+std::int64_t FirstCause(Connection& file) {
+    auto first = NumberOf(file, "SELECT min(cause) - ? FROM acts", 0);
+    const auto ofChanges = NumberOf(file, "SELECT min(cause) - ? FROM changes", 0);
+    if (ofChanges != 0) first = std::min(first, ofChanges);
+    for (;;) {
+        const auto around = NumberOf(file, "SELECT min(around) FROM causes WHERE id >= ?", first);
+        if (around == 0 || around >= first) return first;
+        first = around;
+    }
+}
 
 } // namespace
 
@@ -54,7 +67,8 @@ Pruning::Pruning(const KeepDays& days, std::int64_t now)
     : textsBefore(days.texts > 0 ? now - days.texts * DayMs : 0),
       actsBefore(days.acts > 0 ? now - days.acts * DayMs : 0) {}
 
-/// Numbers grow with time, but for a clock that was set back.
+/// Numbers grow with time, but for a clock that was set back. The newest act and change stay, so that no
+/// number is given out twice.
 void Pruning::Begin(Connection& file) {
     begun = true;
     const auto boundary = [&](std::int64_t moment) {
@@ -155,35 +169,20 @@ bool Pruning::PruneActs(Connection& file) {
     const auto acts = Numbers(file, "SELECT id FROM acts WHERE id < ? ORDER BY id LIMIT 50", firstAct);
     for (const auto act : acts) {
         TakeOutWords(file, act);
-        Run(file, "DELETE FROM evidence WHERE act = ?", act);
+        for (const auto* sql : {"DELETE FROM evidence WHERE act = ?", "DELETE FROM requests WHERE act = ?",
+                                "UPDATE changes SET act = NULL WHERE act = ?"})
+            Run(file, sql, act);
         Run(file, "DELETE FROM acts WHERE id = ?", act);
     }
     if (acts.empty()) return false;
-    auto& asked = file.Prepare("DELETE FROM requests WHERE act BETWEEN ? AND ?");
-    asked.Bind(1, acts.front()).Bind(2, acts.back()).Step();
     rows += static_cast<std::int64_t>(acts.size());
     return true;
 }
 
 bool Pruning::PruneOthers(Connection& file) {
-    for (; table < std::size(OtherRows); ++table) {
-        auto bound = actsBefore;
-        if (table == 0) bound = cutChange;
-        if (table == 3) {
-            // Scopes around what stays have lower numbers than it.
-            bound = NumberOf(file, "SELECT min(cause) - ? FROM acts", 0);
-            const auto ofChanges = NumberOf(file, "SELECT min(cause) - ? FROM changes", 0);
-            if (ofChanges != 0) bound = std::min(bound, ofChanges);
-            for (auto around = bound; around != 0;) {
-                bound = around;
-                around = NumberOf(file, "SELECT min(around) FROM causes WHERE id >= ?", bound);
-                if (around >= bound) break;
-            }
-        }
-        if (table == 4) bound = 0;
-        if (PruneRows(file, OtherRows[table], bound)) return true;
-    }
-    return false;
+    return PruneRows(file, Changes, cutChange) || PruneRows(file, Stages, actsBefore) ||
+           PruneRows(file, LoneReplies, actsBefore) || PruneRows(file, Causes, FirstCause(file)) ||
+           PruneRows(file, Contents, 0);
 }
 
 } // namespace halyard

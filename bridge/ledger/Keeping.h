@@ -43,7 +43,6 @@ class Pruning {
     std::int64_t lastCause = 0; ///< looked at
     std::int64_t firstAct = 0;  ///< that stays
     std::int64_t cutChange = 0; ///< the last that goes
-    std::size_t table = 0;
     std::int64_t rows = 0;
 };
 

@@ -39,7 +39,6 @@ class LastLines {
         std::uint16_t lineLength;
     };
     static constexpr std::size_t Slots = 2048;
-    static std::size_t SlotOf(std::string_view name);
 
     std::unique_ptr<char[]> ring;
     std::uint64_t end = 0; ///< of all that was ever added; a place is one modulo Bytes

@@ -21,6 +21,9 @@ Ledger::Ledger(Platform& platform, Options& options)
     queue.onTell = [this](const std::string& words) {
         if (onTell) onTell(words);
     };
+    queue.onWritten = [this] {
+        if (onWritten) onWritten();
+    };
     queue.onBatch = [this] { StillWaits(); };
     queue.onGapEnd = [this] { AddWholes(true); };
     holdTimer->SetInterval(HoldPause);
@@ -40,7 +43,7 @@ Ledger::~Ledger() {
     EndRequests(0);
     AddWholes(false);
     queue.Add(RunEndFact{platform.CalendarMilliseconds()});
-    queue.End();
+    queue.Close();
 }
 
 void Ledger::Start(const std::string& path, const std::string& version) {

@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,8 @@ class Ledger : public News {
 
     /// What the operator should know: once when writing fails, once when it works again.
     std::function<void(const std::string&)> onTell;
+    /// Something was written.
+    std::function<void()> onWritten;
     std::string network; ///< on which the bot signs on, as the operator names it
 
     /// Opens the file at `path`, Windows-1252, and begins a run of the program's `version`.
@@ -94,7 +97,11 @@ class Ledger : public News {
         ListName list{};
         std::string room; ///< normalised
         std::int16_t exchange = 0;
-        auto operator<=>(const ListKey&) const = default;
+        friend bool operator==(const ListKey&, const ListKey&) = default;
+        friend bool operator<(const ListKey& one, const ListKey& other) {
+            return std::tie(one.list, one.room, one.exchange) <
+                   std::tie(other.list, other.room, other.exchange);
+        }
     };
     struct HeldOption {
         CauseFact cause;

@@ -43,7 +43,7 @@ std::int64_t RowIds::Person(Connection& file, const std::string& name) {
 RowIds::Known RowIds::FindPerson(Connection& file, const std::string& key, const std::string& spelled) {
     auto& find = file.Prepare("SELECT id, spelled FROM persons WHERE key = ?");
     if (find.Bind(1, KeptText(key)).Step()) {
-        const Known found{find.Integer(0), FromUtf8(find.Text(1))};
+        Known found{find.Integer(0), FromUtf8(find.Text(1))};
         find.Reset();
         return found;
     }

@@ -151,9 +151,8 @@ void Scribe::AnswerRequest(Connection& file, const StepFact& fact, std::int64_t 
     }
     auto row = requests[act];
     if (row == 0) {
-        auto& find = file.Prepare("SELECT id FROM requests WHERE act = ? AND id > "
-                                  "(SELECT max(id) FROM requests) - ? ORDER BY id DESC LIMIT 1");
-        if (find.Bind(1, act).Bind(2, MostOpen).Step()) row = find.Integer(0);
+        auto& find = file.Prepare("SELECT id FROM requests WHERE act = ?");
+        if (find.Bind(1, act).Step()) row = find.Integer(0);
         find.Reset();
     }
     auto& answer = file.Prepare("UPDATE requests SET verdict = ?, word = ? WHERE id = ?");

@@ -29,6 +29,7 @@ class NoDesktop : public Desktop {
     void AddTrayIcon(const std::string&) override {}
     void SetTrayTip(const std::string&) override {}
     void RemoveTrayIcon() override {}
+    void Copy(const std::string&) override {}
     void Quit() override;
 };
 

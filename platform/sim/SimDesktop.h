@@ -18,6 +18,7 @@ class SimDesktop : public Desktop {
     std::vector<std::string> pages;
     /// Empty while there is no icon.
     std::string trayTip;
+    std::string copied;
     int quits = 0;
 
     bool OpenPage(const std::string& address) override { return pages.push_back(address), opens; }
@@ -25,6 +26,7 @@ class SimDesktop : public Desktop {
     void AddTrayIcon(const std::string& tip) override { trayTip = tip; }
     void SetTrayTip(const std::string& tip) override { trayTip = tip; }
     void RemoveTrayIcon() override { trayTip.clear(); }
+    void Copy(const std::string& text) override { copied = text; }
     void Quit() override { ++quits; }
 };
 

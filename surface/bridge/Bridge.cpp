@@ -27,12 +27,14 @@ bool IsSpared(const Options& options, const std::string& name) {
 Bridge::Bridge(frmMain& main)
     : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
       check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
+      ledgerWindow(main.Context()), ledgerTerms(main.Context(), file),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
-      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }), main(main) {
+      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
+      wiring(main, ledger, ledgerWindow), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -59,6 +61,13 @@ void Bridge::BindControls() {
         if (index < static_cast<int>(file.Networks().size())) chosen.Choose(row.cmbNetwork.Text());
     };
     row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
+    bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
+    bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
+    ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
+        ledger.Take(terms);
+        wiring.Reopened();
+    };
     window.management.onApplied = [this](const std::string& network) {
         if (network == chosen.OfSignOn()) Enforce(network);
     };
@@ -73,11 +82,13 @@ void Bridge::BindControls() {
 
 void Bridge::Start() {
     row.EachControl(Theme());
+    bar.lblBridge.SetColors(Theme::ButtonBack, Theme::ButtonFore); // as the entries above it
     Theme()(foot.lblFoot);
     Theme()(foot.lstTold);
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
     ledger.Take(file.Ledger());
+    wiring.Reopened();
     chosen.Follow(Options::FileUse::Read, {});
 }
 

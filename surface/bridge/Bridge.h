@@ -8,11 +8,15 @@
 #include "bridge/networks/BridgeFile.h"
 #include "bridge/networks/check/NetworkCheck.h"
 #include "bridge/networks/enforcement/Enforcement.h"
+#include "surface/bridge/BridgeBar.h"
 #include "surface/bridge/ChosenNetwork.h"
 #include "surface/bridge/FootLine.h"
-#include "surface/bridge/LedgerDesk.h"
+#include "surface/bridge/LedgerHost.h"
+#include "surface/bridge/LedgerTermsWindow.h"
+#include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
+#include "surface/bridge/ledger/LedgerWindow.h"
 
 #include <string>
 
@@ -35,12 +39,16 @@ class Bridge : private News {
     BridgeFile file;
     FootLine foot;
     NetworkRow row;
+    BridgeBar bar;
     ChosenNetwork chosen;
     NetworkCheck check;
     NetworkWindow window;
+    LedgerWindow ledgerWindow;
+    LedgerTermsWindow ledgerTerms;
     BanAnswers answers;
     Enforcement enforcement;
-    LedgerDesk ledger;
+    LedgerHost ledger;
+    LedgerWiring wiring;
 
   private:
     void BindControls();

@@ -27,8 +27,9 @@ double Part(int value, int least, int most) { return static_cast<double>(value -
 } // namespace
 
 MainWindow::MainWindow(frmMain& main, Bridge* bridge)
-    : FormWindow(main.form, [&main] { main.Form_Unload(); }), main(main), side(new SideMenu(main.slide)),
-      pages(new PageArea), rated(RatedRooms()) {
+    : FormWindow(main.form, [&main] { main.Form_Unload(); }), main(main),
+      side(new SideMenu(main.slide, bridge ? &bridge->bar.lblBridge : nullptr)), pages(new PageArea),
+      rated(RatedRooms()) {
     auto frame = main.FrameTabs.begin();
     for (auto draw : DrawPanels) pages->AddPage(draw(main), *frame++);
     auto* left = Column({Item(pages, 1), rated});
@@ -49,6 +50,9 @@ void MainWindow::AddBridge(Bridge& bridge, QBoxLayout& column) {
     auto* network = DrawNetworkRow(bridge.row);
     Put(column, {network, DrawFootLine(bridge.foot)});
     auto& panel = main.FrameTabs.front();
+    BindMenu(bridge.bar.mnuBridge, this);
+    auto* open = new QShortcut(QKeySequence(QStringLiteral("Ctrl+B")), this);
+    connect(open, &QShortcut::activated, this, [&bridge] { bridge.bar.mnuBridge.Popup(); });
     auto follow = panel.onView;
     panel.onView = [network, &panel, follow] {
         if (follow) follow();

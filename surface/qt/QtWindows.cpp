@@ -22,7 +22,11 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
     main = &bot;
     DrawnDesk() = &bot.Control().Tell();
     windows[&bot.form].drawn = std::make_unique<MainWindow>(bot, bridge);
-    if (bridge) Offer(bridge->window, DrawNetwork);
+    if (bridge) {
+        Offer(bridge->window, DrawNetwork);
+        Offer(bridge->ledgerWindow, DrawLedger);
+        Offer(bridge->ledgerTerms, DrawLedgerTerms);
+    }
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);
     Offer(bot.locksWindow, DrawLocks);

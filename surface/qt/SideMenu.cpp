@@ -9,7 +9,7 @@
 
 namespace halyard {
 
-SideMenu::SideMenu(MenuSlide& slide)
+SideMenu::SideMenu(MenuSlide& slide, Label* further)
     : bar(BindPressed(slide.lblContents, Press::Bar)), menu(BindPlace(slide.FrameContents, "Menu")) {
     bar->setParent(this);
     bar->setVisible(slide.lblContents.Visible());
@@ -19,12 +19,17 @@ SideMenu::SideMenu(MenuSlide& slide)
     auto* column = new QVBoxLayout(menu);
     column->setSpacing(10);
     QAbstractButton* last = nullptr;
+    const auto add = [column](Label& label) {
+        auto* entry = BindPressed(label, Press::Bar);
+        entry->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        column->addWidget(entry);
+        return entry;
+    };
     for (auto& label : slide.lblMenu) {
-        last = BindPressed(label, Press::Bar);
-        last->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-        column->addWidget(last);
+        last = add(label);
         if (!first) first = last;
     }
+    if (further) add(*further);
     column->addStretch();
     column->addWidget(BindPressed(slide.lblSite, Press::Link), 0, Qt::AlignHCenter);
     menu->installEventFilter(this);

@@ -2,6 +2,8 @@
 
 // The right edge of the main window: the bar with the upright words, or the menu that slides in.
 
+#include "platform/Controls.h"
+
 #include <QWidget>
 
 class QAbstractButton;
@@ -12,7 +14,8 @@ class MenuSlide;
 
 class SideMenu : public QWidget {
   public:
-    explicit SideMenu(MenuSlide& slide);
+    /// `further` stands below the entries; null for nothing.
+    explicit SideMenu(MenuSlide& slide, Label* further = nullptr);
     /// How far the menu is out, from 0 to 1; it doesn't slide in a maximised window, where an open one is all
     /// out. Returns by how many pixels the edge has become wider.
     int SlideTo(double part);

@@ -1,8 +1,8 @@
 #include "bridge/ledger/answers/AnswerTexts.h"
 
-#include "bridge/ledger/Moments.h"
-#include "bridge/ledger/Views.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Moments.h"
+#include "bridge/ledger/reading/Views.h"
+#include "bridge/ledger/reading/Visible.h"
 
 #include <algorithm>
 
@@ -68,8 +68,11 @@ std::string WhyText(Connection& connection, std::string_view person) {
 
 std::string LastText(Connection& connection, std::string_view op, int count) {
     std::string text;
-    for (const auto& act : NewestOf(connection, &Search::op, op, static_cast<std::size_t>(count)))
+    for (const auto& act : NewestOf(connection, &Search::op, op, ActsLookedAt)) {
+        if (act.kind == ActKind::Answer) continue; // to have asked is no deed
         text += ActSentence(act) + "\n";
+        if (--count == 0) break;
+    }
     if (text.empty()) return "Nothing was done on your word.";
     text.pop_back();
     return text;

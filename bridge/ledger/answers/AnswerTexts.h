@@ -3,7 +3,7 @@
 // What the answers say, out of the ledger. Run in a job of Read; names and results are UTF-8, one line an
 // act.
 
-#include "bridge/ledger/Acts.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include <string>
 #include <string_view>

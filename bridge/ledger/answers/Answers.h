@@ -4,8 +4,8 @@
 // answer, and nothing is said in a room. The bridge owns the one, as a listener of the desk's news.
 
 #include "base/News.h"
-#include "bridge/ledger/Acts.h"
 #include "bridge/ledger/answers/Asks.h"
+#include "bridge/ledger/reading/Acts.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,7 +2,7 @@
 
 // The desk as it is at one moment, copied for a plan that is made beside the loop.
 
-#include "bridge/ledger/UndoPlan.h"
+#include "bridge/ledger/reading/UndoPlan.h"
 
 namespace halyard {
 

@@ -5,7 +5,7 @@
 // off. The bridge owns the one, as a listener of the desk's news.
 
 #include "base/News.h"
-#include "bridge/ledger/UndoPlan.h"
+#include "bridge/ledger/reading/UndoPlan.h"
 #include "platform/Timer.h"
 
 #include <cstdint>

@@ -4,6 +4,7 @@
 #include "platform/qt/QuitLater.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QStyle>
 #include <QSystemTrayIcon>
@@ -59,6 +60,10 @@ void QtDesktop::SetTrayTip(const std::string& tip) {
 void QtDesktop::RemoveTrayIcon() {
     // Hidden, not destroyed: this may run inside the icon's own handler.
     if (icon) icon->hide();
+}
+
+void QtDesktop::Copy(const std::string& text) {
+    QApplication::clipboard()->setText(QString::fromStdString(ToUtf8(text)));
 }
 
 void QtDesktop::Quit() { QuitLater(); }

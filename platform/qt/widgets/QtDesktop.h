@@ -25,6 +25,7 @@ class QtDesktop : public Desktop {
     void AddTrayIcon(const std::string& tip) override;
     void SetTrayTip(const std::string& tip) override;
     void RemoveTrayIcon() override;
+    void Copy(const std::string& text) override;
     void Quit() override;
 
   private:

@@ -4,6 +4,7 @@
 // control's handlers. No rule of the bot's stands here. The widgets have no parent yet: a layout gives them
 // one. A text box, list or combo box has no caption of its own, so it is named after the caption beside it.
 
+#include "platform/Table.h"
 #include "surface/qt/bind/ByHand.h"
 #include "surface/qt/bind/Follow.h"
 
@@ -20,7 +21,9 @@ class QLineEdit;
 class QListView;
 class QMenu;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
+class QTreeView;
 
 namespace halyard {
 
@@ -53,6 +56,8 @@ QComboBox* BindCombo(ComboBox& box, const std::string& name);
 /// Opens to choose; nothing is typed in it.
 QComboBox* BindChoice(ChoiceBox& box, const std::string& name);
 QListView* BindList(ListBox& list, const std::string& name);
+QTreeView* BindTable(TableBox& table, const std::string& name);
+QProgressBar* BindGauge(Gauge& gauge, const std::string& name);
 
 /// A titled group around what the caller lays out in it.
 QGroupBox* BindGroup(Frame& frame);

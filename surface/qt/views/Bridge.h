@@ -10,11 +10,15 @@ namespace halyard {
 
 class FootLine;
 class FormWindow;
+class LedgerTermsWindow;
+class LedgerWindow;
 class NetworkRow;
 class NetworkWindow;
 
 QWidget* DrawNetworkRow(NetworkRow& row);
 QWidget* DrawFootLine(FootLine& foot);
 std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
+std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
+std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
 
 } // namespace halyard

@@ -4,9 +4,9 @@
 
 #include "base/Latin1.h"
 #include "base/Text.h"
-#include "bridge/ledger/Acts.h"
-#include "bridge/ledger/IndexWords.h"
+#include "bridge/ledger/ActWords.h"
 #include "bridge/ledger/Lookalikes.h"
+#include "bridge/ledger/reading/Acts.h"
 #include "platform/sqlite/Opening.h"
 
 #include <gtest/gtest.h>
@@ -97,19 +97,7 @@ class FilledLedger {
                 personRow, roomRow, op, rule, static_cast<std::int64_t>(list)},
                {entry});
         const auto act = File().LastRow();
-        std::string words =
-            person + " " + StripHTML(why.line) + " " + why.reason + " " + why.entry + " " + entry;
-        words = ToUtf8(words) + " " + FieldWord(WordField::Kind, static_cast<std::int64_t>(kind));
-        const auto add = [&](WordField field, std::int64_t row) {
-            if (row != 0) words += " " + FieldWord(field, row);
-        };
-        add(WordField::Person, personRow);
-        add(WordField::Room, roomRow);
-        add(WordField::Op, op);
-        add(WordField::Rule, rule);
-        for (const auto& word : WordsOf(ToUtf8(why.reason)))
-            words += " " + FieldWord(WordField::Reason, word);
-        File().Prepare("INSERT INTO words(rowid, text) VALUES(?, ?)").Bind(1, act).Bind(2, words).Step();
+        PutInWords(File(), act);
         return act;
     }
     std::int64_t Change(std::int64_t act, ListName list, ChangeOp op, const std::string& entry,

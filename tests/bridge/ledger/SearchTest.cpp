@@ -1,6 +1,7 @@
 // What people type, and what is found by it.
 
-#include "bridge/ledger/Moments.h"
+#include "bridge/ledger/IndexWords.h"
+#include "bridge/ledger/reading/Moments.h"
 #include "tests/bridge/ledger/FilledLedger.h"
 
 #include <cstdlib>
@@ -58,10 +59,7 @@ TEST(SearchTest, UnderstandsWhatPeopleType) {
         {" \t bob ", "bob"},
         {"room:lobby op:\"room boss\" rule:*sp4m* kind:LIST-ADD reason:rud* 16:9 person:bob",
          "16 9 room=lobby op=room boss person=bob rule=*sp4m* kind=list-add reason=rud~"},
-        {"\"say \"\"hi\"\"\"* r\xC3\xBC"
-         "de*",
-         "say hi~ r\xC3\xBC"
-         "de~"},
+        {"\"say \"\"hi\"\"\"* r\303\274de*", "say hi~ r\303\274de~"},
         {"ROOM:x since:2d until:90m", "room=x since-2880min until-90min"},
         {"since:2025-11-24", "since-1020min"},
         {"since:2025-11-24T14:05 until:2025-11-24T14:05:59Z", "since-175min until-114min"},
@@ -74,6 +72,7 @@ TEST(SearchTest, UnderstandsWhatPeopleType) {
         {"since:2025-02-29", "6: \"2025-02-29\" is no time"},
         {"since:2025-11-24T14", "6: \"2025-11-24T14\" is no time"},
         {"since:9999999999999999999d", "6: \"9999999999999999999d\" is no time"},
+        {"x \xC3\xBC*", "2: In front of * stand at least two letters or digits."},
         {"#12x", "0: Behind # stands the number of an act."},
         {"!?", "0: No letter or digit stands here that could be looked for."},
         {"\xE2\x80\xAE\xFF", "0: No letter or digit stands here that could be looked for."},
@@ -103,11 +102,7 @@ class FoundTest : public testing::Test {
   protected:
     FoundTest() {
         ledger.Ban("Bob", "Lobby",
-                   FilledLedger::Op("Room Boss",
-                                    "ban bob/was r\xFC"
-                                    "de, again",
-                                    "was r\xFC"
-                                    "de, again"));
+                   FilledLedger::Op("Room Boss", "ban bob/was r\374de, again", "was r\374de, again"));
         ledger.Ban("Eve", "den",
                    FilledLedger::By(RuleKind::Autoword, "*sp4m*", "<b>buy</b> SP4M-now \"cheap\""));
         middle = ledger.clock + 500;
@@ -147,6 +142,7 @@ TEST_F(FoundTest, FindsActsByWordsAndFields) {
         {"op:nobody", ""},
         {"rule:autoword", "2"},
         {"rule:SP4M", "2"},
+        {"rule:ghost", ""},
         {"rule:icq", "4"},
         {"kind:list-add", "5"},
         {"person:bob", "3 1"},
@@ -170,8 +166,7 @@ TEST_F(FoundTest, TellsCausesAndOutcomesInWords) {
     ledger.File().Execute("UPDATE acts SET code = 1 WHERE id = 6;"
                           "UPDATE persons SET key = NULL, spelled = NULL, forgotten = 1 WHERE key = 'bob'");
     const char* table[] = {
-        "Room Boss: ban bob/was r\xC3\xBC"
-        "de, again|stone 1|accepted",
+        "Room Boss: ban bob/was r\303\274de, again|stone 1|accepted",
         "autoword *sp4m*|Eve|accepted",
         "Anna: kick bob|stone 1|accepted",
         "icq|1000123|accepted",

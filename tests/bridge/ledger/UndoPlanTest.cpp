@@ -1,6 +1,6 @@
 // What taking acts back is found to mean, read as a person would see it.
 
-#include "bridge/ledger/UndoPlan.h"
+#include "bridge/ledger/reading/UndoPlan.h"
 
 #include "tests/bridge/ledger/FilledLedger.h"
 
@@ -156,7 +156,8 @@ TEST_F(UndoPlanTest, TakesBackListsAndOptionsOneAfterTheOther) {
     EXPECT_EQ(ToldOf({5, 3, 99, 3}), "[ ] #5 sets delay back to \"1\" (changed since, to \"7\")\n"
                                      "    #3 eve is on immunes again\n");
     const UndoAsk run{.what = UndoAsk::What::Run, .acts = {}, .row = ledger.run, .since = ledger.clock};
-    EXPECT_EQ(Told(Plan(run)), "[x] #10 lets bob in again in den (would be banned again by autoban b*)\n");
+    EXPECT_EQ(Told(Plan(run)), "[ ] #10 lets bob in again in den (banned before by anna (#7); would be "
+                               "banned again by autoban b*)\n");
 
     // Let in and banned again: what stands is the later ban.
     const auto unban = ledger.Act(ActKind::Unban, "bob", "den", anna("unban bob"));

@@ -1,9 +1,9 @@
 // The ledger seen from a person, an op and a rule, and its acts as text for other programs.
 
-#include "bridge/ledger/Views.h"
+#include "bridge/ledger/reading/Views.h"
 
-#include "bridge/ledger/Export.h"
-#include "bridge/ledger/Visible.h"
+#include "bridge/ledger/reading/Export.h"
+#include "bridge/ledger/reading/Visible.h"
 #include "tests/bridge/ledger/FilledLedger.h"
 
 #include <nlohmann/json.hpp>
@@ -30,7 +30,7 @@ TEST(ViewsTest, FoldsOnWhichListsSomebodyStands) {
     ledger.Enter(ListName::Autobans, "bob", L::Hand("lstABs"));
     const auto bob = ledger.Person("Bob");
     const auto stands = [&] { return Told(StandsOn(ledger.File(), "bob", bob)); };
-    EXPECT_EQ(stands(), "ops  #0?\nautobans  #3\neject list den #1\neject list lobby #2\n");
+    EXPECT_EQ(stands(), "ops  #0?\nautobans  #3\neject list lobby #2\neject list den #1\n");
     EXPECT_EQ(Told(StandsOn(ledger.File(), "bob", 0)), "ops  #0?\nautobans  #3\n");
 
     // Let in again in one room, and the other room's list is emptied.
