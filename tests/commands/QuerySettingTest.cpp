@@ -22,8 +22,7 @@ TEST_F(QuerySettingTest, Info) {
     Answers("Judge", "gban a,b.c");
     options.Autobans.Add("b*");
     options.Autowords.Add("b.c");
-    for (auto* list : {&options.Ops, &options.Immunes, &options.LockOps, &options.LockImms})
-        list->Add("b.c");
+    for (auto* list : {&options.Ops, &options.Immunes, &options.LockOps, &options.LockImms}) list->Add("b.c");
     options.LockBans.Add("b.c");
     Judge("info b.c -> 50 b . c=Banned, Oped, Imm, AWed, Lock Oped, Lock Immed, Lock Banned");
     options.Autobans.Add("a,b.c");

@@ -21,7 +21,8 @@ TEST_F(RateState, BanningComesBackAfterTheLimit) {
     EXPECT_EQ(room.BanQueue.Count(), 1U) << "waits, bob is gone";
     EXPECT_TRUE(room.IsRated(1));
     EXPECT_FALSE(room.tmrBan->Enabled());
-    Heard(300, "0 rated 0 The Lobby; 0 rate drops ban:3:7:bob:; 0 « Rated! --- Rate Class ID: 1, Features disabled: Banning, Unbanning, "
+    Heard(300, "0 rated 0 The Lobby; 0 rate drops ban:3:7:bob:; 0 « Rated! --- Rate Class ID: 1, Features "
+               "disabled: Banning, Unbanning, "
                "Chat Closing -- Time disabled: 1 minutes »; 60 « 1 minutes has passed, features re-enabled: "
                "Banning, Unbanning, Chat Closing »; 60 unrated 0 thelobby 3");
     EXPECT_FALSE(room.IsRated(1));

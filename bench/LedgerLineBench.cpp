@@ -1,0 +1,60 @@
+// What the ledger costs the line that is no command and meets no word: without one, with one that remembers
+// no lines, with one that does, and without one but 30 ns dearer, which has to be seen. script/bench-line
+// runs them by turns.
+
+#ifdef HALYARD_SQLITE
+
+#include "bench/FedRoom.h"
+#include "platform/sqlite/InlineDatabase.h"
+#include "surface/bridge/Bridge.h"
+
+#include <chrono>
+
+namespace halyard {
+
+namespace {
+
+enum Case : std::int64_t { Off, On, WithEvidence, Planted };
+
+class NoFile : public InlineDatabase {
+  public:
+    void Open(const DatabaseSpec& spec, Opened done) override {
+        auto inMemory = spec;
+        inMemory.path.clear();
+        InlineDatabase::Open(inMemory, std::move(done));
+    }
+};
+
+/// How often a loop runs that takes 30 ns.
+int TurnsOf30Nanoseconds() {
+    constexpr int many = 10'000'000;
+    const auto begin = std::chrono::steady_clock::now();
+    for (int turn = 0; turn < many; ++turn) benchmark::DoNotOptimize(turn);
+    const std::chrono::duration<double, std::nano> took = std::chrono::steady_clock::now() - begin;
+    return static_cast<int>(30 / (took.count() / many));
+}
+
+void LineWithLedger(benchmark::State& state) {
+    const auto which = static_cast<Case>(state.range(0));
+    FedRoom room;
+    Bridge bridge(room.window);
+    if (which == On || which == WithEvidence) {
+        room.platform.databases = [] { return std::make_unique<NoFile>(); };
+        LedgerTerms terms;
+        terms.evidence = which == WithEvidence;
+        bridge.ledger.Take(terms);
+    }
+    const int planted = which == Planted ? TurnsOf30Nanoseconds() : 0;
+    const auto frame = LineFrame();
+    for (auto _ : state) {
+        room.socket->Feed(frame);
+        for (int turn = 0; turn < planted; ++turn) benchmark::DoNotOptimize(turn);
+    }
+}
+BENCHMARK(LineWithLedger)->Arg(Off)->Arg(On)->Arg(WithEvidence)->Arg(Planted);
+
+} // namespace
+
+} // namespace halyard
+
+#endif
