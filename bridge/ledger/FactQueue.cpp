@@ -58,7 +58,9 @@ void FactQueue::Opened(OpenOutcome outcome, const std::string& words) {
         Begin();
         return;
     }
-    if (outcome == OpenOutcome::Failed) return Failed({DatabaseFault::NotWritable, words});
+    // Neither need stay so.
+    if (outcome == OpenOutcome::Failed || outcome == OpenOutcome::Locked)
+        return Failed({DatabaseFault::NotWritable, words});
     state = State::Refused;
     batches.clear();
     count = 0;

@@ -107,6 +107,8 @@ void ActWatch::LookAtRequests(Connection& file, bool lost) {
     rows.Bind(1, request);
     while (rows.Step()) {
         request = rows.Integer(0);
+        if (!rows.IsNull(1) && !asked.insert(rows.Integer(1)).second)
+            Find("its act had been asked for already, request ", request);
         const auto found = std::find_if(sent.begin(), sent.end(), [&](const Request& each) {
             return each.wire == rows.Integer(2) && KeptText(each.room) == rows.Text(3);
         });

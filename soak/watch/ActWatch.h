@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace halyard {
 
@@ -48,6 +49,7 @@ class ActWatch {
     };
     std::deque<Request> sent;
     std::deque<Text> heard;
+    std::unordered_set<std::int64_t> asked;                   ///< acts
     std::int64_t act = 0, cause = 0, request = 0, change = 0; ///< the newest that were looked at
     std::int64_t doubtfulAct = 0, doubtfulCause = 0;          ///< a gap may have taken what belongs to these
 };

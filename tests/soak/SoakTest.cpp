@@ -34,6 +34,15 @@ TEST(Soak, HoldsAtEveryLevelOfFaults) {
                        level + management));
 }
 
+TEST(Soak, TheLedgerSaysWhatHappenedAndChangesNothing) {
+    for (const char* words : {"--people 36 --seed 300 --faults 0", "--people 36 --seed 307 --faults 7"}) {
+        SoakRun without(Plan(words)), with(Plan(std::string(words) + " --ledger"));
+        EXPECT_TRUE(with.Run()) << with.Violation() << "\n" << words;
+        without.Run();
+        EXPECT_EQ(with.Digest(), without.Digest());
+    }
+}
+
 // A room that opens while another is asked for bears that one's name for a moment. Its bans once went to the
 // other's list.
 TEST(Soak, BansOfARoomThatOpenedUnderAnotherNameAreOnItsOwnList) {
@@ -107,7 +116,8 @@ TEST(Soak, TheCommandLineIsReadAndWrittenBack) {
     EXPECT_EQ(ReplayLine(*plan), "halyard-soak " + words);
     for (const char* wrong : {"", "--seed 1", "--seed 1 --days", "--seed 1 --days 0", "--seed x --days 1",
                               "--seed 1 --days 1 --faults 10", "--seed 1 --days 1 --what 1", "--days 1",
-                              "--seed 1 --days 1 --network x", "--seed 1 --days 1 --management"})
+                              "--seed 1 --days 1 --network x", "--seed 1 --days 1 --management",
+                              "--ledger --seed 1 --days 1 --network open-server --management"})
         EXPECT_FALSE(ReadPlan(Split(wrong, " "))) << wrong;
 }
 

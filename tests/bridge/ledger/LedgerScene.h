@@ -18,7 +18,12 @@ namespace halyard {
 /// A database that can't be written for a while.
 class ShakyDatabase : public InlineDatabase {
   public:
-    explicit ShakyDatabase(DatabaseFault& fault) : fault(fault) {}
+    ShakyDatabase(DatabaseFault& fault, const std::string& vfs) : fault(fault), vfs(vfs) {}
+    void Open(const DatabaseSpec& spec, Opened done) override {
+        auto own = spec;
+        own.vfs = vfs;
+        InlineDatabase::Open(own, std::move(done));
+    }
     void Write(Job job, Done done) override {
         if (fault == DatabaseFault::None) return InlineDatabase::Write(std::move(job), std::move(done));
         done({fault, "The disk says no."});
@@ -26,13 +31,14 @@ class ShakyDatabase : public InlineDatabase {
 
   private:
     DatabaseFault& fault;
+    const std::string vfs;
 };
 
 struct LedgerScene : EventLog {
-    explicit LedgerScene(const std::string& path = {}) : path(path) {
+    explicit LedgerScene(const std::string& path = {}, const std::string& vfs = {}) : path(path) {
         options.StartUp();
         for (auto* list : options.Lists()) list->Tell(control.Tell());
-        machine.databases = [this] { return std::make_unique<ShakyDatabase>(fault); };
+        machine.databases = [this, vfs] { return std::make_unique<ShakyDatabase>(fault, vfs); };
         Begin();
     }
     /// A run of the bot.
