@@ -55,13 +55,13 @@ inline std::string LineFrame() {
     while (text.size() < 300) text += "the harbour lay quiet under a pale moon ";
     text.resize(300);
     return FlapFrame(HexToStr("000E0006000000000000"
-                          "0000000000000000"
-                          "0003") +
-                 MakeTLV("0003", 2, MakeTLV("", 1, "Some Guest") + HexToStr("00000000")) +
-                 MakeTLV("0001", 2, "") +
-                 MakeTLV("0005", 2,
-                         MakeTLV("0002", 2, "us-ascii") + MakeTLV("0003", 2, "en") +
-                             MakeTLV("0001", 2, "<HTML><BODY>" + text + "</BODY></HTML>")));
+                              "0000000000000000"
+                              "0003") +
+                     MakeTLV("0003", 2, MakeTLV("", 1, "Some Guest") + HexToStr("00000000")) +
+                     MakeTLV("0001", 2, "") +
+                     MakeTLV("0005", 2,
+                             MakeTLV("0002", 2, "us-ascii") + MakeTLV("0003", 2, "en") +
+                                 MakeTLV("0001", 2, "<HTML><BODY>" + text + "</BODY></HTML>")));
 }
 
 /// The bot in a room on the second of its sockets, past the first seconds.
@@ -76,14 +76,15 @@ struct FedRoom {
         auto& control = window.Control();
         control.Settings.LoginMD5 = false;
         control.Login("Bot", "pw", 5190, false, false, "127.0.0.1");
-        platform.sockets[0]->Feed(FlapFrame(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "c"), 4));
+        platform.sockets[0]->Feed(
+            FlapFrame(MakeTLV("0005", 2, "127.0.0.1:5190") + MakeTLV("0006", 2, "c"), 4));
         platform.sockets[0]->Feed(FlapFrame(HexToStr("00090003000000000000")));
         platform.sockets[0]->Feed(FlapFrame(HexToStr("00010005000000000000000D0002000E")));
         socket = platform.sockets[1];
         socket->Feed(FlapFrame(HexToStr("00010007000000000000")));
         world.RunFor(3000);
-        socket->Feed(
-            FlapFrame(HexToStr("000E0003000000000000") + MakeTLV("", 1, "Some Guest") + HexToStr("00000000")));
+        socket->Feed(FlapFrame(HexToStr("000E0003000000000000") + MakeTLV("", 1, "Some Guest") +
+                               HexToStr("00000000")));
     }
     void FillLists(int words) {
         auto& options = window.options;

@@ -67,7 +67,7 @@ struct Packed {
 
 /// A place in a table of 2,048, equal for all spellings of a name. Letters count by their low half, in which
 /// capitals and small letters of Windows-1252 are alike.
-std::size_t PlaceOf(std::string_view name) {
+std::size_t PlaceOfName(std::string_view name) {
     constexpr auto Low = EveryByte * 0x0F;
     const Packed packed(name);
     const auto mixed =
@@ -95,7 +95,7 @@ void LastLines::Add(std::int64_t at, std::int16_t room, std::string_view name, s
     const auto size = (sizeof(Head) + name.size() + line.size() + 7) & ~std::size_t{7};
     // A line stands in one piece.
     if (const auto rest = Bytes - end % Bytes; rest < size) end += rest;
-    auto& slot = last[PlaceOf(name)];
+    auto& slot = last[PlaceOfName(name)];
     const Head head{slot, at, room, static_cast<std::uint16_t>(name.size()),
                     static_cast<std::uint16_t>(line.size())};
     char* place = ring.get() + end % Bytes;
@@ -112,7 +112,7 @@ std::vector<LastLines::Line> LastLines::Of(std::string_view name, std::int64_t s
     std::vector<Line> lines;
     name = name.substr(0, LongestName);
     if (name.empty() || !ring) return lines;
-    for (auto next = last[PlaceOf(name)]; next != 0 && lines.size() < count;) {
+    for (auto next = last[PlaceOfName(name)]; next != 0 && lines.size() < count;) {
         const auto begin = next - 1;
         if (begin + Bytes < end) break; // written over
         const char* place = ring.get() + begin % Bytes;

@@ -1,8 +1,8 @@
 #include "bridge/ledger/Scribe.h"
 
 #include "bridge/ledger/ActWords.h"
-#include "bridge/ledger/Contents.h"
 #include "bridge/ledger/Texts.h"
+#include "bridge/ledger/keeping/Contents.h"
 
 #include <variant>
 

@@ -1,7 +1,7 @@
 #include "programs/ctl/Ledger.h"
 
 #include "base/Latin1.h"
-#include "bridge/ledger/Verify.h"
+#include "bridge/ledger/keeping/Verify.h"
 #include "bridge/ledger/reading/Export.h"
 #include "bridge/ledger/reading/Moments.h"
 #include "bridge/ledger/reading/Views.h"

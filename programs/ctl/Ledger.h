@@ -3,7 +3,7 @@
 // "halyardctl ledger": the commands on a ledger's file. It is opened to be read, beside a running bot too;
 // only prune writes.
 
-#include "bridge/ledger/Keeping.h"
+#include "bridge/ledger/keeping/Keeping.h"
 #include "programs/ctl/ExitStatus.h"
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "bridge/ledger/DeskLists.h"
 #include "bridge/ledger/Texts.h"
-#include "bridge/ledger/Verify.h"
+#include "bridge/ledger/keeping/Verify.h"
 #include "oscar/TillerSock.h"
 #include "soak/Plan.h"
 #include "soak/TapDatabase.h"

@@ -4,7 +4,7 @@
 // at the desk, and of every act its cause and its request. Where the network has faults, the disk has them
 // too, drawn from a source of chance of its own. The invariants own the one.
 
-#include "bridge/ledger/ListFold.h"
+#include "bridge/ledger/keeping/ListFold.h"
 #include "platform/sim/SimRandom.h"
 #include "soak/watch/ActWatch.h"
 

@@ -3,11 +3,11 @@
 // The ledger at this desk, and all that works on it: who is answered from it, and what is taken back by it.
 // With the ledger switched off, or open in another window, there is none of them. The bridge owns the one.
 
-#include "bridge/ledger/Keeper.h"
 #include "bridge/ledger/Ledger.h"
 #include "bridge/ledger/answers/Answers.h"
 #include "bridge/ledger/answers/Appeals.h"
 #include "bridge/ledger/answers/PacedMessages.h"
+#include "bridge/ledger/keeping/Keeper.h"
 #include "bridge/ledger/undo/UndoRun.h"
 #include "platform/Files.h"
 #include "surface/bridge/DeskDoors.h"

@@ -1,7 +1,7 @@
 // The ledger's file over time: what verifying finds, what waits and what is lost, what is pruned and
 // forgotten.
 
-#include "bridge/ledger/Keeper.h"
+#include "bridge/ledger/keeping/Keeper.h"
 #include "tests/bridge/ledger/LedgerScene.h"
 
 namespace halyard {

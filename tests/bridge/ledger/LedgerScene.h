@@ -3,9 +3,9 @@
 // The ledger over an option model and a control that isn't signed on: what the desk would tell is told by the
 // test. Its file is in memory, or in a folder where it outlives the ledger.
 
-#include "bridge/ledger/Keeping.h"
 #include "bridge/ledger/Ledger.h"
-#include "bridge/ledger/Verify.h"
+#include "bridge/ledger/keeping/Keeping.h"
+#include "bridge/ledger/keeping/Verify.h"
 #include "platform/Hand.h"
 #include "platform/sqlite/InlineDatabase.h"
 #include "tests/platform_sqlite/TestFolder.h"

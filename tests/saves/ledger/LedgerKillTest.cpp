@@ -3,7 +3,7 @@
 // HALYARD_KILLS says how often, where that is not enough.
 
 #include "bridge/ledger/Ledger.h"
-#include "bridge/ledger/Verify.h"
+#include "bridge/ledger/keeping/Verify.h"
 #include "platform/qt/QtPlatform.h"
 #include "platform/sqlite/InlineDatabase.h"
 #include "platform/sqlite/SqliteDatabase.h"

@@ -1,6 +1,6 @@
-#include "bridge/ledger/Verify.h"
+#include "bridge/ledger/keeping/Verify.h"
 
-#include "bridge/ledger/ListFold.h"
+#include "bridge/ledger/keeping/ListFold.h"
 
 namespace halyard {
 

@@ -1,8 +1,8 @@
-#include "bridge/ledger/Keeping.h"
+#include "bridge/ledger/keeping/Keeping.h"
 
 #include "bridge/ledger/ActWords.h"
-#include "bridge/ledger/Contents.h"
-#include "bridge/ledger/ListFold.h"
+#include "bridge/ledger/keeping/Contents.h"
+#include "bridge/ledger/keeping/ListFold.h"
 
 #include <algorithm>
 #include <vector>

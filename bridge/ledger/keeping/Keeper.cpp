@@ -1,4 +1,4 @@
-#include "bridge/ledger/Keeper.h"
+#include "bridge/ledger/keeping/Keeper.h"
 
 #include "bridge/ledger/Ledger.h"
 #include "platform/Platform.h"

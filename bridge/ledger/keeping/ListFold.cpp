@@ -1,4 +1,4 @@
-#include "bridge/ledger/ListFold.h"
+#include "bridge/ledger/keeping/ListFold.h"
 
 #include "base/Text.h"
 #include "bridge/ledger/Schema.h"

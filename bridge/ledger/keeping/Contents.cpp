@@ -1,4 +1,4 @@
-#include "bridge/ledger/Contents.h"
+#include "bridge/ledger/keeping/Contents.h"
 
 #include "bridge/ledger/RowIds.h"
 #include "platform/Md5.h"

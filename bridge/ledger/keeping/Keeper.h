@@ -3,7 +3,7 @@
 // Keeping while the bot runs: prunes once a day in small steps, forgets persons, copies the file. All of it
 // on the writer, with pauses between the steps. The bridge owns the one, beside the ledger.
 
-#include "bridge/ledger/Keeping.h"
+#include "bridge/ledger/keeping/Keeping.h"
 
 #include <cstdint>
 #include <deque>
