@@ -28,7 +28,12 @@ constexpr std::int64_t Pause = 15'000;            // ms from act to act: half a 
 constexpr std::int64_t End = Begin + Acts * Pause;
 constexpr std::int64_t LargestLog = 4 << 20; // as the bot has it
 constexpr std::size_t BatchFacts = 500;
-const std::string Path = HALYARD_BENCH_FOLDER "/ledger-million.db";
+#ifdef HALYARD_BENCH_FOLDER
+constexpr const char* BenchFolder = HALYARD_BENCH_FOLDER;
+#else
+constexpr const char* BenchFolder = "."; // where a file is only looked at
+#endif
+const std::string Path = BenchFolder + std::string("/ledger-million.db");
 
 /// What is said, and by whom; the same in each run.
 class Maker {

@@ -3,6 +3,7 @@
 #include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "surface/qt/MainWindow.h"
+#include "surface/qt/bind/ByHand.h"
 #include "surface/qt/views/Bridge.h"
 #include "surface/qt/views/Windows.h"
 

@@ -54,8 +54,8 @@ TEST(Ledger, IsFoundOutWhereARowWasTamperedWith) {
             continue;
         }
         ASSERT_FALSE(findings.empty());
-        EXPECT_TRUE(std::any_of(findings.begin(), findings.end(), [&](const auto& words) {
-            return words.find(found) != words.npos;
+        EXPECT_TRUE(std::any_of(findings.begin(), findings.end(), [wanted = found](const auto& words) {
+            return words.find(wanted) != words.npos;
         })) << findings[0];
     }
 }
