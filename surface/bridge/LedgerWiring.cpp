@@ -74,7 +74,7 @@ void LedgerWiring::WithName(std::int64_t person, std::function<void(const std::s
 
 void LedgerWiring::FillReading() {
     auto& hooks = window.hooks;
-    hooks.addNote = [this](std::int64_t person, const std::string& text, LedgerHooks::Told told) {
+    hooks.addNote = [this](std::int64_t person, const std::string& text, const LedgerHooks::Told& told) {
         WithName(person, [this, text, told](const std::string& name) {
             auto* parts = desk.Open();
             if (!parts || name.empty()) return told(parts ? "This person is forgotten." : NoLedger);
@@ -83,7 +83,7 @@ void LedgerWiring::FillReading() {
             told(number == 0 ? NoLedger : "Noted, #" + std::to_string(number) + ".");
         });
     };
-    hooks.forget = [this](std::int64_t person, LedgerHooks::Told told) {
+    hooks.forget = [this](std::int64_t person, const LedgerHooks::Told& told) {
         WithName(person, [this, told](const std::string& name) {
             auto* parts = desk.Open();
             if (!parts || name.empty()) return told(parts ? "This person is forgotten." : NoLedger);
@@ -95,7 +95,7 @@ void LedgerWiring::FillReading() {
             });
         });
     };
-    hooks.backUp = [this](const std::string& path, LedgerHooks::Told told) {
+    hooks.backUp = [this](const std::string& path, const LedgerHooks::Told& told) {
         auto* parts = desk.Open();
         if (!parts) return told(NoLedger);
         parts->keeper.BackUp(path, [told, path](const std::string& failure) {
