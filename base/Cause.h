@@ -13,6 +13,7 @@ namespace halyard {
 class CauseScope;
 class News;
 
+// The numbers of the next two stand in files: new ones come behind the last.
 enum class CauseKind {
     Unknown,  ///< no scope was open
     OpLine,   ///< an op's command in a room

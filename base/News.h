@@ -19,12 +19,13 @@ enum class BanRequestKind { Ban, Unban };
 /// What became of a request to ban, to let in again or to close a room.
 enum class BanVerdict { Accepted, Refused, NotEnforced };
 
+// The numbers of the next two stand in files: new ones come behind the last.
 /// Why a request to ban never reached the service.
 enum class DropReason {
-    NoRoom,  ///< the room isn't open
-    Rated,   ///< the room's rate class 1 is limited
-    Cleared, ///< the operator emptied the queue
-    Locked,  ///< an entry of the locked bans holds who was to be let in again
+    NoRoom = 1, ///< the room isn't open
+    Rated,      ///< the room's rate class 1 is limited
+    Cleared,    ///< the operator emptied the queue
+    Locked,     ///< an entry of the locked bans holds who was to be let in again
 };
 
 /// The desk's lists of names and words.

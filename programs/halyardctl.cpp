@@ -8,7 +8,6 @@
 #include <chrono>
 #include <cstdio>
 #include <exception>
-#include <optional>
 #include <string>
 
 namespace {
@@ -76,35 +75,33 @@ void AddLedger(CLI::App& app, LedgerCall& call, std::string& file) {
     name(add("backup", Command::BackUp, "One whole file, while the bot runs"), "PATH", true);
 }
 
-/// Takes the words of the call. The exit status when the program ends here: with help, or a mistake.
-std::optional<int> ReadWords(int count, char** words, LedgerCall& call, std::string& file) {
-    try {
-        CLI::App app("Asks Halyard, and what it remembers.", "halyardctl");
-        try {
-            app.require_subcommand(1);
-            AddLedger(app, call, file);
-            app.parse(count, words);
-            return std::nullopt;
-        } catch (const CLI::ParseError& end) {
-            // Help ends the reading of arguments as a mistake does.
-            return app.exit(end) == 0 ? 0 : static_cast<int>(ExitStatus::Misuse);
-        }
-    } catch (const std::exception& wrong) {
-        std::fprintf(stderr, "halyardctl: %s\n", wrong.what());
-        return static_cast<int>(ExitStatus::Misuse);
-    }
-}
-
-} // namespace
-
-int main(int count, char** words) {
+int Run(int count, char** words) {
     LedgerCall call;
     std::string file;
-    if (const auto status = ReadWords(count, words, call, file)) return *status;
+    CLI::App app("Asks Halyard, and what it remembers.", "halyardctl");
+    app.require_subcommand(1);
+    AddLedger(app, call, file);
+    try {
+        app.parse(count, words);
+    } catch (const CLI::ParseError& end) {
+        // Help ends the reading of arguments as a mistake does.
+        return app.exit(end) == 0 ? 0 : static_cast<int>(ExitStatus::Misuse);
+    }
     PosixFiles files;
     const auto folder = files.BridgeFolder();
     call.file = !file.empty() ? FromUtf8(file) : folder.empty() ? std::string() : folder + "/ledger.db";
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     call.now = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
     return static_cast<int>(RunLedger(call));
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    try {
+        return Run(count, words);
+    } catch (const std::exception& wrong) { // of the libraries for arguments and JSON
+        std::fprintf(stderr, "halyardctl: %s\n", wrong.what());
+        return static_cast<int>(ExitStatus::InOut);
+    }
 }

@@ -36,7 +36,7 @@ struct Hearer : News {
                     DropReason why) override {
         const char* const reasons[] = {"no room", "rated", "cleared", "locked"};
         Note("drop " + std::string(WordOf(kind)) + " " + std::to_string(id) + " " + name + ": " +
-             reasons[static_cast<int>(why)]);
+             reasons[static_cast<int>(why) - 1]);
     }
     void ListAdded(const ListId& list, const std::string& entry) override {
         Note("+" + std::to_string(static_cast<int>(list.list)) + std::string(list.room) + " " + entry);
