@@ -185,5 +185,44 @@ TEST_F(TakenBack, WhoIsOutIsHeardOnceADay) {
     EXPECT_EQ(Asked("ben", "please"), Lines{});
 }
 
+TEST_F(TakenBack, SettingsHoldAtOnceAndAreKept) {
+    auto& terms = bridge.ledgerTerms;
+    const auto apply = [&] {
+        terms.cmdApply.Press();
+        return terms.lblApplied.Caption();
+    };
+    terms.Show();
+    EXPECT_EQ(terms.txtTextDays.Text(), "180");
+    terms.txtActDays.SetText("36501");
+    EXPECT_EQ(apply(), "Not applied: days are whole numbers from 0 to 36500.");
+    terms.txtActDays.SetText("400");
+    terms.chkAppeals.SetValue(1);
+    terms.txtWhomToAsk.SetText("ask \"Ann\"");
+    Type(terms.txtNoAppeal, "Ben Ny");
+    Type(terms.txtNoAppeal, "benny");
+    EXPECT_EQ(apply(), "Applied.");
+    auto& parts = *bridge.ledger.Open();
+    EXPECT_EQ(parts.keeper.days.acts, 400);
+    EXPECT_EQ(parts.appeals.terms.noAppealOf, Lines{"benny"});
+    BridgeFile file(machine.disk);
+    file.Load();
+    EXPECT_EQ(file.Problems(), Lines{});
+    EXPECT_EQ(file.Ledger(), parts.appeals.terms);
+    EXPECT_EQ(file.Ledger().whomToAsk, "ask \"Ann\"");
+
+    terms.chkKeep.SetValue(0);
+    EXPECT_EQ(apply(), "Applied.");
+    EXPECT_EQ(bridge.ledger.Open(), nullptr);
+    EXPECT_EQ(control.Tell().lines, nullptr);
+    const auto other = machine.disk.Hold("/bridge/halyard.lock", "somebody");
+    terms.chkKeep.SetValue(1);
+    apply();
+    EXPECT_EQ(bridge.ledger.Open(), nullptr);
+    EXPECT_EQ(bridge.foot.lblFoot.Caption(),
+              "No ledger is kept here: another window has /bridge, or it can't be written.");
+    Say("roomboss", "aw day/no weather"); // the desk goes on
+    EXPECT_EQ(window.options.Autowords.Count(), 1U);
+}
+
 } // namespace
 } // namespace halyard
