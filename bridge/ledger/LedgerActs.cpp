@@ -152,7 +152,7 @@ void Ledger::BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const 
                         DropReason why) {
     StillWaits();
     // A reason counts from 1, since 0 is none.
-    const int code = static_cast<int>(why) + 1;
+    const int code = static_cast<int>(why);
     if (id != 0) {
         const auto* request = requests.Find(id);
         if (!request || request->answered) return;

@@ -171,7 +171,7 @@ TEST_F(FoundTest, TellsCausesAndOutcomesInWords) {
         "Anna: kick bob|stone 1|accepted",
         "icq|1000123|accepted",
         "operator's hand on lstAWs||done",
-        "Anna by IM: den:ban eve|Eve|dropped: the room was rate-limited",
+        "Anna by IM: den:ban eve|Eve|dropped: the room wasn't open",
     };
     for (std::int64_t number = 1; number <= 6; ++number) {
         const auto act = ReadAct(ledger.File(), number);
