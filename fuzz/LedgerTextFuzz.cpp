@@ -1,11 +1,14 @@
 // Texts of any bytes for the ledger: as the line of an act, which its words must find again; as a search
-// typed into the window; as arguments from a shell; as what a table or a terminal is shown.
+// typed into the window; as arguments from a shell; as what a table or a terminal is shown; as an op's
+// instant message.
 
 #include "base/Latin1.h"
 #include "base/Text.h"
 #include "bridge/ledger/ActWords.h"
 #include "bridge/ledger/IndexWords.h"
 #include "bridge/ledger/Texts.h"
+#include "bridge/ledger/answers/AnswerTexts.h"
+#include "bridge/ledger/answers/Asks.h"
 #include "bridge/ledger/reading/Export.h"
 #include "bridge/ledger/reading/Views.h"
 #include "bridge/ledger/reading/Visible.h"
@@ -75,6 +78,31 @@ void Show(const std::string& text) {
     fuzz::Require(!JsonLine(text).empty());
 }
 
+/// A message is no question, or one within its bounds that the ledger can answer.
+std::optional<Ask> AskBridge(const std::string& message) {
+    auto ask = ReadAsk(message);
+    if (!ask) return ask;
+    const bool isNote = ask->what == Ask::What::Note;
+    fuzz::Require(isNote ? !ask->text.empty() && ask->text.size() <= 1000 : ask->text.empty());
+    fuzz::Require(!(isNote || ask->what == Ask::What::Why) || !NormalizeName(ask->name).empty());
+    fuzz::Require(ask->name.size() <= 100 && ask->act >= 0 && (ask->act == 0 || ask->name.empty()));
+    fuzz::Require(ask->count >= 1 && ask->count <= Ask::MostActs);
+    const auto name = ToUtf8(ask->name);
+    fuzz::Require(!WhyText(File(), name).empty() && !LastText(File(), name, ask->count).empty());
+    LastToUndo(File(), name, name);
+    ReadAct(File(), ask->act);
+    return ask;
+}
+
+void AskInWords(const std::string& text) {
+    AskBridge(text);
+    for (const char* word : {"why ", "last ", "undo "}) AskBridge(word + text);
+    // Whatever an op writes behind a name is noted, from its beginning.
+    const auto written = Trim(StripHTML(text));
+    const auto note = AskBridge("Note \"room boss\" " + text);
+    fuzz::Require(note ? note->name == "room boss" && note->text == Left(written, 1000) : written.empty());
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -86,6 +114,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Found(FieldText("room", text) + " " + FieldText("rule", text) + " " + FieldText("person", text));
     FindPerson(File(), text);
     ReadRules(File(), text);
+    AskInWords(text);
     fuzz::Require(!File().Failed());
     return 0;
 }

@@ -115,6 +115,11 @@ TEST_F(BridgeFileTest, TellsEveryMistakeWithItsPlace) {
     for (const std::string wrong : {"'\"\"\xC3\xBC', 1:2", "\"\",'..',\xC3\xBC", "1,      \x7F"})
         EXPECT_EQ(Load(sound + "hosts=[" + wrong),
                   "line 4, column 16: this character may only stand in quotes\n");
+    // The library reads a number on to its end, through the quotation mark.
+    for (const std::string wrong : {"x=19_\"", "x={a=[\n1.'", "x= +=\"", "x=[0,1[\"", "x={a=1},x=2\""})
+        EXPECT_TRUE(Load(sound + wrong + "\xC6\xA7").ends_with(": a number may have no quotation mark\n"));
+    for (const std::string right : {"1=\"\"", "x={a=[1,\n2],1=''}\n2=''", "[1.\"\"]"})
+        EXPECT_EQ(Load(sound + right).find("quotation"), std::string::npos) << right;
     EXPECT_EQ(Load(sound + "x=''''"), "line 4, column 3: a text may have but one line\n");
     EXPECT_EQ(Load("[\n[]"), "line 1, column 2: Error while parsing key: expected bare key starting "
                              "character or string delimiter, saw '\\n'\n");
