@@ -151,7 +151,6 @@ void Ledger::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const s
 void Ledger::BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
                         DropReason why) {
     StillWaits();
-    // A reason counts from 1, since 0 is none.
     const int code = static_cast<int>(why);
     if (id != 0) {
         const auto* request = requests.Find(id);
