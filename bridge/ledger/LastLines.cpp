@@ -52,7 +52,10 @@ struct Packed {
             name = {longer.data(), count};
         }
         low = Word(name.data(), name.size());
-        high = name.size() > 8 ? Word(name.data() + 8, name.size() - 8) : 0;
+        // What stands behind the first eight, by one look at the last eight.
+        high = name.size() > 8
+                   ? Load<std::uint64_t>(name.data() + name.size() - 8) >> (8 * (16 - name.size()))
+                   : 0;
         while (const auto blank = FirstBlank(low)) {
             const auto before = (blank >> 7) - 1;
             low = (low & before) | ((low >> 8) & ~before) | high << 56;
