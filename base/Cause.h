@@ -27,6 +27,7 @@ enum class CauseKind {
     Service,  ///< what came from the service otherwise
     Undo,     ///< the operator takes acts back
     Answer,   ///< the bridge answers an instant message
+    Guard,    ///< a guard; the entry is its name
 };
 
 /// Which of the desk's own rules a cause of kind Rule is.
@@ -50,6 +51,7 @@ struct Telling {
     News* frames = nullptr;      ///< hears News::Frame
     News* lines = nullptr;       ///< hears News::LineHeard
     CauseScope* cause = nullptr; ///< the innermost that is open
+    std::int64_t lineNumber = 0; ///< the number given out last to a waiting line
 };
 
 /// Lives on the stack.

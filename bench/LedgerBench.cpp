@@ -112,7 +112,7 @@ struct BanningOp {
                                             .who = "Room Boss",
                                             .line = line,
                                             .reason = "was rude and told so twice this evening"});
-            time([&] { ledger->BanWanted(2, id, BanKind::Ban, name); });
+            time([&] { ledger->BanWanted(2, id, BanKind::Ban, name, ""); });
             time([&] { ledger->BanAsked(2, id, BanRequestKind::Ban, name); });
             time([&] { ledger->CauseEnded(said); });
         }

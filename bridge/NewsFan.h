@@ -55,12 +55,53 @@ class NewsFan : public News {
     void RateTold(std::int16_t room, int code, int classId) override {
         Pass(&News::RateTold, room, code, classId);
     }
-    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) override {
-        Pass(&News::BanWanted, room, id, kind, name);
+    void ConnectionsReset() override { Pass(&News::ConnectionsReset); }
+    void SignOnBegun(const std::string& name) override { Pass(&News::SignOnBegun, name); }
+    void ComebackPlanned(int milliseconds) override { Pass(&News::ComebackPlanned, milliseconds); }
+    void RoomsAwaited(const Collection<std::string>& entries) override { Pass(&News::RoomsAwaited, entries); }
+    void SocketTagged(int socket, const std::string& tag) override { Pass(&News::SocketTagged, socket, tag); }
+    void RoomAsked(const std::string& name, std::int16_t exchange) override {
+        Pass(&News::RoomAsked, name, exchange);
+    }
+    void RoomOpened(std::int16_t room, const std::string& name, std::int16_t exchange) override {
+        Pass(&News::RoomOpened, room, name, exchange);
+    }
+    void OwnerTold(std::int16_t room, const std::string& name, bool own) override {
+        Pass(&News::OwnerTold, room, name, own);
+    }
+    void LineQueued(std::int16_t room, const Msgs& line) override { Pass(&News::LineQueued, room, line); }
+    void LineSaid(std::int16_t room, const Msgs& send, const std::string& line,
+                  const std::vector<std::int64_t>& numbers) override {
+        Pass(&News::LineSaid, room, send, line, numbers);
+    }
+    void LineDropped(std::int16_t room, const Msgs& line, LineDrop why) override {
+        Pass(&News::LineDropped, room, line, why);
+    }
+    void PauseBegan(std::int16_t room, Pause pause, int milliseconds) override {
+        Pass(&News::PauseBegan, room, pause, milliseconds);
+    }
+    void PauseEnded(std::int16_t room, Pause pause) override { Pass(&News::PauseEnded, room, pause); }
+    void RateLevel(std::int16_t room, int classId, bool rated, int milliseconds) override {
+        Pass(&News::RateLevel, room, classId, rated, milliseconds);
+    }
+    void TimeBanTold(TimeBanStep step, const std::string& record) override {
+        Pass(&News::TimeBanTold, step, record);
+    }
+    void FileWritten(const std::string& path, bool done) override { Pass(&News::FileWritten, path, done); }
+    void GuardAsked(Departure guard, bool acts, std::int16_t room, const std::string& who) override {
+        Pass(&News::GuardAsked, guard, acts, room, who);
+    }
+    void PartHitNobody(std::int16_t room, const std::string& op, const std::string& part,
+                       const std::vector<std::string>& fits) override {
+        Pass(&News::PartHitNobody, room, op, part, fits);
+    }
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string& other) override {
+        Pass(&News::BanWanted, room, id, kind, name, other);
     }
     void BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
-                    DropReason why) override {
-        Pass(&News::BanDropped, room, id, kind, name, why);
+                    const std::string& other, DropReason why) override {
+        Pass(&News::BanDropped, room, id, kind, name, other, why);
     }
     void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override {
         Pass(&News::BanAsked, room, id, kind, name);

@@ -65,7 +65,7 @@ class UnbanTargets {
                                         .who = name,
                                         .entry = match});
         if (telling.news)
-            telling.news->BanDropped(call.intChatIndex, 0, BanKind::Unban, name, DropReason::Locked);
+            telling.news->BanDropped(call.intChatIndex, 0, BanKind::Unban, name, {}, DropReason::Locked);
         Reply(context, call, name, 115, match, "islbanned", "msg1");
     }
 

@@ -71,9 +71,9 @@ void TillerSock::UpdateRequestID() {
 BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                                const std::string& strOther) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser);
+    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser, strOther);
     events.UpdatedStats("totalbanattempt");
-    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser);
+    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser, strOther);
     if (room->tmrBan && room->tmrBan->Enabled()) {
         room->QueueBan(strUser, intChatIndex, CurrentRequestID, kind, strOther);
         UpdateRequestID();
@@ -85,7 +85,7 @@ BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::in
     if (telling.news) telling.news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Ban, strUser);
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
-    if (room->tmrBan) room->tmrBan->SetEnabled(true);
+    room->StartBanPause();
     return BanOutcome::Asked;
 }
 
@@ -97,9 +97,9 @@ BanOutcome TillerSock::UnbanUser(const std::string& strUser, BanKind kind, std::
 BanOutcome TillerSock::AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                                   const std::string& strOther, Second half) {
     auto room = Room(intChatIndex);
-    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser);
+    if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser, strOther);
     events.UpdatedStats("totalunbanattempt");
-    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser);
+    if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser, strOther);
     auto frame = BanRequest(UnbanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
                  BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
@@ -111,9 +111,9 @@ BanOutcome TillerSock::AskToUnban(const std::string& strUser, BanKind kind, std:
 }
 
 BanOutcome TillerSock::TellDropped(const Chats* room, std::int16_t intChatIndex, BanKind kind,
-                                   const std::string& strUser) {
+                                   const std::string& strUser, const std::string& strOther) {
     const auto why = room ? DropReason::Rated : DropReason::NoRoom;
-    if (telling.news) telling.news->BanDropped(intChatIndex, 0, kind, strUser, why);
+    if (telling.news) telling.news->BanDropped(intChatIndex, 0, kind, strUser, strOther, why);
     return BanOutcome::Dropped;
 }
 
@@ -134,7 +134,7 @@ void TillerSock::BanDropped(const std::string& strRecord, DropReason why) {
     const auto request = ReadBanRecord(strRecord);
     if (!telling.news || !request || !request->kind) return;
     telling.news->BanDropped(request->intChatIndex.value_or(0), ToInt32(request->strRequestID).value_or(0),
-                             *request->kind, request->strUser, why);
+                             *request->kind, request->strUser, request->strOther, why);
 }
 
 void TillerSock::StoreRequest(const std::string& strRequestID, const std::string& strRecord) {
@@ -212,6 +212,7 @@ void TillerSock::ActOnReply(const BanRecordFields& request, std::int16_t intChat
     auto room = Room(intChatIndex);
     if (!room) return;
     TimeBans.Add(NewTimeBan(strUser, room->ChatName, room->Exchange, room->Instance, intChatIndex, strOther));
+    TellTimeBan(TimeBanStep::Set, TimeBans.Item(static_cast<std::ptrdiff_t>(TimeBans.Count())));
     if (auto timer = timers.TimeBanTimer()) timer->SetEnabled(true);
 }
 

@@ -66,6 +66,7 @@ bool TillerSock::IsIn(const RoomWish& wish) const {
 }
 
 void TillerSock::AskForRoom(const RoomWish& wish) {
+    if (telling.news) telling.news->RoomAsked(wish.strName, wish.intExchange);
     request.JoinPending = true;
     request.strJoinName = wish.strName;
     request.intJoinExchange = wish.intExchange;

@@ -36,6 +36,9 @@ TillerSock::TillerSock(Platform& platform, OscarSettings& settings, TillerEvents
         if (telling.news) telling.news->SocketFailed(Index, number, description);
         SocketError(Index);
     };
+    Sock.onTag = [this](int Index, const std::string& tag) {
+        if (telling.news) telling.news->SocketTagged(Index, tag);
+    };
     timers.onPing = [this](int intChatIndex) { SendPacket(intChatIndex, 5, ""); };
     timers.onTimeBans = [this] { CheckTimeBans(); };
     tmrTimeout->SetInterval(SignOnTimeout);
@@ -106,6 +109,7 @@ void TillerSock::ResetAll() {
     rateTables.clear();
     waitingRooms.clear();
     if (tmrRequest) tmrRequest->SetEnabled(false);
+    if (telling.news) telling.news->ConnectionsReset();
 }
 
 void TillerSock::CloseAllSocks() {

@@ -5,6 +5,8 @@
 // is laid down. The one set of switches belongs to the protocol control, which asks it at as few places as
 // the behaviour has.
 
+#include "base/Departure.h"
+
 #include <array>
 #include <bitset>
 #include <cstddef>
@@ -13,24 +15,6 @@
 
 namespace halyard {
 
-enum class Departure {
-    NavigationAnswers, ///< an answer of the navigation service is one to a creation that was sent there
-    BareJoinRefusals,
-    UnenforcedBans,
-    MainSignOffs,
-    WholeMessageBlocks,
-    RoastedPasswordType,
-    RateClassesAsTold,
-    OneServiceRequest,
-    RefusedSecondJoins,
-    ReachableRedirects,
-    NamesAreNoCommands,
-    Tls,
-    Count
-};
-
-inline constexpr std::size_t DepartureCount = static_cast<std::size_t>(Departure::Count);
-
 /// How a departure is told of: `name` is its key in files and on command lines.
 struct DepartureText {
     const char* name;
@@ -38,8 +22,8 @@ struct DepartureText {
     const char* instead;
 };
 const DepartureText& TextOf(Departure departure);
-/// Nothing for a name that none has. Case counts.
-std::optional<Departure> DepartureNamed(std::string_view name);
+/// One that a network may need; nothing for another name. Case counts.
+std::optional<Departure> WayNamed(std::string_view name);
 
 /// The departures that a network needs.
 using Ways = std::bitset<DepartureCount>;
@@ -60,6 +44,7 @@ class Departures {
     bool On(Departure departure) const { return on[static_cast<std::size_t>(departure)]; }
     void SetWays(const Ways& ofNetwork) { ways = ofNetwork, Settle(); }
     const Ways& OfNetwork() const { return ways; }
+    Guard GuardOf(Departure departure) const { return guards[static_cast<std::size_t>(departure)]; }
     void SetGuard(Departure departure, Guard guard) {
         guards[static_cast<std::size_t>(departure)] = guard;
         Settle();
@@ -70,6 +55,9 @@ class Departures {
     void Settle() {
         for (std::size_t index = 0; index < DepartureCount; ++index)
             on[index] = guards[index] == Guard::On || (guards[index] == Guard::Unset && ways[index]);
+        // To ask for rooms one by one is part of asking again.
+        const auto byOne = static_cast<std::size_t>(Departure::OneServiceRequest);
+        if (On(Departure::RoomsAreAskedForAgain) && guards[byOne] != Guard::Off) on[byOne] = true;
     }
 
     Ways ways;

@@ -16,6 +16,12 @@ void TillerSock::UseNetwork(const Network& network) {
     strPin = network.pin;
 }
 
+bool TillerSock::Guarded(Departure guard, std::int16_t room, const std::string& who) {
+    const bool acts = Departs(guard);
+    if (telling.news) telling.news->GuardAsked(guard, acts, room, who);
+    return acts;
+}
+
 std::string TillerSock::HostOf(const std::string& strHost) const {
     return Departs(Departure::ReachableRedirects) ? ReachableHost(strHost, signOn.strPeer) : strHost;
 }

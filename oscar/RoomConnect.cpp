@@ -110,6 +110,7 @@ void TillerSock::OpenRoom(int Index) {
     for (const char* tag : {"ban", "msg", "msg1", "msg2", "msg3", "firstjoin", "ping", "unrate"})
         CreateTimer(tag);
     AttachEjectList(*room);
+    if (telling.news) telling.news->RoomOpened(intChatIndex, room->ChatName, room->Exchange);
     SendServiceReady(Index, "00010002000000000001");
     ClearService();
 }

@@ -125,6 +125,7 @@ void TillerSock::HandleOwner(int Index, const std::string& strPacket) {
     auto room = Room(static_cast<std::int16_t>(Index));
     if (!room) return;
     room->GotOwner(Mid(strPacket, BodyAt));
+    if (telling.news) telling.news->OwnerTold(room->ChatIndex, room->GetOwner(), room->IsOwner());
     if (room->IsOwner()) events.UpdatedStats("#ofownedchats");
 }
 

@@ -47,6 +47,7 @@ void TillerSock::Login(const std::string& strUser, const std::string& strPasswor
     auto password = strPassword;
     auto host = NormalizeName(strAuthServer);
     ResetAll();
+    if (telling.news) telling.news->SignOnBegun(user);
     signOn.strLoginName = user;
     signOn.strLoginPassword = password;
     signOn.strAuthHost = host;

@@ -77,7 +77,9 @@ std::string SocketTable::Tag(int Index) const {
 }
 
 void SocketTable::SetTag(int Index, const std::string& tag) {
-    if (Has(Index)) Sock[static_cast<std::size_t>(Index)].Tag = tag;
+    if (!Has(Index) || Tag(Index) == tag) return;
+    Sock[static_cast<std::size_t>(Index)].Tag = tag;
+    if (onTag) onTag(Index, tag);
 }
 
 std::string SocketTable::ReadAll(int Index) {

@@ -28,6 +28,7 @@ class SocketTable {
 
     std::function<void(int Index, std::size_t available)> onData;
     std::function<void(int Index, int number, const std::string& description)> onError;
+    std::function<void(int Index, const std::string& tag)> onTag; ///< another one than before
 
     int UpperBound() const { return static_cast<int>(Sock.size()) - 1; }
     bool Has(int Index) const { return Index >= 0 && Index <= UpperBound(); }

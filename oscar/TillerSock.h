@@ -63,7 +63,10 @@ class TillerSock : public RoomHost {
     /// One listener, who outlives the control; null for none. Who wants frames or lines says so by Tell().
     void SetNews(News* listener) { telling.news = listener; }
     /// Through which the whole desk tells.
-    Telling& Tell() { return telling; }
+    Telling& Tell() override { return telling; }
+    /// Asked where a departure that is a guard would have the desk go another way: whether it does. News
+    /// hears that it was asked, so that one that is off can be counted. `room` is a socket slot, 0 for none.
+    bool Guarded(Departure guard, std::int16_t room = 0, const std::string& who = {}) override;
 
     // Connection (SignOn.cpp, Connections.cpp).
     void Login(const std::string& strUser, const std::string& strPassword, std::int32_t lngPort,
@@ -262,7 +265,8 @@ class TillerSock : public RoomHost {
     enum class Second { Sent, Kept }; ///< whether a kick's second half goes out as a frame
     void ActOnReply(const BanRecordFields& request, std::int16_t intChatIndex, Second half);
     BanOutcome TellDropped(const Chats* room, std::int16_t intChatIndex, BanKind kind,
-                           const std::string& strUser);
+                           const std::string& strUser, const std::string& strOther);
+    void TellTimeBan(TimeBanStep step, const std::string& strRecord);
     BanOutcome AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                           const std::string& strOther, Second half);
     void ConfirmSoon(std::int32_t id);

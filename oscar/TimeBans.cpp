@@ -32,6 +32,7 @@ void TillerSock::CheckTimeBans() {
             TimeBans.Add(tick.record);
             continue;
         }
+        TellTimeBan(TimeBanStep::Over, record);
         const CauseBreak apart(telling);
         const CauseScope over(telling,
                               {.kind = CauseKind::Timer, .room = tick.intChatIndex, .who = tick.user});
@@ -43,6 +44,12 @@ void TillerSock::CheckTimeBans() {
     if (auto timer = timers.TimeBanTimer(); timer && TimeBans.Count() == 0) timer->SetEnabled(false);
 }
 
-void TillerSock::ClearTimeBans() { TimeBans.Clear(); }
+void TillerSock::ClearTimeBans() {
+    for (const auto& record : std::exchange(TimeBans, {})) TellTimeBan(TimeBanStep::Forgotten, record);
+}
+
+void TillerSock::TellTimeBan(TimeBanStep step, const std::string& strRecord) {
+    if (telling.news) telling.news->TimeBanTold(step, strRecord);
+}
 
 } // namespace halyard

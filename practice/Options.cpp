@@ -9,7 +9,7 @@ namespace {
 
 std::string EveryWay() {
     std::string names = "open-server";
-    for (std::size_t index = 0; index < DepartureCount; ++index)
+    for (std::size_t index = 0; index < WayCount; ++index)
         names += std::string(", ") + TextOf(static_cast<Departure>(index)).name;
     return names;
 }
@@ -27,7 +27,7 @@ std::optional<Ways> WaysNamed(std::string_view names, std::string& problem) {
     for (const auto& name : Split(names, ",")) {
         if (name == "open-server") {
             ways |= BuiltIn(name)->ways;
-        } else if (const auto departure = DepartureNamed(name)) {
+        } else if (const auto departure = WayNamed(name)) {
             ways |= WaysOf(*departure);
         } else {
             problem = "there is no way \"" + name + "\", only " + EveryWay();

@@ -46,8 +46,25 @@ void Chats::BanNextUser() {
 
 /// The next one takes its whole time.
 void Chats::StopBanPause() {
-    if (tmrBan) tmrBan->SetEnabled(false);
+    if (tmrBan && tmrBan->Enabled()) {
+        tmrBan->SetEnabled(false);
+        TellPauseEnd(Pause::Bans);
+    }
     SetBanInterval();
+}
+
+void Chats::StartBanPause() {
+    if (!tmrBan || tmrBan->Enabled()) return;
+    tmrBan->SetEnabled(true);
+    TellBanPause();
+}
+
+/// How long it is from now.
+void Chats::TellBanPause() {
+    const auto seconds = static_cast<std::int32_t>(std::min(sngBanPause, 1000000.0F));
+    const bool isLong = !(sngBanPause < longPause);
+    const auto left = std::max(0, (seconds < sngBanPause ? seconds + 1 : seconds) - lngBanTicks) + 1;
+    TellPause(Pause::Bans, isLong ? left * 1000 : BanInterval(sngBanPause));
 }
 
 void Chats::SendOldestBan() {
@@ -56,7 +73,8 @@ void Chats::SendOldestBan() {
     host.StoreRequest(request.strRequestID, record);
     host.SendBanRequest(ChatIndex, request.strRequestID, request.strUser);
     StopBanPause();
-    if (tmrBan) tmrBan->SetEnabled(true);
+    lngBanTicks = 0;
+    StartBanPause();
     BanQueue.Remove(1);
 }
 
@@ -64,9 +82,24 @@ void Chats::DropBans(DropReason why) {
     for (const auto& record : std::exchange(BanQueue, {})) host.BanDropped(record, why);
 }
 
+bool Chats::DropBan(std::int32_t lngRequestID) {
+    std::ptrdiff_t position = 0;
+    for (const auto& waiting : BanQueue) {
+        ++position;
+        if (ReadBanRecord(waiting).value_or(BanRecordFields{}).strRequestID != std::to_string(lngRequestID))
+            continue;
+        const std::string record = waiting;
+        BanQueue.Remove(position);
+        host.BanDropped(record, DropReason::ByHand);
+        return true;
+    }
+    return false;
+}
+
 void Chats::SetBanPause(float sngPause) {
     sngBanPause = sngPause;
     SetBanInterval();
+    if (tmrBan && tmrBan->Enabled()) TellBanPause(); // its time starts over
 }
 
 void Chats::SetBanInterval() {

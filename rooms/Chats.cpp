@@ -1,11 +1,15 @@
 #include "rooms/Chats.h"
 
 #include "base/Text.h"
+#include "rooms/RoomHost.h"
 #include "rooms/TimerTags.h"
 
 namespace halyard {
 
 namespace {
+
+/// By send slot; the first is in no use.
+constexpr std::array<Pause, 4> LinePauses{Pause::Lines1, Pause::Lines1, Pause::Lines2, Pause::Lines3};
 
 bool IsSendSlot(int Index) { return Index >= 0 && Index < 4; }
 
@@ -50,11 +54,25 @@ void Chats::SetNewTimer(const std::shared_ptr<PoolTimer>& TheTimer, const std::s
 }
 
 void Chats::EnableSendTimer(int Index) {
-    if (const auto timer = GetSendTimer(Index)) timer->SetEnabled(true);
+    const auto timer = GetSendTimer(Index);
+    if (!timer || timer->Enabled()) return;
+    timer->SetEnabled(true);
+    if (Index > 0) TellPause(LinePauses[static_cast<std::size_t>(Index)], timer->Interval());
 }
 
 void Chats::DisableSendTimer(int Index) {
-    if (const auto timer = GetSendTimer(Index)) timer->SetEnabled(false);
+    const auto timer = GetSendTimer(Index);
+    if (!timer || !timer->Enabled()) return;
+    timer->SetEnabled(false);
+    if (Index > 0) TellPauseEnd(LinePauses[static_cast<std::size_t>(Index)]);
+}
+
+void Chats::TellPause(Pause pause, int milliseconds) {
+    if (auto* news = host.Tell().news) news->PauseBegan(ChatIndex, pause, milliseconds);
+}
+
+void Chats::TellPauseEnd(Pause pause) {
+    if (auto* news = host.Tell().news) news->PauseEnded(ChatIndex, pause);
 }
 
 void Chats::SetSendTimerIndex(int Index, int intTimerIndex) {
@@ -71,8 +89,8 @@ std::shared_ptr<PoolTimer> Chats::GetSendTimer(int Index) const {
 
 void Chats::PrepareTerminate() {
     PeopleHere.Clear();
-    MsgQueue.Clear();
-    BanQueue.Clear();
+    DropLines(LineDrop::Lost);
+    DropBans(DropReason::Lost);
     tmrBan = nullptr;
     tmrSend.fill(nullptr);
     tmrFirstJoin = nullptr;

@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace halyard {
 
@@ -84,6 +85,10 @@ class Chats {
                          const std::string& strMsgType, std::int16_t intChatIndex = 0);
     /// A timer of the tag came due. Tags but "msg1", "msg2" and "ban" do nothing.
     void CheckQueue(const std::string& strType);
+    /// Takes a waiting line, or a waiting ban, out by the number that its news have: Msgs::Number, or the
+    /// request id. False when none waits under it.
+    bool DropLine(std::int64_t number);
+    bool DropBan(std::int32_t lngRequestID);
     /// 0 empties BanQueue; 1 empties MsgQueue and stops the four send timers; other values do nothing.
     void ClearQueue(int intType);
 
@@ -93,6 +98,8 @@ class Chats {
     /// Sends the oldest request and starts the pause anew, or ends the pause when none waits; while class 1
     /// is rated neither.
     void BanNextUser();
+    /// A request has gone out: the next one waits a pause.
+    void StartBanPause();
     /// Seconds. From 60 on the timer ticks once a second and the room counts.
     void SetBanPause(float sngPause);
 
@@ -114,6 +121,10 @@ class Chats {
 
   private:
     // Pacing.cpp
+    void Wait(const Msgs& own);
+    void SayLine(const Msgs& send, const std::string& line, const std::vector<std::int64_t>& numbers = {});
+    void TellLineDropped(const Msgs& line, LineDrop why);
+    void DropLines(LineDrop why);
     void SayMerged(const Msgs& own);
     void SayOneByOne(const Msgs& own);
     void SayOrDrop(const Msgs& own, std::string& strMessage);
@@ -126,6 +137,10 @@ class Chats {
     void StopBanPause();
     void SendOldestBan();
     void SetBanInterval();
+    void TellBanPause();
+    void TellPause(Pause pause, int milliseconds);
+    void TellPauseEnd(Pause pause);
+    void TellRate(int intClassID);
     void DropBans(DropReason why);
     // RateState.cpp
     std::string StopBanning(int intRateType);

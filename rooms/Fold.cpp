@@ -15,9 +15,13 @@ class Fold {
           waitingCount(queue.Count()) {}
 
     // A pass that comes back unfinished has taken at least one entry, so this ends.
-    std::optional<Msgs> Run() {
+    std::optional<Msgs> Run(std::vector<std::int64_t>* numbers) {
         while (!Pass()) {
         }
+        std::sort(taken.begin(), taken.end());
+        if (numbers)
+            for (const auto position : taken)
+                numbers->push_back(queue.Item(static_cast<std::ptrdiff_t>(position)).Number);
         TakeOut();
         if (strList.empty()) return std::nullopt;
         read.TheReplacement = strList;
@@ -65,7 +69,6 @@ class Fold {
     }
 
     void TakeOut() {
-        std::sort(taken.begin(), taken.end());
         if (taken.size() <= FewTaken) { // the everyday case, at the front of a queue
             for (auto at = taken.rbegin(); at != taken.rend(); ++at)
                 queue.Remove(static_cast<std::ptrdiff_t>(*at));
@@ -123,8 +126,9 @@ class Fold {
 } // namespace
 
 std::optional<Msgs> FoldWaitingSends(Collection<Msgs>& queue, const std::string& strType,
-                                     std::size_t templateLength, bool sameOther) {
-    return Fold(queue, strType, templateLength, sameOther).Run();
+                                     std::size_t templateLength, bool sameOther,
+                                     std::vector<std::int64_t>* numbers) {
+    return Fold(queue, strType, templateLength, sameOther).Run(numbers);
 }
 
 } // namespace halyard

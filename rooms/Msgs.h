@@ -14,6 +14,7 @@ struct Msgs {
     std::string TheOther;          ///< second value, for "%d" or "%s"
     std::string TheMsgType;        ///< "msg1" or "msg2"
     std::int16_t intChatIndex = 0; ///< carried, not used to send
+    std::int64_t Number = 0;       ///< by which the news name it; 0 until it waits
 };
 
 } // namespace halyard

@@ -7,6 +7,8 @@
 #include "rooms/Fold.h"
 #include "rooms/RoomHost.h"
 
+#include <utility>
+
 namespace halyard {
 
 namespace {
@@ -39,7 +41,10 @@ std::ptrdiff_t FirstOf(const Collection<Msgs>& queue, const std::string& strMsgT
 void Chats::PrepareChatSend(std::string& strReplacement, const std::string& strChar, std::string& strMessage,
                             const std::string& strOther, const std::string& strType,
                             const std::string& strMsgType, std::int16_t intChatIndex) {
-    if (blnRated[5]) return;
+    if (blnRated[5])
+        return TellLineDropped(
+            {strType, strChar, strReplacement, strMessage, strOther, strMsgType, intChatIndex},
+            LineDrop::Rated);
     if (strType != "status" && strType != "bp") GuardLinks(strReplacement);
     Msgs own{strType, strChar, strReplacement, strMessage, strOther, strMsgType, intChatIndex};
     switch (SendGroupOf(strType)) {
@@ -52,19 +57,38 @@ void Chats::PrepareChatSend(std::string& strReplacement, const std::string& strC
     case SendGroup::Unpaced:
         own.TheChar = "%p"; // not the caller's placeholder, on purpose
         strMessage = FillIn(own, "%d");
-        return host.Say(ChatIndex, strMessage);
-    case SendGroup::Unknown: return;
+        return SayLine(own, strMessage);
+    case SendGroup::Unknown: return TellLineDropped(own, LineDrop::Unknown);
     }
 }
 
+void Chats::Wait(const Msgs& own) {
+    auto waiting = own;
+    waiting.Number = ++host.Tell().lineNumber;
+    MsgQueue.Add(waiting);
+    if (auto* news = host.Tell().news) news->LineQueued(ChatIndex, waiting);
+}
+
+void Chats::SayLine(const Msgs& send, const std::string& line, const std::vector<std::int64_t>& numbers) {
+    if (auto* news = host.Tell().news) news->LineSaid(ChatIndex, send, line, numbers);
+    host.Say(ChatIndex, line);
+}
+
+void Chats::TellLineDropped(const Msgs& line, LineDrop why) {
+    if (auto* news = host.Tell().news) news->LineDropped(ChatIndex, line, why);
+}
+
+void Chats::DropLines(LineDrop why) {
+    for (const auto& line : std::exchange(MsgQueue, {})) TellLineDropped(line, why);
+}
+
 void Chats::SayMerged(const Msgs& own) {
-    if (IsRunning(tmrSend[1])) {
-        MsgQueue.Add(own);
-        return;
-    }
+    if (IsRunning(tmrSend[1])) return Wait(own);
     const bool sameOther = SendGroupOf(own.TheType) == SendGroup::MergeSameOther;
-    const auto folded = FoldWaitingSends(MsgQueue, own.TheType, own.TheMessage.size(), sameOther);
-    host.Say(ChatIndex, MergedLine(folded.value_or(own)));
+    std::vector<std::int64_t> numbers;
+    const auto folded = FoldWaitingSends(MsgQueue, own.TheType, own.TheMessage.size(), sameOther, &numbers);
+    const auto& send = folded ? *folded : own;
+    SayLine(send, MergedLine(send), numbers);
     RestartSendTimer(1);
 }
 
@@ -87,31 +111,36 @@ std::optional<std::size_t> Chats::BanCount() const {
 }
 
 void Chats::SayOneByOne(const Msgs& own) {
-    if (IsRunning(tmrSend[2])) {
-        MsgQueue.Add(own);
-        return;
-    }
+    if (IsRunning(tmrSend[2])) return Wait(own);
     std::string strLine;
+    std::vector<std::int64_t> numbers;
     if (const auto position = FirstOf(MsgQueue, "msg2")) {
         strLine = FillIn(MsgQueue.Item(position), "%d");
+        if (position == 1)
+            numbers.push_back(MsgQueue.Item(1).Number);
+        else
+            TellLineDropped(MsgQueue.Item(1), LineDrop::Overtaken);
         // The head of the queue goes, not the entry just said, on purpose: a merged send that waits before it
         // is lost, and the entry is said once more.
         MsgQueue.Remove(1);
     }
     if (strLine.empty()) strLine = FillIn(own, "%d");
-    host.Say(ChatIndex, strLine);
+    SayLine(own, strLine, numbers);
     RestartSendTimer(2);
 }
 
 void Chats::SayOrDrop(const Msgs& own, std::string& strMessage) {
-    if (IsRunning(tmrSend[3])) return;
+    if (IsRunning(tmrSend[3])) return TellLineDropped(own, LineDrop::Paused);
     strMessage = FillIn(own, "%d");
-    host.Say(ChatIndex, strMessage);
+    SayLine(own, strMessage);
     EnableSendTimer(3);
 }
 
 void Chats::RestartSendTimer(int Index) {
-    if (const auto timer = GetSendTimer(Index)) timer->Restart();
+    const auto timer = GetSendTimer(Index);
+    if (!timer) return;
+    timer->Restart();
+    TellPause(Index == 1 ? Pause::Lines1 : Pause::Lines2, timer->Interval());
 }
 
 void Chats::CheckQueue(const std::string& strType) {
@@ -134,10 +163,23 @@ void Chats::Drain(int Index, const std::string& strMsgType) {
                     next.TheMsgType);
 }
 
+bool Chats::DropLine(std::int64_t number) {
+    std::ptrdiff_t position = 0;
+    for (const auto& waiting : MsgQueue) {
+        ++position;
+        if (waiting.Number != number) continue;
+        const Msgs line = waiting;
+        MsgQueue.Remove(position);
+        TellLineDropped(line, LineDrop::ByHand);
+        return true;
+    }
+    return false;
+}
+
 void Chats::ClearQueue(int intType) {
     if (intType == 0) DropBans(DropReason::Cleared);
     if (intType != 1) return;
-    MsgQueue.Clear();
+    DropLines(LineDrop::Cleared);
     for (int Index = 0; Index <= 3; ++Index) DisableSendTimer(Index);
 }
 

@@ -4,12 +4,16 @@
 #include "rooms/Chats.h"
 #include "rooms/RoomHost.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace halyard {
 
 namespace {
 
 constexpr int noticeText = 111;
 constexpr int unratedText = 112;
+constexpr int HalfMinute = 30000; // ms
 constexpr const char* banFeatures = "Banning, Unbanning, Chat Closing";
 
 } // namespace
@@ -21,7 +25,8 @@ void Chats::RateNotice(int intRateType, int intClassID) {
     if (intClassID < 1 || intClassID > 5) return;
     auto& rated = blnRated[static_cast<std::size_t>(intClassID)];
     if (intRateType >= 4) {
-        rated = false;
+        const bool was = std::exchange(rated, false);
+        if (was) TellRate(intClassID);
         return;
     }
     if (rated) return;
@@ -31,6 +36,18 @@ void Chats::RateNotice(int intRateType, int intClassID) {
     // Before the flag is set: with it the notice of class 5 would not get out.
     SayRateText(noticeText, std::to_string(intClassID), notice, "msgrated");
     rated = true;
+    TellRate(intClassID);
+}
+
+/// How long it takes by itself: the clock of half minutes has begun, or has been running on for some time.
+void Chats::TellRate(int intClassID) {
+    auto* news = host.Tell().news;
+    if (!news) return;
+    const bool rated = IsRated(intClassID);
+    int ticks = -1;
+    if (rated && intClassID == 5) ticks = 1;
+    if (rated && intClassID == 1 && blnAutoUnrate) ticks = std::max(1, UnrateLimit * 2);
+    news->RateLevel(ChatIndex, intClassID, rated, ticks < 0 ? -1 : ticks * HalfMinute);
 }
 
 std::string Chats::StopBanning(int intRateType) {
@@ -39,7 +56,10 @@ std::string Chats::StopBanning(int intRateType) {
     if (intRateType == 3) notice += "%t"; // reaches the room as it stands, on purpose
     notice += blnAutoUnrate ? std::to_string(UnrateLimit) + " minutes" : "[Auto Unrate Off]";
     host.RoomRated(0, ChatName);
-    if (tmrBan) tmrBan->SetEnabled(false);
+    if (tmrBan && tmrBan->Enabled()) {
+        tmrBan->SetEnabled(false);
+        TellPauseEnd(Pause::Bans);
+    }
     DropBans(DropReason::Rated);
     if (blnAutoUnrate) {
         intUnrateTicks[0] = 0;
@@ -52,7 +72,7 @@ std::string Chats::StopTalking() {
     host.RoomRated(1, ChatName);
     intUnrateTicks[1] = 0;
     SetUnrateTimer(true); // whatever the auto unrate switch says
-    MsgQueue.Clear();
+    DropLines(LineDrop::Rated);
     return "Rate Class ID: 5, Features disabled: Chat Messages -- Time disabled: 30 seconds";
 }
 
@@ -74,6 +94,7 @@ void Chats::ResumeBanning() {
     intUnrateTicks[0] = 0;
     if (!blnRated[5]) SetUnrateTimer(false);
     blnRated[1] = false;
+    TellRate(1);
     host.RoomUnrated(0, NormalizeName(ChatName), ChatIndex);
 }
 
@@ -81,6 +102,7 @@ void Chats::ResumeTalking() {
     intUnrateTicks[1] = 0;
     if (!blnRated[1]) SetUnrateTimer(false);
     blnRated[5] = false;
+    TellRate(5);
     host.RoomUnrated(1, NormalizeName(ChatName), ChatIndex);
 }
 
@@ -91,7 +113,12 @@ void Chats::SayRateText(int number, std::string strReplacement, const std::strin
 }
 
 void Chats::SetUnrateTimer(bool enabled) {
-    if (tmrUnrate) tmrUnrate->SetEnabled(enabled);
+    if (!tmrUnrate || tmrUnrate->Enabled() == enabled) return;
+    tmrUnrate->SetEnabled(enabled);
+    if (enabled)
+        TellPause(Pause::Unrate, tmrUnrate->Interval());
+    else
+        TellPauseEnd(Pause::Unrate);
 }
 
 } // namespace halyard

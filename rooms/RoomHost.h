@@ -20,6 +20,12 @@ class RoomHost {
   public:
     virtual ~RoomHost() = default;
 
+    /// Through which the room tells its own facts.
+    virtual Telling& Tell() = 0;
+    /// Asked where a guard would have the room go another way: whether it does. Tells that it was asked.
+    /// `strWho` is whom it is about, empty for none.
+    virtual bool Guarded(Departure guard, std::int16_t intChatIndex, const std::string& strWho) = 0;
+
     /// Says one line in the room of this socket slot, at once.
     virtual void Say(std::int16_t intChatIndex, const std::string& strLine) = 0;
     /// Sends an eject request for `strUser` under the request id (decimal text) on the room's connection.

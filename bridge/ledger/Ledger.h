@@ -83,9 +83,10 @@ class Ledger : public News {
     void RoomRefused(int code, const std::string& family, const std::string& text) override;
     void LineHeard(std::int16_t room, const std::string& name, const std::string& line) override;
     void RateTold(std::int16_t room, int code, int classId) override;
-    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) override;
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string&) override;
     void BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
-                    DropReason why) override;
+                    const std::string&, DropReason why) override;
     void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override;
     void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override;
     void ListAdded(const ListId& list, const std::string& entry) override;

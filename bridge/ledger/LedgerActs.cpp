@@ -127,7 +127,8 @@ void Ledger::StillWaits() {
     Step(StepFact::Step::Queued, id, wanted);
 }
 
-void Ledger::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) {
+void Ledger::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                       const std::string&) {
     auto* scope = options.Control().Tell().cause;
     const auto cause = CauseNumber(scope); // what it follows from may have the very id
     if (const auto* before = requests.Find(id); before && !before->answered)
@@ -149,7 +150,7 @@ void Ledger::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const s
 }
 
 void Ledger::BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
-                        DropReason why) {
+                        const std::string&, DropReason why) {
     StillWaits();
     const int code = static_cast<int>(why);
     if (id != 0) {

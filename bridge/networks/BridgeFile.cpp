@@ -94,6 +94,10 @@ bool BridgeFile::SetLedger(const LedgerTerms& terms) {
     return Change([&](OwnPart& part) { return part.SetLedger(terms); });
 }
 
+bool BridgeFile::SetGuards(const GuardTerms& terms) {
+    return Change([&](OwnPart& part) { return part.guards = terms, true; });
+}
+
 std::optional<std::string> BridgeFile::Bytes() {
     if (path.empty() || !files.Exists(path)) return "";
     return files.Read(path, LargestFile);

@@ -60,6 +60,10 @@ class BridgeFile {
     /// Days are 0 to LedgerTerms::LongestDays, the line on whom to ask at most 300 characters.
     bool SetLedger(const LedgerTerms& terms);
 
+    /// What was decided on each departure.
+    const GuardTerms& Guards() const { return own.guards; }
+    bool SetGuards(const GuardTerms& terms);
+
   private:
     /// The bytes of the file; empty when there is none, nothing when they can't be had.
     std::optional<std::string> Bytes();

@@ -48,12 +48,12 @@ void ReadRoasting(TomlFields& fields, Network& network) {
 }
 
 void ReadWays(TomlFields& fields, Network& network) {
-    const auto* ways = fields.List("ways", DepartureCount);
+    const auto* ways = fields.List("ways", WayCount);
     if (!ways) return;
     for (const auto& item : *ways) {
         const auto name = fields.TextOf(item, "ways", {});
         if (!name) continue;
-        if (const auto departure = DepartureNamed(*name))
+        if (const auto departure = WayNamed(*name))
             network.ways.set(static_cast<std::size_t>(*departure));
         else
             fields.Tell(item.place, "ways", "has no way \"" + ShownText(item.text) + "\"");

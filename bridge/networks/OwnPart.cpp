@@ -98,6 +98,22 @@ void ReadLedger(const TomlValue& table, LedgerTerms& terms, TomlMistakes& mistak
     fields.TellUnknown();
 }
 
+/// A network's own switch for TLS is no matter of taste.
+bool MayBeDecided(Departure departure) {
+    return departure != Departure::Tls && departure != Departure::RoastedPasswordType;
+}
+
+void ReadGuards(const TomlValue& table, GuardTerms& terms, TomlMistakes& mistakes) {
+    TomlFields fields(table, "guards", mistakes);
+    for (std::size_t index = 0; index < DepartureCount; ++index) {
+        const auto departure = static_cast<Departure>(index);
+        if (!MayBeDecided(departure)) continue;
+        if (const auto on = fields.Switch(TextOf(departure).name))
+            terms.Decide(departure, *on ? Departures::Guard::On : Departures::Guard::Off);
+    }
+    fields.TellUnknown();
+}
+
 /// A text in quotes, as TOML has it. Characters that it forbids, and those that no font shows, are written by
 /// their numbers.
 std::string Quoted(std::string_view text) {
@@ -146,6 +162,17 @@ std::string LedgerText(const LedgerTerms& terms) {
            Line("act-days", std::to_string(terms.actDays)) + Line("answers", Word(terms.answers)) +
            Line("appeals", Word(terms.appeals)) + Line("whom-to-ask", Quoted(terms.whomToAsk)) +
            Line("no-appeal-of", "[" + names + "]");
+}
+
+std::string GuardsText(const GuardTerms& terms) {
+    std::string text = "\n[guards]\n";
+    for (std::size_t index = 0; index < DepartureCount; ++index) {
+        const auto departure = static_cast<Departure>(index);
+        const auto guard = terms.Of(departure);
+        if (guard != Departures::Guard::Unset && MayBeDecided(departure))
+            text += Line(TextOf(departure).name, Word(guard == Departures::Guard::On));
+    }
+    return text;
 }
 
 bool IsDays(int days) { return days >= 0 && days <= LedgerTerms::LongestDays; }
@@ -218,6 +245,7 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
         entry.TellUnknown();
     }
     if (const auto* table = fields.Table("ledger")) ReadLedger(*table, own.ledger, mistakes);
+    if (const auto* table = fields.Table("guards")) ReadGuards(*table, own.guards, mistakes);
     if (const auto* tables = fields.Table("management"))
         for (const auto& member : tables->members) ReadManagement(member, own, mistakes);
     fields.TellUnknown();
@@ -228,6 +256,7 @@ std::optional<std::string> OwnPartText(const OwnPart& own, std::size_t limit) {
     std::string text;
     if (!own.last.empty()) text += "\n[bridge]\n" + Line("last", Quoted(own.last));
     if (own.ledger != LedgerTerms()) text += LedgerText(own.ledger);
+    if (own.guards != GuardTerms()) text += GuardsText(own.guards);
     for (const auto& management : own.management) text += ManagementText(management);
     for (const auto& permit : own.roasting) text += PermitText(permit);
     if (text.size() > limit) return std::nullopt;

@@ -5,6 +5,7 @@
 // Windows-1252.
 
 #include "bridge/TomlFields.h"
+#include "bridge/guards/GuardTerms.h"
 #include "bridge/ledger/LedgerTerms.h"
 #include "bridge/networks/ManagementTerms.h"
 
@@ -43,6 +44,7 @@ struct OwnPart {
     std::vector<NetworkManagement> management;
     std::vector<RoastingPermit> roasting;
     LedgerTerms ledger;
+    GuardTerms guards;
 
     // Each puts its entry last in the place of an older one, and drops the oldest where there are too many.
     // What couldn't be read back is refused: false, and nothing has changed.

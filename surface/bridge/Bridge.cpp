@@ -87,9 +87,17 @@ void Bridge::Start() {
     Theme()(foot.lstTold);
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
+    TakeGuards(file.Guards());
     ledger.Take(file.Ledger());
     wiring.Reopened();
     chosen.Follow(Options::FileUse::Read, {});
+}
+
+void Bridge::TakeGuards(const GuardTerms& terms) {
+    for (std::size_t index = 0; index < DepartureCount; ++index) {
+        const auto departure = static_cast<Departure>(index);
+        main.Control().Switches().SetGuard(departure, terms.Of(departure));
+    }
 }
 
 void Bridge::Refresh() {

@@ -53,6 +53,7 @@ class Bridge : private News {
   private:
     void BindControls();
     void Refresh();
+    void TakeGuards(const GuardTerms& terms);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
 

@@ -20,7 +20,7 @@ std::string WaysText(const std::string& name, const Network* network) {
         text += (index == 0 ? "" : ", ") + network->hosts[index];
     text += ". Port: " + std::to_string(network->port) + "." + NewLine;
     if (network->ways.none()) return text + "Everything is done as laid down.";
-    for (std::size_t index = 0; index < DepartureCount; ++index) {
+    for (std::size_t index = 0; index < WayCount; ++index) {
         if (!network->ways.test(index)) continue;
         const auto& way = TextOf(static_cast<Departure>(index));
         text += std::string(NewLine) + way.name + NewLine + "  Laid down: " + way.laidDown + NewLine +

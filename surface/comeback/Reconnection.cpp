@@ -52,6 +52,7 @@ void Reconnection::ConnectionLost(std::int16_t Index, const std::string& strDesc
     context.counters.AddAction("Attempting Auto re-connection");
     tmrReconnect->SetInterval(FirstTry);
     tmrReconnect->SetEnabled(true);
+    TellPlan(FirstTry);
     if (!context.options.RejoinError) return;
     QueueRooms(false);
     Rejoining = true;
@@ -70,10 +71,21 @@ void Reconnection::QueueRooms(bool onlyMissing) {
         if (onlyMissing && IsQueued(entry)) continue;
         RejoinQueue.Add(entry);
     }
+    TellQueue();
+}
+
+void Reconnection::TellPlan(int milliseconds) const {
+    if (auto* news = context.control.Tell().news) news->ComebackPlanned(milliseconds);
+}
+
+void Reconnection::TellQueue() const {
+    if (auto* news = context.control.Tell().news) news->RoomsAwaited(RejoinQueue);
 }
 
 void Reconnection::ReconnectTick() {
-    if (!Reconnecting || !context.options.ReconnectOn) return tmrReconnect->SetEnabled(false);
+    const bool goesOn = Reconnecting && context.options.ReconnectOn;
+    TellPlan(goesOn ? NextTries : -1);
+    if (!goesOn) return tmrReconnect->SetEnabled(false);
     if (!view.connection.MayLogin(ConnectionPanel::By::WayBack)) return tmrReconnect->SetInterval(NextTries);
     if (tmrReconnect->Interval() != FirstTry && Alert.Loaded()) {
         Notice("Failed to re-connect!\r\nAttempting again...");
@@ -99,6 +111,7 @@ void Reconnection::LoggedIn(const std::string& strUser) {
 
 void Reconnection::RejoinAfterLogin() {
     Reconnecting = false;
+    TellPlan(-1);
     Notice("Re-connedction successful!"); // the misspelling is settled
     if (RejoinQueue.Count() == 0) {
         tmrReconnect->SetEnabled(false);
@@ -109,6 +122,7 @@ void Reconnection::RejoinAfterLogin() {
         tmrChatRejoin->SetEnabled(true);
     } else {
         RejoinQueue.Clear();
+        TellQueue();
     }
 }
 
@@ -139,6 +153,8 @@ void Reconnection::StopReconnections() {
     RejoinQueue.Clear();
     tmrReconnect->SetEnabled(false);
     tmrChatRejoin->SetEnabled(false);
+    TellPlan(-1);
+    TellQueue();
     Alert.Form_Unload();
 }
 

@@ -65,6 +65,8 @@ class Reconnection {
     void TakeOffQueue(const std::string& strChatName);
     void JoinFailed(std::int16_t intErrorCode);
     void TryAnother(bool allowed);
+    void TellPlan(int milliseconds) const;
+    void TellQueue() const;
     void OpenAlert();
     void Notice(const std::string& text);
 

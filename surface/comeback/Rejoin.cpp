@@ -86,6 +86,7 @@ void Reconnection::TakeOffQueue(const std::string& strChatName) {
             continue;
         }
         RejoinQueue.Remove(position);
+        TellQueue();
         context.counters.AddAction("Successfully rejoined chat!");
         Notice("Successfully rejoined chat '" + strChatName + "'!");
     }
@@ -108,6 +109,7 @@ void Reconnection::LeftChat(const std::string& strChatName, std::int16_t intExch
     const auto entry = NormalizeName(strChatName) + place;
     if (IsQueued(entry)) return;
     RejoinQueue.Add(entry);
+    TellQueue();
     Rejoining = true;
     OpenAlert();
     const auto text = "Connection to chat '" + strChatName + "' Exchange '" + std::to_string(intExchange) +
@@ -122,7 +124,10 @@ void Reconnection::LeftChat(const std::string& strChatName, std::int16_t intExch
 void Reconnection::RejoinTick() {
     if (Reconnecting && tmrReconnect->Enabled())
         return; // a request now would disturb the sign-on; the queue waits for the log-in
-    if (!Rejoining || !view.connection.SignedOn) RejoinQueue.Clear();
+    if (!Rejoining || !view.connection.SignedOn) {
+        RejoinQueue.Clear();
+        TellQueue();
+    }
     if (RejoinQueue.Count() == 0) {
         Rejoining = false;
         tmrChatRejoin->SetEnabled(false);
@@ -170,6 +175,7 @@ void Reconnection::TryAnother(bool allowed) {
         const auto tried = RejoinQueue.Item(1);
         RejoinQueue.Remove(1);
         RejoinQueue.Add(tried);
+        TellQueue();
     }
     if (tmrChatRejoin->Enabled()) return;
     Rejoining = true;

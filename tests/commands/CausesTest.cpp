@@ -29,10 +29,11 @@ struct Hearer : News {
     Lines heard;
 
     void Note(const std::string& fact) { heard.push_back(fact + " <- " + Words(telling.cause)); }
-    void BanWanted(std::int16_t, std::int32_t id, BanKind kind, const std::string& name) override {
+    void BanWanted(std::int16_t, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string&) override {
         Note(std::string(WordOf(kind)) + " " + std::to_string(id) + " " + name);
     }
-    void BanDropped(std::int16_t, std::int32_t id, BanKind kind, const std::string& name,
+    void BanDropped(std::int16_t, std::int32_t id, BanKind kind, const std::string& name, const std::string&,
                     DropReason why) override {
         const char* const reasons[] = {"no room", "rated", "cleared", "locked"};
         Note("drop " + std::string(WordOf(kind)) + " " + std::to_string(id) + " " + name + ": " +

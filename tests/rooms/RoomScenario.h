@@ -15,6 +15,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <set>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -39,6 +40,10 @@ class RecordingHost : public RoomHost {
     void Note(const std::string& text) {
         transcript.push_back(NumberText(static_cast<double>(world.Now() - zero) / 1000) + " " + text);
     }
+    Telling telling;
+    std::set<Departure> guards; ///< that are on
+    Telling& Tell() override { return telling; }
+    bool Guarded(Departure guard, Int, Text) override { return guards.contains(guard); }
     void Say(std::int16_t, const std::string& line) override {
         Note(ToUtf8(line));
         if (onSay) onSay();
@@ -48,6 +53,7 @@ class RecordingHost : public RoomHost {
     }
     void StoreRequest(Text id, Text record) override { Note("store " + id + " " + record); }
     void BanDropped(Text record, DropReason why) override {
+        if (why == DropReason::Lost) return;
         Note((why == DropReason::Rated ? "rate drops " : "cleared ") + record);
     }
     void LiftBan(Text user, Int room) override { Note("lift " + std::to_string(room) + " " + user); }

@@ -173,7 +173,8 @@ std::string Answers::Health() const {
     return Trim(text + (onHealth ? onHealth() : ""));
 }
 
-void Answers::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) {
+void Answers::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                        const std::string&) {
     opBans.erase(id);
     if (!on || IsReadmission(kind)) return;
     if (const auto op = OpOf(options.Control().Tell().cause); !op.empty())

@@ -35,7 +35,8 @@ class Answers : public News {
 
     // News.
     void MessagePassedOver(const std::string& name, const std::string& message) override;
-    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) override;
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string&) override;
     void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override;
     void SignedOff() override;
 

@@ -51,6 +51,7 @@ std::string CauseWords(const ActRow& act, const std::string& who, const std::str
     case CauseKind::Service: return "the service";
     case CauseKind::Undo: return "undo";
     case CauseKind::Answer: return who.empty() ? "an answer by IM" : "an answer by IM to " + who;
+    case CauseKind::Guard: return Joined("guard", entry);
     case CauseKind::Unknown: break;
     }
     return "unknown";
@@ -71,6 +72,8 @@ std::string OutcomeWords(ActOutcome outcome, std::int64_t code, bool asked) {
         case DropReason::Rated: return "dropped: the room was rate-limited";
         case DropReason::Cleared: return "dropped: the queue was emptied";
         case DropReason::Locked: return "dropped: a locked ban holds them";
+        case DropReason::Lost: return "dropped: the room was lost";
+        case DropReason::ByHand: return "dropped: taken out of the queue";
         }
         return "dropped";
     case ActOutcome::Lost: return "lost with its connection";

@@ -199,7 +199,7 @@ void UndoRun::End() {
     if (const auto whenDone = std::exchange(done, nullptr)) whenDone(steps);
 }
 
-void UndoRun::BanWanted(std::int16_t room, std::int32_t id, BanKind, const std::string&) {
+void UndoRun::BanWanted(std::int16_t room, std::int32_t id, BanKind, const std::string&, const std::string&) {
     if (!listening) return;
     asking = id;
     askingIn = room;

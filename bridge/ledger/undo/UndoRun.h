@@ -76,7 +76,8 @@ class UndoRun : public News {
     std::function<void()> onChange;
 
     // News.
-    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name) override;
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string&) override;
     void BanAnswered(std::int16_t room, std::int32_t id, BanVerdict verdict, int word) override;
 
   private:

@@ -57,7 +57,7 @@ struct LedgerScene : EventLog {
 
     void Wait(int ms = 300) { world.RunFor(ms); }
     void Ban(std::int32_t id, const std::string& name, BanKind kind = BanKind::Ban) {
-        ledger->BanWanted(2, id, kind, name);
+        ledger->BanWanted(2, id, kind, name, "");
         ledger->BanAsked(2, id, BanRequestKind::Ban, name);
     }
     /// The service's yes, and what the desk then does.

@@ -77,12 +77,13 @@ TEST(Ledger, SaysWhatBecameOfEachRequest) {
         {"another room answers",
          [](LedgerScene& s) { s.Ban(7, "bob"), s.ledger->BanAnswered(3, 7, BanVerdict::Accepted, 0); },
          "1|bob|5|", "1||;|1|"},
-        {"rated", [](LedgerScene& s) { s.ledger->BanDropped(2, 0, BanKind::Kick, "bob", DropReason::Rated); },
+        {"rated",
+         [](LedgerScene& s) { s.ledger->BanDropped(2, 0, BanKind::Kick, "bob", "", DropReason::Rated); },
          "3|bob|4|2"},
         {"waited and was cleared",
          [](LedgerScene& s) {
-             s.ledger->BanWanted(2, 7, BanKind::TimeBan, "bob");
-             s.ledger->BanDropped(2, 7, BanKind::TimeBan, "bob", DropReason::Cleared);
+             s.ledger->BanWanted(2, 7, BanKind::TimeBan, "bob", "");
+             s.ledger->BanDropped(2, 7, BanKind::TimeBan, "bob", "", DropReason::Cleared);
          },
          "4|bob|4|3"},
         {"room left", [](LedgerScene& s) { s.Ban(7, "bob"), s.ledger->RoomLeft(2, "The Lobby", "error"); },
@@ -109,7 +110,7 @@ TEST(Ledger, SaysWhatBecameOfEachRequest) {
         EXPECT_EQ(scene.Findings(), Lines{});
     }
     LedgerScene scene;
-    scene.ledger->BanWanted(2, 7, BanKind::Ban, "bob");
+    scene.ledger->BanWanted(2, 7, BanKind::Ban, "bob", "");
     scene.Wait(1300);
     scene.ledger->BanAsked(2, 7, BanRequestKind::Ban, "bob");
     EXPECT_EQ(scene.Rows("SELECT queued, asked FROM acts"), (Lines{"0|1300"}));

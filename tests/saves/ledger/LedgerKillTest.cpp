@@ -86,7 +86,7 @@ class Child : EventLog {
             const auto line = "ban " + name;
             const CauseScope said(control.Tell(),
                                   {.kind = CauseKind::OpLine, .who = "roomboss", .line = line});
-            ledger.BanWanted(0, id, BanKind::Ban, name);
+            ledger.BanWanted(0, id, BanKind::Ban, name, "");
             ledger.BanAsked(0, id, BanRequestKind::Ban, name);
             ledger.BanAnswered(0, id, BanVerdict::Accepted, 0);
             const CauseScope yes(control.Tell(), {.kind = CauseKind::Reply, .request = id});

@@ -1,0 +1,28 @@
+#pragma once
+
+// When what waits in a room will go, by the pauses that run: the room's own rules, played through on a copy.
+
+#include "bridge/watch/Truth.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace halyard {
+
+/// What holds a waiting thing up longest.
+enum class Holdup { Pause, Ahead, Rated };
+
+struct Departing {
+    std::int64_t number = 0; ///< of the line, or the id of the ban
+    std::int64_t at = -1;    ///< ms as Truth has them; -1: not until somebody frees the room
+    Holdup why = Holdup::Pause;
+    bool overtaken = false; ///< it will never be said: it goes when a line behind it does
+};
+
+/// In the order of the queue. At most the first 500 are played through; what is behind them has the moment
+/// of the last.
+std::vector<Departing> ForecastLines(const RoomTruth& room, std::int64_t now);
+/// `banPause` in seconds, as TillerSock::sngBanPause or the room's own.
+std::vector<Departing> ForecastBans(const RoomTruth& room, std::int64_t now, float banPause);
+
+} // namespace halyard
