@@ -125,11 +125,39 @@ struct GapFact {
     std::int64_t facts = 0;
 };
 
+/// A minute of the bot, as a whole. Seconds and counts within the minute, unless said otherwise.
+struct SampleFact {
+    std::int64_t minute = 0;           ///< since 1970
+    int online = 0;                    ///< seconds
+    int rooms = 0, people = 0;         ///< at its end
+    int ratedBans = 0, ratedLines = 0; ///< seconds in which a room was
+    int heard = 0, said = 0, dropped = 0;
+    int linesWaiting = 0, bansWaiting = 0; ///< the most at one time
+    int byAutoban = 0, byAutoword = 0, byGhost = 0, byICQ = 0, byChars = 0, byOps = 0, byOthers = 0; ///< bans
+};
+
+/// An alarm rang, rang again, ended, or was held back.
+struct AlarmFact {
+    std::int64_t at = 0;
+    int kind = 0;
+    std::string subject;
+    int reason = 0;
+    std::string words;
+};
+
+/// Comes on top of what the day has already.
+struct GuardFact {
+    std::int64_t day = 0; ///< since 1970
+    std::string guard;
+    bool acted = false;
+    std::int64_t count = 0;
+};
+
 struct RunEndFact {
     std::int64_t at = 0;
 };
 
 using Fact = std::variant<CauseFact, ActFact, StepFact, UndoneFact, ChangeFact, WholeFact, ConnectionFact,
-                          EvidenceFact, NoteFact, GapFact, RunEndFact>;
+                          EvidenceFact, NoteFact, GapFact, RunEndFact, SampleFact, AlarmFact, GuardFact>;
 
 } // namespace halyard

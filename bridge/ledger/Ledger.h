@@ -65,6 +65,8 @@ class Ledger : public News {
     /// Of a person, by an author, who may be empty for the operator. An act as well, with its number.
     std::int64_t AddNote(NoteKind kind, const std::string& person, const std::string& author,
                          const std::string& text);
+    /// What watch and guards keep, as it is.
+    void Keep(Fact&& fact) { queue.Add(std::move(fact)); }
     /// What happens from here on takes back the act `takesBack` as a step of the undo act `undo`, until it
     /// ends with 0, 0.
     void TakeBack(std::int64_t undo, std::int64_t takesBack) { undoing = {undo, takesBack}; }

@@ -76,6 +76,23 @@ CREATE VIRTUAL TABLE words USING fts5(
   text, content='', detail=none, columnsize=0, tokenize='unicode61 remove_diacritics 2');
 )";
 
+// What the watch keeps: a row a minute, what rang, and how often each guard was asked.
+constexpr const char* Migration2 = R"(
+CREATE TABLE samples(
+  minute INTEGER PRIMARY KEY, online INTEGER NOT NULL, rooms INTEGER NOT NULL, people INTEGER NOT NULL,
+  rated_bans INTEGER NOT NULL, rated_lines INTEGER NOT NULL, heard INTEGER NOT NULL, said INTEGER NOT NULL,
+  dropped INTEGER NOT NULL, lines_waiting INTEGER NOT NULL, bans_waiting INTEGER NOT NULL,
+  by_autoban INTEGER NOT NULL, by_autoword INTEGER NOT NULL, by_ghost INTEGER NOT NULL,
+  by_icq INTEGER NOT NULL, by_chars INTEGER NOT NULL, by_ops INTEGER NOT NULL,
+  by_others INTEGER NOT NULL) STRICT;
+CREATE TABLE alarms(
+  id INTEGER PRIMARY KEY, at INTEGER NOT NULL, kind INTEGER NOT NULL, subject TEXT NOT NULL,
+  reason INTEGER NOT NULL CHECK(reason BETWEEN 0 AND 4), words TEXT NOT NULL) STRICT;
+CREATE TABLE guard_counts(
+  day INTEGER NOT NULL, guard TEXT NOT NULL, acted INTEGER NOT NULL CHECK(acted IN (0, 1)),
+  count INTEGER NOT NULL, PRIMARY KEY(day, guard, acted)) STRICT, WITHOUT ROWID;
+)";
+
 } // namespace
 
 std::string_view ActWord(ActKind kind) {
@@ -94,10 +111,10 @@ DatabaseSpec LedgerSpec(const std::string& path, std::int64_t calendarSeconds) {
     DatabaseSpec spec;
     spec.path = path;
     spec.applicationId = 0x486C6467; // "Hldg"
-    spec.migrations = {Migration1};
-    spec.tables = {"runs",   "networks", "accounts", "rooms",   "persons",  "rules",
-                   "causes", "acts",     "requests", "changes", "contents", "wholes",
-                   "stages", "gaps",     "evidence", "notes",   "words"};
+    spec.migrations = {Migration1, Migration2};
+    spec.tables = {"runs",     "networks", "accounts", "rooms",    "persons", "rules",       "causes",
+                   "acts",     "requests", "changes",  "contents", "wholes",  "stages",      "gaps",
+                   "evidence", "notes",    "words",    "samples",  "alarms",  "guard_counts"};
     spec.calendarSeconds = calendarSeconds;
     return spec;
 }

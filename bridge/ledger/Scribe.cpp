@@ -225,4 +225,39 @@ void Scribe::Put(Connection& file, const RunEndFact& fact) {
     file.Prepare("UPDATE runs SET ended = ? WHERE id = ?").Bind(1, fact.at).Bind(2, began.run).Step();
 }
 
+/// A clock that was set back comes by a minute twice: the later one counts.
+void Scribe::Put(Connection& file, const SampleFact& fact) {
+    auto& add =
+        file.Prepare("INSERT OR REPLACE INTO samples VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                     "?, ?, ?, ?)");
+    int position = 0;
+    add.Bind(++position, fact.minute);
+    for (const int value :
+         {fact.online, fact.rooms, fact.people, fact.ratedBans, fact.ratedLines, fact.heard, fact.said,
+          fact.dropped, fact.linesWaiting, fact.bansWaiting, fact.byAutoban, fact.byAutoword, fact.byGhost,
+          fact.byICQ, fact.byChars, fact.byOps, fact.byOthers})
+        add.Bind(++position, static_cast<std::int64_t>(value));
+    add.Step();
+}
+
+void Scribe::Put(Connection& file, const AlarmFact& fact) {
+    file.Prepare("INSERT INTO alarms(at, kind, subject, reason, words) VALUES(?, ?, ?, ?, ?)")
+        .Bind(1, fact.at)
+        .Bind(2, std::int64_t{fact.kind})
+        .Bind(3, ToUtf8(fact.subject))
+        .Bind(4, std::int64_t{fact.reason})
+        .Bind(5, ToUtf8(fact.words))
+        .Step();
+}
+
+void Scribe::Put(Connection& file, const GuardFact& fact) {
+    file.Prepare("INSERT INTO guard_counts VALUES(?, ?, ?, ?) "
+                 "ON CONFLICT DO UPDATE SET count = count + excluded.count")
+        .Bind(1, fact.day)
+        .Bind(2, fact.guard)
+        .Bind(3, std::int64_t{fact.acted})
+        .Bind(4, fact.count)
+        .Step();
+}
+
 } // namespace halyard

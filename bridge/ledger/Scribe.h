@@ -44,6 +44,9 @@ class Scribe {
     void Put(Connection& file, const NoteFact& fact);
     void Put(Connection& file, const GapFact& fact);
     void Put(Connection& file, const RunEndFact& fact);
+    void Put(Connection& file, const SampleFact& fact);
+    void Put(Connection& file, const AlarmFact& fact);
+    void Put(Connection& file, const GuardFact& fact);
     void PutRequest(Connection& file, const StepFact& fact, std::int64_t act);
     void AnswerRequest(Connection& file, const StepFact& fact, std::int64_t act);
     Origin OriginOf(Connection& file, std::int64_t cause);
