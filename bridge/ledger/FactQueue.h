@@ -51,6 +51,8 @@ class FactQueue {
 
     /// False when there will be no file: facts are passed over.
     bool Keeps() const { return state != State::Refused; }
+    /// The file can't be written now, or there will be none.
+    bool Fails() const { return failing || state == State::Refused; }
     /// Null until the file is open.
     Database* Records() { return state == State::Ready ? database.get() : nullptr; }
     /// How many acts the file held before this run; nothing until it is known.

@@ -134,6 +134,7 @@ struct SampleFact {
     int heard = 0, said = 0, dropped = 0;
     int linesWaiting = 0, bansWaiting = 0; ///< the most at one time
     int byAutoban = 0, byAutoword = 0, byGhost = 0, byICQ = 0, byChars = 0, byOps = 0, byOthers = 0; ///< bans
+    bool operator==(const SampleFact&) const = default;
 };
 
 /// An alarm rang, rang again, ended, or was held back.

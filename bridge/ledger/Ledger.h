@@ -51,6 +51,8 @@ class Ledger : public News {
     /// Somebody is to be forgotten: what waits is written, and nothing said or known of persons stays in
     /// memory.
     void BeforeForgetting();
+    /// What is told isn't written now.
+    bool Fails() const { return queue.Fails(); }
     /// For reading and keeping; null while the file isn't open.
     Database* Records() { return queue.Records(); }
 

@@ -98,6 +98,10 @@ bool BridgeFile::SetGuards(const GuardTerms& terms) {
     return Change([&](OwnPart& part) { return part.guards = terms, true; });
 }
 
+bool BridgeFile::SetWatch(const WatchTerms& terms) {
+    return Change([&](OwnPart& part) { return part.watch = terms, true; });
+}
+
 std::optional<std::string> BridgeFile::Bytes() {
     if (path.empty() || !files.Exists(path)) return "";
     return files.Read(path, LargestFile);

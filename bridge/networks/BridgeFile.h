@@ -64,6 +64,10 @@ class BridgeFile {
     const GuardTerms& Guards() const { return own.guards; }
     bool SetGuards(const GuardTerms& terms);
 
+    /// What is seen of the watch in the main window.
+    const WatchTerms& Watch() const { return own.watch; }
+    bool SetWatch(const WatchTerms& terms);
+
   private:
     /// The bytes of the file; empty when there is none, nothing when they can't be had.
     std::optional<std::string> Bytes();

@@ -114,6 +114,12 @@ void ReadGuards(const TomlValue& table, GuardTerms& terms, TomlMistakes& mistake
     fields.TellUnknown();
 }
 
+void ReadWatch(const TomlValue& table, WatchTerms& terms, TomlMistakes& mistakes) {
+    TomlFields fields(table, "watch", mistakes);
+    terms.foot = fields.Switch("foot").value_or(terms.foot);
+    fields.TellUnknown();
+}
+
 /// A text in quotes, as TOML has it. Characters that it forbids, and those that no font shows, are written by
 /// their numbers.
 std::string Quoted(std::string_view text) {
@@ -174,6 +180,8 @@ std::string GuardsText(const GuardTerms& terms) {
     }
     return text;
 }
+
+std::string WatchText(const WatchTerms& terms) { return "\n[watch]\n" + Line("foot", Word(terms.foot)); }
 
 bool IsDays(int days) { return days >= 0 && days <= LedgerTerms::LongestDays; }
 
@@ -246,6 +254,7 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
     }
     if (const auto* table = fields.Table("ledger")) ReadLedger(*table, own.ledger, mistakes);
     if (const auto* table = fields.Table("guards")) ReadGuards(*table, own.guards, mistakes);
+    if (const auto* table = fields.Table("watch")) ReadWatch(*table, own.watch, mistakes);
     if (const auto* tables = fields.Table("management"))
         for (const auto& member : tables->members) ReadManagement(member, own, mistakes);
     fields.TellUnknown();
@@ -257,6 +266,7 @@ std::optional<std::string> OwnPartText(const OwnPart& own, std::size_t limit) {
     if (!own.last.empty()) text += "\n[bridge]\n" + Line("last", Quoted(own.last));
     if (own.ledger != LedgerTerms()) text += LedgerText(own.ledger);
     if (own.guards != GuardTerms()) text += GuardsText(own.guards);
+    if (own.watch != WatchTerms()) text += WatchText(own.watch);
     for (const auto& management : own.management) text += ManagementText(management);
     for (const auto& permit : own.roasting) text += PermitText(permit);
     if (text.size() > limit) return std::nullopt;

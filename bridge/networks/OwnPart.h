@@ -1,13 +1,14 @@
 #pragma once
 
 // The part of bridge.toml that Halyard writes itself: which network was chosen where, what it may do with the
-// management of each, to which hosts roasted passwords may go, and what is wanted of the ledger. Texts are
-// Windows-1252.
+// management of each, to which hosts roasted passwords may go, and what is wanted of the ledger and of the
+// watch. Texts are Windows-1252.
 
 #include "bridge/TomlFields.h"
 #include "bridge/guards/GuardTerms.h"
 #include "bridge/ledger/LedgerTerms.h"
 #include "bridge/networks/ManagementTerms.h"
+#include "bridge/watch/WatchTerms.h"
 
 #include <optional>
 #include <string>
@@ -45,6 +46,7 @@ struct OwnPart {
     std::vector<RoastingPermit> roasting;
     LedgerTerms ledger;
     GuardTerms guards;
+    WatchTerms watch;
 
     // Each puts its entry last in the place of an older one, and drops the oldest where there are too many.
     // What couldn't be read back is refused: false, and nothing has changed.

@@ -141,6 +141,8 @@ class Truth : public News {
     const std::deque<DroppedThing>& Dropped() const { return dropped; }
     std::uint64_t DroppedCount() const { return droppedCount; }
     const std::string& AccountName() const { return name; }
+    /// Lines of others heard in all rooms since the start.
+    std::uint64_t HeardCount() const { return heardCount; }
     std::int64_t Now() const;
 
     // News: connections (Truth.cpp).
@@ -199,6 +201,7 @@ class Truth : public News {
     Telling& telling;
     std::uint64_t version = 0;
     std::uint64_t droppedCount = 0;
+    std::uint64_t heardCount = 0;
     std::string name;
     StageTruth account, main, navigation;
     std::map<std::int16_t, RoomTruth> rooms;

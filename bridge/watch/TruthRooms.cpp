@@ -55,6 +55,7 @@ void Truth::HearLine(std::int16_t slot, std::string_view snac, std::int64_t now)
     while (!heard.empty() && (heard.front() <= now - RoomMinute || heard.size() >= RoomTruth::MostHeard))
         heard.pop_front();
     heard.push_back(now);
+    ++heardCount;
 }
 
 AbsentRoom& Truth::Miss(const std::string& room, std::int16_t exchange) {

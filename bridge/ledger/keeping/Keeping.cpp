@@ -11,6 +11,7 @@ namespace halyard {
 
 namespace {
 
+constexpr std::int64_t SampleMs = 60'000;
 constexpr std::int64_t DayMs = std::int64_t{24} * 60 * 60 * 1000;
 
 std::int64_t NumberOf(Connection& file, const char* sql, std::int64_t bound) {
@@ -49,6 +50,12 @@ constexpr const char* Causes =
 constexpr const char* Contents = "DELETE FROM contents WHERE id IN (SELECT id FROM contents WHERE id > ? AND "
                                  "id NOT IN (SELECT content FROM wholes) LIMIT 200)";
 
+constexpr const char* OldSamples = "DELETE FROM samples WHERE minute IN (SELECT minute FROM samples WHERE "
+                                   "minute < ? ORDER BY minute LIMIT 200)";
+constexpr const char* OldAlarms =
+    "DELETE FROM alarms WHERE id IN (SELECT id FROM alarms WHERE at < ? ORDER BY id LIMIT 200)";
+constexpr const char* OldCounts = "DELETE FROM guard_counts WHERE day < ?";
+
 /// The first cause that something which stays points at. Scopes around it have lower numbers than it.
 std::int64_t FirstCause(Connection& file) {
     auto first = NumberOf(file, "SELECT min(cause) - ? FROM acts", 0);
@@ -65,7 +72,8 @@ std::int64_t FirstCause(Connection& file) {
 
 Pruning::Pruning(const KeepDays& days, std::int64_t now)
     : textsBefore(days.texts > 0 ? now - days.texts * DayMs : 0),
-      actsBefore(days.acts > 0 ? now - days.acts * DayMs : 0) {}
+      actsBefore(days.acts > 0 ? now - days.acts * DayMs : 0), samplesBefore(now - KeepDays::Samples * DayMs),
+      alarmsBefore(now - KeepDays::Alarms * DayMs) {}
 
 /// Numbers grow with time, but for a clock that was set back. The newest act and change stay, so that no
 /// number is given out twice.
@@ -110,6 +118,7 @@ bool Pruning::Step(Connection& file) {
             continue;
         case Part::Acts: did = acts && PruneActs(file); break;
         case Part::Others: did = acts && PruneOthers(file); break;
+        case Part::Watch: did = PruneWatch(file); break;
         case Part::Done: break;
         }
         if (did) return true;
@@ -183,6 +192,11 @@ bool Pruning::PruneOthers(Connection& file) {
     return PruneRows(file, Changes, cutChange) || PruneRows(file, Stages, actsBefore) ||
            PruneRows(file, LoneReplies, actsBefore) || PruneRows(file, Causes, FirstCause(file)) ||
            PruneRows(file, Contents, 0);
+}
+
+bool Pruning::PruneWatch(Connection& file) {
+    return PruneRows(file, OldSamples, samplesBefore / SampleMs) ||
+           PruneRows(file, OldAlarms, alarmsBefore) || PruneRows(file, OldCounts, alarmsBefore / DayMs);
 }
 
 } // namespace halyard

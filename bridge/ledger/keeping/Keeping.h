@@ -11,8 +11,10 @@
 namespace halyard {
 
 struct KeepDays {
-    int texts = 180; ///< lines, reasons, evidence and appeals; 0 for ever
-    int acts = 0;    ///< whole acts, with all that hangs on them; 0 for ever
+    int texts = 180;                   ///< lines, reasons, evidence and appeals; 0 for ever
+    int acts = 0;                      ///< whole acts, with all that hangs on them; 0 for ever
+    static constexpr int Samples = 30; ///< what the watch kept of each minute
+    static constexpr int Alarms = 400; ///< what rang, and the guards' counts
 };
 
 /// One going over the file, in steps that are transactions of their own.
@@ -27,7 +29,7 @@ class Pruning {
     std::int64_t Rows() const { return rows; } ///< gone so far
 
   private:
-    enum class Part { Causes, Evidence, Appeals, Cut, Acts, Others, Done };
+    enum class Part { Causes, Evidence, Appeals, Cut, Acts, Others, Watch, Done };
 
     void Begin(Connection& file);
     bool PruneTexts(Connection& file);
@@ -35,8 +37,10 @@ class Pruning {
     void WriteCut(Connection& file);
     bool PruneActs(Connection& file);
     bool PruneOthers(Connection& file);
+    bool PruneWatch(Connection& file);
 
-    std::int64_t textsBefore, actsBefore; ///< moments; 0: none goes
+    std::int64_t textsBefore, actsBefore;     ///< moments; 0: none goes
+    std::int64_t samplesBefore, alarmsBefore; ///< moments
     Part part = Part::Causes;
     bool begun = false;
     std::int64_t firstText = 0; ///< cause whose texts stay

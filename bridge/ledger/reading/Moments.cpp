@@ -56,6 +56,18 @@ std::string ShownMoment(std::int64_t utcMilliseconds) {
     return Shown(utcMilliseconds, "%Y-%m-%d %H:%M:%S %Z");
 }
 
+std::string WrittenMoment(std::int64_t utcMilliseconds) {
+    const auto seconds = static_cast<std::time_t>(utcMilliseconds / Second);
+    std::tm parts{};
+    char text[40];
+    if (gmtime_r(&seconds, &parts) == nullptr ||
+        std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts) == 0)
+        return {};
+    return text;
+}
+
+std::string ShownClock(std::int64_t utcMilliseconds) { return Shown(utcMilliseconds, "%H:%M:%S"); }
+
 std::string ShownDay(std::int64_t utcMilliseconds) { return Shown(utcMilliseconds, "%Y-%m-%d"); }
 
 std::optional<std::int64_t> ReadMoment(std::string_view text, std::int64_t now) {

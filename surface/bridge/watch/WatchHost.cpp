@@ -7,12 +7,15 @@
 namespace halyard {
 
 WatchHost::WatchHost(frmMain& main, NewsFan& heard)
-    : truth(main.Context().platform, main.Control().Tell()), main(main), heard(heard) {
+    : truth(main.Context().platform, main.Control().Tell()),
+      samples(main.Context().platform, main.Control().Tell(), truth), main(main), heard(heard) {
     heard.Add(truth);
+    heard.Add(samples);
     main.Control().Tell().frames = &truth;
 }
 
 WatchHost::~WatchHost() {
+    heard.Remove(samples);
     heard.Remove(truth);
     if (main.Control().Tell().frames == &truth) main.Control().Tell().frames = nullptr;
 }

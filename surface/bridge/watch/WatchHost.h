@@ -2,6 +2,7 @@
 
 // The watch at this desk: what is true, and who looks at it. The bridge owns the one.
 
+#include "bridge/watch/Samples.h"
 #include "bridge/watch/Truth.h"
 
 namespace halyard {
@@ -18,6 +19,7 @@ class WatchHost {
     WatchHost& operator=(const WatchHost&) = delete;
 
     Truth truth;
+    Samples samples;
 
   private:
     frmMain& main;
