@@ -126,6 +126,7 @@ void Invariants::Check() {
     if (!enforced) CheckReplies(); // else none tells what is done
     CheckTimeBans();
     if (ledger) Violate(ledger->Check(world.Now()));
+    if (truth) Violate(truth->Check(world.Now()));
     if (enforced)
         Violate(enforced->Check(world.Now()));
     else if (openServer)

@@ -10,6 +10,7 @@
 #include "soak/watch/LedgerWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
+#include "soak/watch/TruthWatch.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,6 +35,7 @@ class Invariants : public TapListener {
     bool openServer = false;               ///< a service that enforces no bans
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
     std::optional<LedgerWatch> ledger;     ///< with the bridge
+    std::optional<TruthWatch> truth;       ///< too
 
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
