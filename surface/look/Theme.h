@@ -3,6 +3,7 @@
 // The colours of every window, as blue-green-red integers; negative ones are the system's.
 
 #include "platform/Controls.h"
+#include "platform/Strips.h"
 #include "platform/Table.h"
 
 namespace halyard {
@@ -26,6 +27,7 @@ class Theme {
     void operator()(OptionGroup& group) const { group.SetColors(WindowBack, WindowFore); }
     void operator()(ListBox& list) const { list.SetColors(FieldBack, FieldFore); }
     void operator()(TableBox& table) const { table.SetColors(FieldBack, FieldFore); }
+    void operator()(Strips& strips) const { strips.SetColors(FieldBack, FieldFore); }
     void operator()(Gauge& gauge) const { gauge.SetColors(FieldBack, FieldFore); }
     void operator()(TextBox& box) const { box.SetColors(FieldBack, FieldFore); }
     void operator()(ComboBox& box) const { box.SetColors(FieldBack, FieldFore); }

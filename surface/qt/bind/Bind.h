@@ -4,6 +4,7 @@
 // control's handlers. No rule of the bot's stands here. The widgets have no parent yet: a layout gives them
 // one. A text box, list or combo box has no caption of its own, so it is named after the caption beside it.
 
+#include "platform/Strips.h"
 #include "platform/Table.h"
 #include "surface/qt/bind/ByHand.h"
 #include "surface/qt/bind/Follow.h"
@@ -57,6 +58,8 @@ QComboBox* BindCombo(ComboBox& box, const std::string& name);
 QComboBox* BindChoice(ChoiceBox& box, const std::string& name);
 QListView* BindList(ListBox& list, const std::string& name);
 QTreeView* BindTable(TableBox& table, const std::string& name);
+/// Its name is its caption: what holds at the point.
+QWidget* BindStrips(Strips& strips);
 QProgressBar* BindGauge(Gauge& gauge, const std::string& name);
 
 /// A titled group around what the caller lays out in it.
