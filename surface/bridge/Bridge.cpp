@@ -28,14 +28,19 @@ Bridge::Bridge(frmMain& main)
     : watch(main, heard), file(main.Context().platform.FileSystem()), foot(main.Context().platform),
       chosen(main, file), check(main.Context().platform, main.Control()),
       window(main.Context(), file, chosen, foot, check), ledgerWindow(main.Context()),
-      ledgerTerms(main.Context(), file),
+      ledgerTerms(main.Context(), file), watchWindow(main.Context(), watch.truth, watch.samples),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
-      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
-      wiring(main, ledger, ledgerWindow), main(main) {
+      ledger(main, heard,
+             [this](const std::string& text) {
+                 foot.Tell(text);
+                 watchWiring.Changed(); // it may be that the ledger can't be written
+             }),
+      wiring(main, ledger, ledgerWindow), watchWiring(main, ledger, watch, {foot, watchWindow, ledgerWindow}),
+      main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -64,10 +69,18 @@ void Bridge::BindControls() {
     row.cmdNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
+    bar.mnuWatch.Click = [this] { watchWindow.Show(); };
+    bar.mnuFootLine.Click = [this] {
+        const bool seen = !file.Watch().foot;
+        ShowFoot(seen);
+        if (!file.SetWatch({.foot = seen})) foot.Tell("bridge.toml could not be written.");
+    };
+    for (auto& label : foot.lblStanding) label.Click = [this] { watchWindow.Show(); };
     bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);
         wiring.Reopened();
+        watchWiring.Reopened();
     };
     window.management.onApplied = [this](const std::string& network) {
         if (network == chosen.OfSignOn()) Enforce(network);
@@ -84,14 +97,21 @@ void Bridge::BindControls() {
 void Bridge::Start() {
     row.EachControl(Theme());
     bar.lblBridge.SetColors(Theme::ButtonBack, Theme::ButtonFore); // as the entries above it
-    Theme()(foot.lblFoot);
-    Theme()(foot.lstTold);
+    foot.EachControl(Theme());
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
     TakeGuards(file.Guards());
     ledger.Take(file.Ledger());
     wiring.Reopened();
+    ShowFoot(file.Watch().foot);
+    watch.samples.Start();
+    watchWiring.Reopened();
     chosen.Follow(Options::FileUse::Read, {});
+}
+
+void Bridge::ShowFoot(bool seen) {
+    foot.FrameFoot.SetVisible(seen);
+    bar.mnuFootLine.SetCaption(seen ? "Hide Foot Line" : "Show Foot Line");
 }
 
 void Bridge::TakeGuards(const GuardTerms& terms) {

@@ -18,6 +18,8 @@
 #include "surface/bridge/NetworkWindow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
 #include "surface/bridge/watch/WatchHost.h"
+#include "surface/bridge/watch/WatchWindow.h"
+#include "surface/bridge/watch/WatchWiring.h"
 
 #include <string>
 
@@ -47,14 +49,17 @@ class Bridge : private News {
     NetworkWindow window;
     LedgerWindow ledgerWindow;
     LedgerTermsWindow ledgerTerms;
+    WatchWindow watchWindow;
     BanAnswers answers;
     Enforcement enforcement;
     LedgerHost ledger;
     LedgerWiring wiring;
+    WatchWiring watchWiring;
 
   private:
     void BindControls();
     void Refresh();
+    void ShowFoot(bool seen);
     void TakeGuards(const GuardTerms& terms);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);

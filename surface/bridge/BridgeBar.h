@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuLedgerTerms, &mnuFootLine};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -18,7 +18,9 @@ class BridgeBar {
     Menu mnuBridge{"mnuBridge", "Bridge"};
     Menu mnuNetwork{"mnuNetwork", "Network\x85"};
     Menu mnuLedger{"mnuLedger", "Ledger\x85"};
+    Menu mnuWatch{"mnuWatch", "Watch\x85"};
     Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
+    Menu mnuFootLine{"mnuFootLine", "Hide Foot Line"}; ///< or show it
 };
 
 } // namespace halyard

@@ -2,6 +2,7 @@
 
 #include "base/Latin1.h"
 #include "base/Text.h"
+#include "bridge/ledger/reading/Moments.h"
 #include "platform/Platform.h"
 #include "surface/look/ControlArrays.h"
 
@@ -76,6 +77,13 @@ void LedgerWindow::Reopened() {
 void LedgerWindow::ShowPerson(const std::string& name) {
     if (!Loaded()) Show();
     Go({Person, 0, ToUtf8(name), {}});
+    Show();
+}
+
+void LedgerWindow::ShowBetween(std::int64_t since, std::int64_t until) {
+    if (!Loaded()) Show();
+    ShowPage(false);
+    Go({All, 0, {}, "since:" + WrittenMoment(since) + " until:" + WrittenMoment(until)});
     Show();
 }
 

@@ -60,6 +60,8 @@ class LedgerWindow : public Opened<LedgerWindow> {
     void Tell(const std::string& words) { lblHappened.SetCaption(words); }
     /// The acts of a person (a name, Windows-1252), as from elsewhere in the program.
     void ShowPerson(const std::string& name);
+    /// The acts from `since` on and before `until`, ms UTC, as from elsewhere in the program.
+    void ShowBetween(std::int64_t since, std::int64_t until);
 
     template <typename Visit>
     void EachControl(Visit&& visit) {

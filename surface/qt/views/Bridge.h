@@ -14,11 +14,13 @@ class LedgerTermsWindow;
 class LedgerWindow;
 class NetworkRow;
 class NetworkWindow;
+class WatchWindow;
 
 QWidget* DrawNetworkRow(NetworkRow& row);
 QWidget* DrawFootLine(FootLine& foot);
 std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
+std::unique_ptr<FormWindow> DrawWatch(WatchWindow& model);
 std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
 
 } // namespace halyard

@@ -7,19 +7,26 @@ namespace halyard {
 
 namespace {
 
-constexpr int SideMargin = 9; // as wide as a layout's, so that the text stands below the others
-constexpr int FewestWide = 16;
+constexpr int SideMargin = 6;
 
 } // namespace
 
-FootView::FootView() {
+FootView::FootView(int letters) : letters(letters) {
     setFocusPolicy(Qt::StrongFocus);
+    setBackgroundRole(QPalette::Window); // the colour of what it says
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
+/// A whole text, as long as it is a short one.
 QSize FootView::sizeHint() const {
+    const auto least = minimumSizeHint();
+    const auto whole = fontMetrics().horizontalAdvance(text()) + 2 * SideMargin + 2;
+    return {qBound(least.width(), whole, 3 * least.width()), least.height()};
+}
+
+QSize FootView::minimumSizeHint() const {
     const auto metrics = fontMetrics();
-    return {FewestWide * metrics.averageCharWidth(), metrics.lineSpacing() + 6};
+    return {letters * metrics.averageCharWidth() + 2 * SideMargin, metrics.lineSpacing() + 6};
 }
 
 void FootView::paintEvent(QPaintEvent*) {

@@ -1,6 +1,7 @@
 #pragma once
 
-// A line of a window that is pressed like a button and looks like a text; what is too long is elided.
+// A line of a window, or a part of one, that is pressed like a button and looks like a text; what is too long
+// is elided.
 
 #include <QAbstractButton>
 
@@ -8,14 +9,18 @@ namespace halyard {
 
 class FootView : public QAbstractButton {
   public:
-    FootView();
+    /// So many average letters wide, at least.
+    explicit FootView(int letters);
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     /// Space presses every button; here Enter does, too.
     void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    int letters;
 };
 
 } // namespace halyard
