@@ -50,13 +50,13 @@ TEST_F(WatchScene, SaysInSixWordsHowTheBotIs) {
     for (int line = 0; line < 40; ++line) people.Say("lobby", "alice", "talk"), Wait(0.5);
     EXPECT_EQ(painted, 0) << "nothing that it says is another";
     for (int turn = 0; turn < 50; ++turn) {
-        people.SetRate("lobby", "harbourbot", 5, turn % 2 ? RateCode::Clear : RateCode::Limited);
+        people.SetRate("lobby", "harbourbot", 5, turn % 2 ? RateCode::Clear : RateCode::Limit);
         Wait(0.02);
     }
     EXPECT_GT(painted, 0);
     EXPECT_LE(painted, 2 * 5) << "words and colour, four times a second";
 
-    people.SetRate("lobby", "harbourbot", 5, RateCode::Limited);
+    people.SetRate("lobby", "harbourbot", 5, RateCode::Limit);
     Wait(1);
     EXPECT_EQ(Foot()[2], "Limited: lobby");
     people.Drop("harbourbot");

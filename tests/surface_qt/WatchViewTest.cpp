@@ -34,7 +34,9 @@ TEST_F(WatchView, IsOpenedFromTheFootLineAndWorkedByKeys) {
     EXPECT_TRUE(Find<QWidget>("lblFoot").hasFocus()) << "no other control takes the next key";
     Wait(11);
     EXPECT_TRUE(field.hasFocus());
-    QTest::keyClick(&field, Qt::Key_Return);
+    QTest::keyClick(&field, Qt::Key_Right);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Rooms: 1 room");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     Settle();
     ASSERT_TRUE(Window("frmWatch"));
     QApplication::setActiveWindow(Window("frmWatch"));

@@ -75,7 +75,10 @@ QWidget* DrawFootLine(FootLine& foot) {
     auto* fields = new QHBoxLayout(standing);
     for (std::size_t index = 0; auto& label : foot.lblStanding) {
         const std::string name = FootFieldName(index++);
-        fields->addWidget(BindFoot(label, FieldLetters, name, name + ": "));
+        auto* field = BindFoot(label, FieldLetters, name, name + ": ");
+        if (fields->count() > 0)
+            field->setFocusPolicy(Qt::ClickFocus); // one stop of Tab's, then Left and Right
+        fields->addWidget(field);
     }
     auto* place = BindPlace(foot.FrameFoot, "Foot line");
     auto* row = new QHBoxLayout(place);

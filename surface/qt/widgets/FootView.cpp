@@ -40,7 +40,15 @@ void FootView::paintEvent(QPaintEvent*) {
     painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
+void FootView::GoBeside(int step) {
+    const auto all = parentWidget()->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto place = all.indexOf(static_cast<QAbstractButton*>(this)) + step;
+    if (place >= 0 && place < all.size()) all[place]->setFocus(Qt::OtherFocusReason);
+}
+
 void FootView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Left) return GoBeside(-1);
+    if (event->key() == Qt::Key_Right) return GoBeside(1);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
     QAbstractButton::keyPressEvent(event);
 }

@@ -16,10 +16,12 @@ class FootView : public QAbstractButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
-    /// Space presses every button; here Enter does, too.
+    /// Space presses every button; here Enter does, too. Left and Right go to the neighbours.
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void GoBeside(int step);
+
     int letters;
 };
 
