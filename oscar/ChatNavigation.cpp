@@ -51,11 +51,15 @@ void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchan
                           std::int16_t intInstance) {
     if (intExchange < 0 ||
         intInstance < 0) { // no word holds them: the frame would be short, and the service hang up
+        if (telling.news) telling.news->RoomAsked(strChatName, intExchange);
         Refuse(UnknownJoinError, 0, "000D");
         return;
     }
     const RoomWish wish{Trim(strChatName), intExchange, intInstance};
-    if (Departs(Departure::RefusedSecondJoins) && IsIn(wish)) return Refuse(AlreadyIn.second, 0x2E, "000D");
+    if (Departs(Departure::RefusedSecondJoins) && IsIn(wish)) {
+        if (telling.news) telling.news->RoomAsked(wish.strName, wish.intExchange);
+        return Refuse(AlreadyIn.second, 0x2E, "000D");
+    }
     if (!WaitsItsTurn(wish)) AskForRoom(wish);
 }
 

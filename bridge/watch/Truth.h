@@ -7,6 +7,8 @@
 
 #include "base/BanKind.h"
 #include "base/News.h"
+#include "bridge/watch/Origins.h"
+#include "bridge/watch/Replies.h"
 #include "rooms/Msgs.h"
 
 #include <array>
@@ -16,6 +18,8 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace halyard {
@@ -32,7 +36,7 @@ enum class Stage {
 };
 
 /// Where the account, a connection or a room stands.
-struct Standing {
+struct StageTruth {
     Stage stage = Stage::Off;
     std::string words;              ///< what a person reads, such as "Sending Login Information..."
     std::int64_t since = 0;         ///< of the stage
@@ -41,14 +45,6 @@ struct Standing {
     std::int64_t stuckAt = -1;      ///< from then on the stage counts as stuck; -1: it may last
     std::int64_t nextAttempt = -1;  ///< with ComingBack
     bool IsStuck(std::int64_t now) const { return stuckAt >= 0 && now >= stuckAt; }
-};
-
-/// Who made something wait or go: an op by name, a rule by its entry, or what else the cause was.
-struct Origin {
-    CauseKind kind = CauseKind::Unknown;
-    RuleKind rule = RuleKind::None;
-    std::string op;    ///< as the wire spells them; empty for none
-    std::string entry; ///< of the rule, or the control's name
 };
 
 struct WaitingLine {
@@ -81,17 +77,30 @@ struct RoomTruth {
     std::int16_t slot = 0;
     std::string name;
     std::int16_t exchange = 0;
-    Standing standing;
+    StageTruth standing;
     bool owner = false;                   ///< the bot is
     std::string ownerName;                ///< empty while nobody was told
     std::array<bool, 6> rated{};          ///< subscripts 1 to 5
-    std::array<std::int64_t, 6> freeAt{}; ///< -1: nothing frees it by itself
+    std::array<std::int64_t, 6> freeAt{}; ///< of a limited one; -1: nothing frees it by itself
     int people = 0;
-    std::deque<std::int64_t> heard; ///< lines of others in the last minute
-    std::vector<WaitingLine> lines; ///< as the room's queue has them
-    std::vector<WaitingBan> bans;
-    std::array<std::int64_t, 5> pauseEnd{}; ///< by Pause; not in the future: none runs
+    std::unordered_set<std::string> names; ///< theirs, normalised
+    std::deque<std::int64_t> heard;        ///< lines of others in the last minute, at most MostHeard
+    std::deque<WaitingLine> lines;         ///< as the room's queue has them
+    std::deque<WaitingBan> bans;
+    std::array<std::int64_t, 5> pauseEnd{}; ///< by Pause; see PauseEnd
+    static constexpr std::size_t MostHeard = 10000;
     int LinesAMinute(std::int64_t now) const;
+    /// When it ends; not in the future: none runs. Of Unrate, which goes on by half minutes until it is
+    /// stopped: when the next one ends, 0 while it is off.
+    std::int64_t PauseEnd(Pause pause, std::int64_t now) const;
+};
+
+/// A room that the bot isn't in: asked for (Underway), refused, or lost.
+struct AbsentRoom {
+    std::string name;
+    std::int16_t exchange = 0;
+    StageTruth standing;
+    int code = 0; ///< of the refusal
 };
 
 /// A room that was lost or refused and that the desk or a guard means to enter again.
@@ -104,36 +113,109 @@ struct AwaitedRoom {
 class Truth : public News {
   public:
     static constexpr std::size_t MostDropped = 200;
+    static constexpr std::size_t MostAbsent = 100;
+
+    // How long a stage may last, in ms.
+    static constexpr std::int64_t SignOnTime = 15000;
+    static constexpr std::int64_t ConnectTime = 75000; ///< and a request for a room, and an unanswered one
 
     /// Both outlive it. `telling` is the control's; frames are heard where it is Telling::frames.
-    Truth(Platform& platform, Telling& telling);
+    Truth(Platform& platform, Telling& telling) : platform(platform), telling(telling) {}
 
     /// Something changed that somebody may show. Called often: whoever paints looks at Version() at times.
+    /// A line that is heard, and a frame, change the version alone.
     std::function<void()> onChanged;
     std::uint64_t Version() const { return version; }
 
-    const Standing& Account() const { return account; }
-    const Standing& Main() const { return main; }
-    const Standing& Navigation() const { return navigation; }
-    /// By socket slot.
+    const StageTruth& Account() const { return account; }
+    const StageTruth& Main() const { return main; }
+    const StageTruth& Navigation() const { return navigation; }
+    /// By socket slot: those that the bot has a connection to.
     const std::map<std::int16_t, RoomTruth>& Rooms() const { return rooms; }
     const RoomTruth* Room(std::int16_t slot) const;
+    /// Those asked for, refused or lost; who was asked for last stands last. A room that the operator leaves
+    /// is none of them.
+    const std::vector<AbsentRoom>& Absent() const { return absent; }
     const std::vector<AwaitedRoom>& Awaited() const { return awaited; }
     /// The newest last.
     const std::deque<DroppedThing>& Dropped() const { return dropped; }
     std::uint64_t DroppedCount() const { return droppedCount; }
     const std::string& AccountName() const { return name; }
+    std::int64_t Now() const;
+
+    // News: connections (Truth.cpp).
+    void SignOnStage(const std::string& text) override;
+    void SignOnBegun(const std::string& name) override;
+    void ConnectionsReset() override;
+    void ComebackPlanned(int milliseconds) override;
+    void SocketTagged(int socket, const std::string& tag) override;
+    void SignOnRefused(int code, const std::string& text) override;
+    void SignedOn(const std::string& name) override;
+    void SignedOff() override;
+    void SignedOffElsewhere(int reason, const std::string& page) override;
+    void SocketFailed(int socket, int number, const std::string& words) override;
+    void ConnectionEnded(int socket, const std::string& text) override;
+    void Frame(int socket, bool sent, int channel, std::string_view body) override;
+
+    // News: rooms (TruthRooms.cpp).
+    void RoomsAwaited(const Collection<std::string>& entries) override;
+    void RoomAsked(const std::string& name, std::int16_t exchange) override;
+    void RoomOpened(std::int16_t room, const std::string& name, std::int16_t exchange) override;
+    void RoomEntered(std::int16_t room, const std::string& name, std::int16_t exchange) override;
+    void RoomLeft(std::int16_t room, const std::string& name, const std::string& reason) override;
+    void RoomRefused(int code, const std::string& family, const std::string& text) override;
+    void OwnerTold(std::int16_t room, const std::string& name, bool own) override;
+    void PersonCame(std::int16_t room, const std::string& name) override;
+    void PersonWent(std::int16_t room, const std::string& name) override;
+
+    // News: what waits (TruthWaiting.cpp).
+    void PauseBegan(std::int16_t room, Pause pause, int milliseconds) override;
+    void PauseEnded(std::int16_t room, Pause pause) override;
+    void RateLevel(std::int16_t room, int classId, bool rated, int milliseconds) override;
+    void LineQueued(std::int16_t room, const Msgs& line) override;
+    void LineSaid(std::int16_t room, const Msgs& send, const std::string& line,
+                  const std::vector<std::int64_t>& numbers) override;
+    void LineDropped(std::int16_t room, const Msgs& line, LineDrop why) override;
+    void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                   const std::string& other) override;
+    void BanAsked(std::int16_t room, std::int32_t id, BanRequestKind kind, const std::string& name) override;
+    void BanDropped(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
+                    const std::string& other, DropReason why) override;
 
   private:
+    void Changed();
+    RoomTruth* Find(std::int16_t slot);
+    RoomTruth* Holder(std::int16_t slot);
+    StageTruth* Of(int socket);
+    void Stand(StageTruth& standing, Stage stage, const std::string& words, std::int64_t mayTake = -1);
+    void Settle();
+    void HearLine(std::int16_t room, std::string_view snac, std::int64_t now);
+    AbsentRoom& Miss(const std::string& room, std::int16_t exchange);
+    void NotMissed(const std::string& room, std::int16_t exchange);
+    void LoseRequest(const std::string& words);
+    void Drop(std::int16_t room, DroppedThing thing);
+
     Platform& platform;
     Telling& telling;
     std::uint64_t version = 0;
     std::uint64_t droppedCount = 0;
     std::string name;
-    Standing account, main, navigation;
+    StageTruth account, main, navigation;
     std::map<std::int16_t, RoomTruth> rooms;
+    std::vector<AbsentRoom> absent;
     std::vector<AwaitedRoom> awaited;
     std::deque<DroppedThing> dropped;
+
+    Stage session = Stage::Off; // the account's, but for the way back that may be planned
+    std::string sessionWords;
+    std::int64_t planned = -1; // the next attempt; -1: none
+    std::string machineWords;  // of the main connection's error
+    bool elsewhere = false;    // the name signed on elsewhere
+    int navigationSocket = -1;
+    std::map<int, std::string> tags; // by socket, without the empty ones
+    std::map<int, Replies> replies;  // by socket
+    RoomTruth left;                  // the room that was left last: what waited there is dropped then
+    Origins origins;
 };
 
 } // namespace halyard

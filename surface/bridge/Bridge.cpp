@@ -25,9 +25,10 @@ bool IsSpared(const Options& options, const std::string& name) {
 } // namespace
 
 Bridge::Bridge(frmMain& main)
-    : file(main.Context().platform.FileSystem()), foot(main.Context().platform), chosen(main, file),
-      check(main.Context().platform, main.Control()), window(main.Context(), file, chosen, foot, check),
-      ledgerWindow(main.Context()), ledgerTerms(main.Context(), file),
+    : watch(main, heard), file(main.Context().platform.FileSystem()), foot(main.Context().platform),
+      chosen(main, file), check(main.Context().platform, main.Control()),
+      window(main.Context(), file, chosen, foot, check), ledgerWindow(main.Context()),
+      ledgerTerms(main.Context(), file),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },

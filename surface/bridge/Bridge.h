@@ -17,6 +17,7 @@
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
+#include "surface/bridge/watch/WatchHost.h"
 
 #include <string>
 
@@ -35,7 +36,8 @@ class Bridge : private News {
     /// Reads bridge.toml and takes the network that was chosen last. Behind Form_Load.
     void Start();
 
-    NewsFan heard; ///< of the desk
+    NewsFan heard;   ///< of the desk
+    WatchHost watch; ///< hears each fact before those below
     BridgeFile file;
     FootLine foot;
     NetworkRow row;

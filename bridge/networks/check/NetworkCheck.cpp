@@ -28,6 +28,7 @@ class BotNews : public News {
   public:
     std::map<int, RatesTold> rates;
     CheckEars* ears = nullptr;      ///< while a check works over the bot's session
+    News* frames = nullptr;         ///< who heard the frames before it, and goes on hearing them
     std::function<void()> onSignOn; ///< the bot begins to sign on
 
     void SignOnStage(const std::string&) override {
@@ -47,6 +48,7 @@ class BotNews : public News {
     }
     void RateClasses(int socket, const std::string& body) override { rates[socket] = RatesTold::Read(body); }
     void Frame(int socket, bool sent, int channel, std::string_view body) override {
+        if (frames) frames->Frame(socket, sent, channel, body);
         if (ears) ears->Frame(socket, sent, channel, body);
     }
 };
@@ -115,7 +117,7 @@ void NetworkCheck::Parts::Start(const Terms& asked) {
         ears.heard.signedOn = true;
         ears.heard.rates = botNews.rates;
         botNews.ears = &ears;
-        desk.Tell().frames = &botNews;
+        botNews.frames = std::exchange(desk.Tell().frames, &botNews);
     }
     steps = standing ? StandingSteps(*run) : OwnSteps(*run);
     soon->SetEnabled(true);
@@ -176,7 +178,7 @@ void NetworkCheck::Parts::Close() {
     if (run) run->LiftBan();
     ears.Forget();
     botNews.ears = nullptr;
-    desk.Tell().frames = nullptr;
+    if (desk.Tell().frames == &botNews) desk.Tell().frames = std::exchange(botNews.frames, nullptr);
     steps.clear();
     run.reset();
     own.reset();
