@@ -18,7 +18,7 @@ struct CommandLine {
 };
 
 struct CommandEnd {
-    int status = -1;      ///< the program's own; -1 where it has none
+    int status = -1;     ///< the program's own; -1 where it has none
     std::string problem; ///< why it has none, in words; empty where it has
 };
 

@@ -116,26 +116,30 @@ void ReadGuards(const TomlValue& table, GuardTerms& terms, TomlMistakes& mistake
 }
 
 std::string ChoiceText(const NetworkChoice& choice) {
-    return "\n[[chosen]]\n" + TomlLine("file", TomlQuoted(choice.file)) + TomlLine("account", TomlQuoted(choice.account)) +
-           TomlLine("network", TomlQuoted(choice.network));
+    return "\n[[chosen]]\n" + TomlLine("file", TomlQuoted(choice.file)) +
+           TomlLine("account", TomlQuoted(choice.account)) + TomlLine("network", TomlQuoted(choice.network));
 }
 
 std::string ManagementText(const NetworkManagement& management) {
     const auto& terms = management.terms;
-    return "\n[management." + TomlQuoted(management.network) + "]\n" + TomlLine("address", TomlQuoted(terms.address)) +
-           TomlLine("header", TomlQuoted(terms.header)) + TomlLine("enforce", TomlSwitch(terms.enforce)) +
-           TomlLine("suspend", TomlSwitch(terms.suspend)) + TomlLine("addresses", TomlSwitch(terms.watchAddresses));
+    return "\n[management." + TomlQuoted(management.network) + "]\n" +
+           TomlLine("address", TomlQuoted(terms.address)) + TomlLine("header", TomlQuoted(terms.header)) +
+           TomlLine("enforce", TomlSwitch(terms.enforce)) + TomlLine("suspend", TomlSwitch(terms.suspend)) +
+           TomlLine("addresses", TomlSwitch(terms.watchAddresses));
 }
 
 std::string PermitText(const RoastingPermit& permit) {
-    return "\n[[roasting]]\n" + TomlLine("network", TomlQuoted(permit.network)) + TomlLine("host", TomlQuoted(permit.host));
+    return "\n[[roasting]]\n" + TomlLine("network", TomlQuoted(permit.network)) +
+           TomlLine("host", TomlQuoted(permit.host));
 }
 
 std::string LedgerText(const LedgerTerms& terms) {
-    return "\n[ledger]\n" + TomlLine("keep", TomlSwitch(terms.keep)) + TomlLine("evidence", TomlSwitch(terms.evidence)) +
+    return "\n[ledger]\n" + TomlLine("keep", TomlSwitch(terms.keep)) +
+           TomlLine("evidence", TomlSwitch(terms.evidence)) +
            TomlLine("text-days", std::to_string(terms.textDays)) +
-           TomlLine("act-days", std::to_string(terms.actDays)) + TomlLine("answers", TomlSwitch(terms.answers)) +
-           TomlLine("appeals", TomlSwitch(terms.appeals)) + TomlLine("whom-to-ask", TomlQuoted(terms.whomToAsk)) +
+           TomlLine("act-days", std::to_string(terms.actDays)) +
+           TomlLine("answers", TomlSwitch(terms.answers)) + TomlLine("appeals", TomlSwitch(terms.appeals)) +
+           TomlLine("whom-to-ask", TomlQuoted(terms.whomToAsk)) +
            TomlLine("no-appeal-of", TomlTexts(terms.noAppealOf));
 }
 

@@ -55,12 +55,13 @@ bool QtCommands::Run(const CommandLine& command, Done whenDone) {
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
     process->setChildProcessModifier([] { ::setpgid(0, 0); });
-    QObject::connect(process.get(), &QProcess::finished, &limit, [this](int status, QProcess::ExitStatus how) {
-        KillGroup(); // whom it has left behind
-        if (tooLong) return End({-1, "it took too long"});
-        if (how == QProcess::CrashExit) return End({-1, "it was ended by a signal"});
-        End({status, {}});
-    });
+    QObject::connect(process.get(), &QProcess::finished, &limit,
+                     [this](int status, QProcess::ExitStatus how) {
+                         KillGroup(); // whom it has left behind
+                         if (tooLong) return End({-1, "it took too long"});
+                         if (how == QProcess::CrashExit) return End({-1, "it was ended by a signal"});
+                         End({status, {}});
+                     });
     QObject::connect(process.get(), &QProcess::errorOccurred, &limit, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) End({-1, process->errorString().toLocal8Bit().toStdString()});
     });

@@ -35,7 +35,9 @@ Bridge::Bridge(frmMain& main)
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
       ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
-      wiring(main, ledger, ledgerWindow), main(main) {
+      wiring(main, ledger, ledgerWindow),
+      alarms(main, heard, watch.truth, ledger, [this](const std::string& text) { foot.Tell(text); }),
+      alarmTerms(main.Context(), file), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -65,6 +67,8 @@ void Bridge::BindControls() {
     bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
     bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
+    bar.mnuAlarms.Click = [this] { alarmTerms.Show(); };
+    alarmTerms.onApplied = [this](const AlarmTerms& terms) { alarms.Take(terms); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);
         wiring.Reopened();
@@ -89,6 +93,7 @@ void Bridge::Start() {
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
     TakeGuards(file.Guards());
+    alarms.Take(file.Alarms());
     ledger.Take(file.Ledger());
     wiring.Reopened();
     chosen.Follow(Options::FileUse::Read, {});
@@ -118,7 +123,7 @@ bool Bridge::MayLogin(ConnectionPanel::By by) {
 void Bridge::Enforce(const std::string& network) {
     const auto terms = file.Management(network);
     enforcement.SetTerms(terms);
-    answers.enforcedElsewhere = terms.enforce;
+    answers.enforcedElsewhere = alarms.ears.counts.enforcedElsewhere = terms.enforce;
 }
 
 void Bridge::SignOnStage(const std::string& text) {

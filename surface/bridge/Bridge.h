@@ -17,6 +17,8 @@
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
+#include "surface/bridge/watch/AlarmHost.h"
+#include "surface/bridge/watch/AlarmTermsWindow.h"
 #include "surface/bridge/watch/WatchHost.h"
 
 #include <string>
@@ -51,6 +53,8 @@ class Bridge : private News {
     Enforcement enforcement;
     LedgerHost ledger;
     LedgerWiring wiring;
+    AlarmHost alarms;
+    AlarmTermsWindow alarmTerms;
 
   private:
     void BindControls();

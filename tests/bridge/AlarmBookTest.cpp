@@ -1,6 +1,7 @@
 // Whether an alarm rings, as a table of what was told, what is, and the rest; and the book that keeps both.
 
 #include "bridge/watch/alarms/AlarmBook.h"
+
 #include "platform/sim/SimPlatform.h"
 
 #include <gtest/gtest.h>
@@ -32,18 +33,26 @@ TEST(ToRingTest, Table) {
         {"it ends", stands, {.since = 500, .ended = true}, RingReason::Ended},
         {"it ends in its rest", {990, true}, {.since = 990, .ended = true}, RingReason::Ended},
         {"it ends beside others", stands, {.ended = true, .others = true}, RingReason::Ended},
-        {"it fires anew before its end was told", stands, {.fires = true, .since = 999, .ended = true},
+        {"it fires anew before its end was told",
+         stands,
+         {.fires = true, .since = 999, .ended = true},
          RingReason::Ended},
         {"it fires anew in its rest", rests, {.fires = true, .since = 990}, RingReason::Nothing},
-        {"in its rest beside others", rests, {.fires = true, .since = 990, .others = true},
+        {"in its rest beside others",
+         rests,
+         {.fires = true, .since = 990, .others = true},
          RingReason::Nothing},
         {"it came and went untold", rests, {.since = 990}, RingReason::Nothing},
         {"it began in its rest and lasts", rested, {.fires = true, .since = 960}, RingReason::RestOver},
-        {"the same beside others", rested, {.fires = true, .since = 960, .others = true},
+        {"the same beside others",
+         rested,
+         {.fires = true, .since = 960, .others = true},
          RingReason::RestOver},
         {"it begins as the rest ends", rested, {.fires = true, .since = 1000}, RingReason::First},
         {"long after its rest", longAgo, {.fires = true, .since = 1000}, RingReason::First},
-        {"long after, beside others", longAgo, {.fires = true, .since = 1000, .others = true},
+        {"long after, beside others",
+         longAgo,
+         {.fires = true, .since = 1000, .others = true},
          RingReason::More},
     };
     for (const auto& row : rows) EXPECT_EQ(ToRing(row.told, row.is, rest, now), row.reason) << row.what;

@@ -41,8 +41,8 @@ class AccountAlarms : public News {
     AlarmBook& book;
     bool wanted = false; ///< the operator wants it on line
     bool online = false;
-    bool comeback = false;       ///< an attempt is to follow
-    std::int64_t attempt = -1;   ///< since when one is under way
+    bool comeback = false;     ///< an attempt is to follow
+    std::int64_t attempt = -1; ///< since when one is under way
     std::int64_t offSince = 0;
     std::string why; ///< the last reason, a sentence
 };

@@ -95,8 +95,8 @@ bool MayBeAlarms(const AlarmTerms& terms) {
     const auto isArgument = [](const auto& text) { return argumentBounds.Take(text); };
     const auto& [command, messages] = std::tie(terms.command, terms.messages);
     return command.size() <= AlarmTerms::MostArguments && messages.size() <= AlarmTerms::MostNames &&
-           (command.empty() || !Trim(command.front()).empty()) &&
-           std::ranges::all_of(command, isArgument) && std::ranges::all_of(messages, isName);
+           (command.empty() || !Trim(command.front()).empty()) && std::ranges::all_of(command, isArgument) &&
+           std::ranges::all_of(messages, isName);
 }
 
 } // namespace halyard

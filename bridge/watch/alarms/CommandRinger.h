@@ -16,7 +16,7 @@ namespace halyard {
 
 class CommandRinger {
   public:
-    static constexpr std::size_t MostWaiting = 20; ///< rings; later ones are passed over
+    static constexpr std::size_t MostWaiting = 20;    ///< rings; later ones are passed over
     static constexpr std::size_t LongestField = 1000; ///< bytes
 
     /// `tell` hears what goes wrong; `platform` outlives it.

@@ -78,8 +78,7 @@ void CountAlarms::Look() {
             ++at;
             continue;
         }
-        book.End(kind, room,
-                 "None for " + std::to_string(book.Terms().Of(kind).minutes) + " minutes.");
+        book.End(kind, room, "None for " + std::to_string(book.Terms().Of(kind).minutes) + " minutes.");
         at = tallies.erase(at);
     }
 }

@@ -38,10 +38,10 @@ class MessageRinger {
     Platform& platform;
     Doors doors;
     std::vector<std::string> names;
-    std::string first;       ///< of what waits
-    std::size_t waiting = 0; ///< rings
-    std::int64_t nextAt = 0; ///< ms; no message before
-    std::int64_t day = 0;    ///< of the last line a day, since 1970; 0: none is wanted
+    std::string first;            ///< of what waits
+    std::size_t waiting = 0;      ///< rings
+    std::int64_t nextAt = 0;      ///< ms; no message before
+    std::int64_t day = 0;         ///< of the last line a day, since 1970; 0: none is wanted
     std::unique_ptr<Timer> timer; ///< runs while anybody is to be told
 };
 

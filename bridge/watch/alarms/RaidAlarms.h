@@ -57,7 +57,7 @@ class RaidAlarms : public News {
     const Telling& telling;
     AlarmBook& book;
     const RoomAlarms& rooms;
-    Suspects suspects; ///< by normalised name, not yet asked about
+    Suspects suspects;                 ///< by normalised name, not yet asked about
     std::map<std::string, Raid> raids; ///< by the room's name
     std::shared_ptr<int> life = std::make_shared<int>();
 };

@@ -35,7 +35,7 @@ class QtDesktop : public Desktop {
     void MakeIcon();
 
     std::unique_ptr<QSystemTrayIcon> icon;
-    QTimer noteEnd;     ///< runs while a note is told
+    QTimer noteEnd;      ///< runs while a note is told
     bool wanted = false; ///< the icon, whether a note is told or not
 };
 
