@@ -112,7 +112,15 @@ void Bridge::Refresh() {
     if (window.Loaded()) window.Refresh();
 }
 
+/// What a person has to set right isn't tried again by the bot, where that guard is on. Asked once.
+bool Bridge::MayTryAgain() {
+    if (!alarms.ears.account.NeedsPerson()) return stopsForPerson.reset(), true;
+    if (!stopsForPerson) stopsForPerson = main.Control().Guarded(Departure::StopsAreStops);
+    return !*stopsForPerson;
+}
+
 bool Bridge::MayLogin(ConnectionPanel::By by) {
+    if (by == ConnectionPanel::By::WayBack && !MayTryAgain()) return false;
     if (!chosen.MayLogin(by)) return false;
     window.check.GiveWay();
     Enforce(chosen.OfSignOn());

@@ -21,6 +21,7 @@
 #include "surface/bridge/watch/AlarmTermsWindow.h"
 #include "surface/bridge/watch/WatchHost.h"
 
+#include <optional>
 #include <string>
 
 namespace halyard {
@@ -62,6 +63,7 @@ class Bridge : private News {
     void TakeGuards(const GuardTerms& terms);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
+    bool MayTryAgain();
 
     // News.
     void SignOnStage(const std::string& text) override;
@@ -75,7 +77,8 @@ class Bridge : private News {
     void RateTold(std::int16_t room, int code, int classId) override;
 
     frmMain& main;
-    std::string refusedByTls; // what was wrong with the main connection's certificate
+    std::optional<bool> stopsForPerson; ///< nothing while no person is needed
+    std::string refusedByTls;           // what was wrong with the main connection's certificate
 };
 
 } // namespace halyard

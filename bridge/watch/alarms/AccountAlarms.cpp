@@ -13,7 +13,7 @@ namespace halyard {
 namespace {
 
 /// Those that the same name and password meet again until a person does something about it.
-bool NeedsPerson(int code) {
+bool IsForPerson(int code) {
     constexpr std::array codes{0x01, 0x04, 0x05, 0x07, 0x08, 0x09, 0x11, 0x20, 0x22};
     return std::ranges::find(codes, code) != codes.end();
 }
@@ -24,17 +24,21 @@ void AccountAlarms::SignOnBegun(const std::string& /*name*/) {
     if (!comeback && !wanted) offSince = platform.Milliseconds();
     if (!comeback) wanted = true; // else it goes on coming back, whether still wanted or not
     attempt = platform.Milliseconds();
+    if (IsByHand(telling)) needsPerson = false;
 }
 
 void AccountAlarms::SignOnRefused(int code, const std::string& /*text*/) {
     attempt = -1;
     GoOff();
     why = RefusalText(RefusalKind::SignOn, code);
-    if (wanted && NeedsPerson(code)) book.Raise(AlarmKind::NeedsYou, {}, why);
+    if (!IsForPerson(code)) return;
+    needsPerson = true;
+    if (wanted) book.Raise(AlarmKind::NeedsYou, {}, why);
 }
 
 void AccountAlarms::SignedOn(const std::string& name) {
     wanted = online = true;
+    needsPerson = false;
     attempt = -1;
     why.clear();
     for (const auto kind : {AlarmKind::NeedsYou, AlarmKind::GivenUp, AlarmKind::OffLine})

@@ -19,6 +19,8 @@ class AccountAlarms : public News {
         : platform(platform), telling(telling), book(book) {}
 
     bool OnLine() const { return online; }
+    /// The service has refused what only a person can set right, and no hand has signed on since.
+    bool NeedsPerson() const { return needsPerson; }
     /// Rings what has lasted too long.
     void Look();
 
@@ -41,6 +43,7 @@ class AccountAlarms : public News {
     AlarmBook& book;
     bool wanted = false; ///< the operator wants it on line
     bool online = false;
+    bool needsPerson = false;
     bool comeback = false;     ///< an attempt is to follow
     std::int64_t attempt = -1; ///< since when one is under way
     std::int64_t offSince = 0;
