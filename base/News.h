@@ -141,8 +141,9 @@ class News {
     virtual void PauseBegan(std::int16_t /*room*/, Pause, int /*milliseconds*/) {}
     /// It is over before its time, or with nothing left to go on. A pause of Lines3 ends by its time alone.
     virtual void PauseEnded(std::int16_t /*room*/, Pause) {}
-    /// A rate class of a room was limited or is free. `milliseconds` until it frees itself, -1 when nothing
-    /// frees it by itself.
+    /// A rate class of a room was limited or is free. `milliseconds` until it frees itself, in whole half
+    /// minutes of which the first may be running already; -1 when nothing frees it by itself. Told anew while
+    /// it is limited when that changes.
     virtual void RateLevel(std::int16_t /*room*/, int /*classId*/, bool /*rated*/, int /*milliseconds*/) {}
 
     /// `record` as in rooms/TimeBan.h.

@@ -102,6 +102,7 @@ class Chats {
     void StartBanPause();
     /// Seconds. From 60 on the timer ticks once a second and the room counts.
     void SetBanPause(float sngPause);
+    float BanPause() const { return sngBanPause; }
 
     /// A rate notice of the service (family 0001, subtype 000A): codes 2 and 3 stop what the class governs, 4
     /// and 5 clear it. Class 1 governs banning, class 5 talking. Other codes, and classes outside 1 to 5, do
@@ -112,7 +113,7 @@ class Chats {
     /// The half-minute tick of `tmrUnrate`.
     void CheckUnrate();
     /// Minutes.
-    void SetUnratePause(std::int16_t intPause) { UnrateLimit = intPause; }
+    void SetUnratePause(std::int16_t intPause);
     std::int16_t GetUnratePause() const { return UnrateLimit; }
     void SetAutoUnrate(bool blnUnrate) { blnAutoUnrate = blnUnrate; }
     bool GetAutoUnrate() const { return blnAutoUnrate; }

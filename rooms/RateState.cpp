@@ -39,14 +39,17 @@ void Chats::RateNotice(int intRateType, int intClassID) {
     TellRate(intClassID);
 }
 
-/// How long it takes by itself: the clock of half minutes has begun, or has been running on for some time.
+/// How long it takes by itself, in half minutes of the clock, the first of which may be running already.
+/// Class 1 frees itself only while that clock runs, whatever began it.
 void Chats::TellRate(int intClassID) {
     auto* news = host.Tell().news;
     if (!news) return;
     const bool rated = IsRated(intClassID);
     int ticks = -1;
-    if (rated && intClassID == 5) ticks = 1;
-    if (rated && intClassID == 1 && blnAutoUnrate) ticks = std::max(1, UnrateLimit * 2);
+    if (rated && tmrUnrate && tmrUnrate->Enabled()) {
+        if (intClassID == 5) ticks = 1;
+        if (intClassID == 1) ticks = std::max(1, UnrateLimit * 2 - intUnrateTicks[0]);
+    }
     news->RateLevel(ChatIndex, intClassID, rated, ticks < 0 ? -1 : ticks * HalfMinute);
 }
 
@@ -119,6 +122,12 @@ void Chats::SetUnrateTimer(bool enabled) {
         TellPause(Pause::Unrate, tmrUnrate->Interval());
     else
         TellPauseEnd(Pause::Unrate);
+    if (enabled && blnRated[1]) TellRate(1); // another class has begun what frees this one too
+}
+
+void Chats::SetUnratePause(std::int16_t intPause) {
+    UnrateLimit = intPause;
+    if (blnRated[1]) TellRate(1);
 }
 
 } // namespace halyard

@@ -16,6 +16,9 @@ namespace {
 
 // Of each hour with faults.
 constexpr std::int64_t faultTime = 35 * minute;
+/// Behind the last of them a connection may still be at a standstill, and so long a dead one isn't known.
+constexpr std::int64_t longestStall = 90 * second;
+constexpr std::int64_t deadIsKnown = 75 * second;
 
 /// How long the way back may take once nothing goes wrong any more: 75 s until a dead peer is noticed (a ping
 /// every 15 s, and 60 s of silence), as much for the main connection, two attempts to sign on, 60 s behind a
@@ -54,6 +57,8 @@ SoakRun::SoakRun(const SoakPlan& plan)
     if (plan.bridge) {
         machine.databases = TappedDatabases(databases);
         bridge = std::make_unique<Bridge>(window);
+        invariants.truth.emplace(window, network, bridge->watch.truth, "harbourbot");
+        bridge->heard.Add(invariants.truth->forecast);
     }
     world.afterEvent = [this] { invariants.Check(); };
     if (!plan.openServer) return;
@@ -97,6 +102,8 @@ bool SoakRun::Run() {
     record.Note("chance", std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
     if (invariants.ledger) {
         invariants.ledger->Rest();
+        if (invariants.truth) bridge->heard.Remove(invariants.truth->forecast);
+        invariants.truth.reset();
         bridge.reset();
         invariants.RequireWholeLedger();
     }
@@ -185,12 +192,14 @@ bool SoakRun::Hour() {
     const auto end = world.Now() + hour;
     if (plan.faults > 0) {
         if (invariants.enforced) invariants.enforced->Trust(world.Now() + hour); // not before the faults' end
+        if (invariants.truth) invariants.truth->Trust(world.Now() + hour);
         faults.Begin();
         RunFor(faultTime / 2);
         SaveAndLoad();
         RunFor(faultTime - faultTime / 2);
         faults.End();
         if (invariants.enforced) invariants.enforced->Trust(world.Now() + WayBack(town.Rooms().size()));
+        if (invariants.truth) invariants.truth->Trust(world.Now() + longestStall + deadIsKnown);
     } else {
         SaveAndLoad();
     }

@@ -19,10 +19,12 @@ struct Departing {
     bool overtaken = false; ///< it will never be said: it goes when a line behind it does
 };
 
-/// In the order of the queue. At most the first 500 are played through; what is behind them has the moment
-/// of the last.
+inline constexpr std::size_t ForecastDepth = 500;
+
+/// In the order of the queue, as it stands and with nothing said or banned meanwhile. At most the first
+/// ForecastDepth are played through; what is behind them has the moment of the last.
 std::vector<Departing> ForecastLines(const RoomTruth& room, std::int64_t now);
-/// `banPause` in seconds, as TillerSock::sngBanPause or the room's own.
+/// `banPause` in seconds, as Chats::BanPause has it.
 std::vector<Departing> ForecastBans(const RoomTruth& room, std::int64_t now, float banPause);
 
 } // namespace halyard

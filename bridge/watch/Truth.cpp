@@ -15,6 +15,7 @@ constexpr int SnacChannel = 2;
 constexpr const char* BringUpDone = "Login Completed!";
 constexpr const char* Online = "Online";
 constexpr std::string_view NavigationTag = "[Chat_Navigation]";
+constexpr std::string_view Migration("\0\x01\0\x12", 4);
 constexpr std::string_view RoomConnecting = "[Chat]connecting";
 
 bool Begins(std::string_view text, std::string_view with) { return text.substr(0, with.size()) == with; }
@@ -205,6 +206,8 @@ void Truth::Frame(int socket, bool sent, int channel, std::string_view body) {
         const auto asked = isSnac ? own.Heard(body) : -1;
         if (standing && asked >= 0) standing->lastAnswered = asked;
         if (isSnac && standing && socket > 0) HearLine(static_cast<std::int16_t>(socket), body, now);
+        if (isSnac && socket == 0 && Begins(body, Migration))
+            Stand(main, Stage::Underway, "Moving to another server", ConnectTime);
     }
     if (!standing) return;
     if (standing->stage == Stage::On) {

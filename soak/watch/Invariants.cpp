@@ -127,6 +127,7 @@ void Invariants::Check() {
     CheckTimeBans();
     if (ledger) Violate(ledger->Check(world.Now()));
     if (alarms) Violate(alarms->Check(world.Now()));
+    if (truth) Violate(truth->Check(world.Now()));
     if (enforced)
         Violate(enforced->Check(world.Now()));
     else if (openServer)

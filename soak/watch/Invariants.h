@@ -11,6 +11,7 @@
 #include "soak/watch/LedgerWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
+#include "soak/watch/TruthWatch.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,7 +35,8 @@ class Invariants : public TapListener {
 
     bool openServer = false;               ///< a service that enforces no bans
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
-    std::optional<LedgerWatch> ledger;     ///< with the bridge, as the next
+    std::optional<LedgerWatch> ledger;     ///< with the bridge, as the next two
+    std::optional<TruthWatch> truth;
     std::optional<AlarmWatch> alarms;
 
     /// What another finds wrong; nothing for an empty text.
