@@ -16,6 +16,9 @@ class Desktop {
     virtual void AddTrayIcon(const std::string& tip) = 0;
     virtual void SetTrayTip(const std::string& tip) = 0;
     virtual void RemoveTrayIcon() = 0;
+    /// Tells it beside the tray for some seconds, where there is one; with an icon of its own while there is
+    /// none.
+    virtual void Notify(const std::string& title, const std::string& text) = 0;
     /// Puts the text (Windows-1252) where other programs paste from.
     virtual void Copy(const std::string& text) = 0;
     /// Ends the program once the running handler has returned.

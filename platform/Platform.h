@@ -3,6 +3,7 @@
 // All that Halyard gets from the machine it runs on, handed in once at start. Nothing else reads a clock,
 // opens a socket, draws a random number or touches a file.
 
+#include "platform/Commands.h"
 #include "platform/Database.h"
 #include "platform/Desktop.h"
 #include "platform/Dialogs.h"
@@ -27,6 +28,8 @@ class Platform {
     virtual std::unique_ptr<Http> NewHttp() = 0;
     /// Null where records can't be kept.
     virtual std::unique_ptr<Database> NewDatabase() = 0;
+    /// Null where no other programs can be started.
+    virtual std::unique_ptr<Commands> NewCommands() = 0;
     virtual Random& RandomSource() = 0;
     virtual Files& FileSystem() = 0;
     virtual Dialogs& Boxes() = 0;

@@ -12,7 +12,7 @@ int main(int count, char** words) {
         std::cerr
             << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
                " [--network open-server [--management]]\n"
-               "       [--journal 0..2] [--bridge | --ledger]\n"
+               "       [--journal 0..2] [--bridge | --ledger | --drill | --raids]\n"
                "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger]\n"
                "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
         return 2;
@@ -36,6 +36,8 @@ int main(int count, char** words) {
               << run.StepsIn() << " times\n"
               << run.TimeBans().EndedCount() << " time bans ended, " << run.TimeBans().StrandedCount()
               << " of them when nobody could lift them any more\n";
+    for (const auto& [kind, times] : run.AlarmCounts())
+        std::cout << "alarm " << TextOf(kind).name << " rang " << times << " times\n";
     if (!held) std::cout << "VIOLATION " << run.Violation() << "\nreplay: " << ReplayLine(*plan) << "\n";
     std::cout << run.Digest() << "\n";
     return held ? 0 : 1;

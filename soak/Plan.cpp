@@ -40,7 +40,9 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     auto words = given;
     const bool management = std::erase(words, "--management") > 0;
     const bool ledger = std::erase(words, "--ledger") > 0;
-    const bool bridge = std::erase(words, "--bridge") > 0 || ledger;
+    const bool raids = std::erase(words, "--raids") > 0;
+    const bool drill = std::erase(words, "--drill") > 0 || raids;
+    const bool bridge = std::erase(words, "--bridge") > 0 || ledger || drill;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -61,6 +63,9 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.management = management;
     plan.bridge = bridge;
     plan.ledger = ledger;
+    plan.drill = drill;
+    plan.raids = raids;
+    if (drill && (plan.faults > 0 || plan.openServer)) return std::nullopt;
     if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
@@ -70,9 +75,12 @@ std::string ReplayLine(const SoakPlan& plan) {
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
            (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "") +
-           (plan.ledger   ? " --ledger"
-            : plan.bridge ? " --bridge"
-                          : "");
+           (plan.raids   ? " --raids"
+            : plan.drill ? " --drill"
+                         : "") +
+           (plan.ledger                  ? " --ledger"
+            : plan.bridge && !plan.drill ? " --bridge"
+                                         : "");
 }
 
 } // namespace halyard

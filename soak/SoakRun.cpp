@@ -97,7 +97,7 @@ bool SoakRun::RunFor(std::int64_t milliseconds) {
 bool SoakRun::Run() {
     Arrive();
     const auto end = static_cast<std::int64_t>(plan.days * static_cast<double>(day));
-    while (world.Now() < end && Hour()) NoteDesk();
+    while (world.Now() < end && Hour() && Drill()) NoteDesk();
     record.Note("settings", SettingsText(window.options));
     record.Note("chance", std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
     if (invariants.ledger) {
@@ -114,6 +114,7 @@ bool SoakRun::Run() {
 void SoakRun::NoteDesk() {
     for (const auto& box : machine.dialogs.shown) record.Note("box", box.title + ": " + box.text);
     machine.dialogs.shown.clear();
+    machine.desktop.notes.clear();
     record.NoteWindow(window);
     record.NoteFiles(machine.disk);
 }
@@ -122,15 +123,41 @@ void SoakRun::Arrive() {
     network.Start();
     window.Form_Load();
     if (bridge) bridge->Start();
+    if (bridge) WatchAlarms();
     if (plan.ledger && HasLedger()) WatchLedger();
     FillBoxes();
     LookAfterLists();
     window.ByHand(window.autobans.txtAddAB, [this] { window.Engine().Lists().AddAB("spam*", 0); });
     window.ByHand(window.autobans.txtAddAW, [this] { window.Engine().Lists().AddAW("d*mn", 0); });
+    if (invariants.alarms) invariants.alarms->SetWanted(true);
     PressByHand(window.connection.cmdSignOn);
     RunFor(5 * second);
     JoinAll();
     town.Begin();
+}
+
+void SoakRun::WatchAlarms() {
+    constexpr int ordinary = 300; // lines an hour
+    const bool quiet = plan.faults == 0 && !plan.drill && !plan.openServer && plan.LinesAnHour() <= ordinary;
+    auto& watch = invariants.alarms.emplace(bridge->alarms.book, network, quiet);
+    if (!plan.drill) return;
+    drill.emplace(AlarmDrill::Hands{world, machine, network, databases, window, town,
+                                    [this](Button& button) { PressByHand(button); }, [this] { JoinAll(); },
+                                    [this](std::int64_t milliseconds) { RunFor(milliseconds); }},
+                  watch, plan.raids);
+}
+
+/// Once a day, behind an hour like any other.
+bool SoakRun::Drill() {
+    constexpr int firstHour = 2;
+    if (!drill || world.Now() / day < drill->Count() || world.Now() % day < firstHour * hour) return true;
+    invariants.Find(drill->Next());
+    violatedAt = world.Now();
+    return invariants.Violation().empty();
+}
+
+std::map<AlarmKind, int> SoakRun::AlarmCounts() const {
+    return invariants.alarms ? invariants.alarms->Counts() : std::map<AlarmKind, int>{};
 }
 
 void SoakRun::WatchLedger() {

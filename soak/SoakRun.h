@@ -6,6 +6,7 @@
 
 #include "bridge/networks/enforcement/Enforcement.h"
 #include "practice/PracticeNetwork.h"
+#include "soak/AlarmDrill.h"
 #include "soak/DayRecord.h"
 #include "soak/Faults.h"
 #include "soak/Plan.h"
@@ -17,6 +18,7 @@
 #include "surface/frmMain.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -44,12 +46,16 @@ class SoakRun {
     int StepsIn() const { return stepsIn; }
     /// False where there is no database to keep one in, and without a bridge.
     bool HasLedger() const { return static_cast<bool>(machine.databases); }
+    /// How often each alarm began; empty without a bridge.
+    std::map<AlarmKind, int> AlarmCounts() const;
     const LiftWatch& TimeBans() const { return invariants.TimeBans(); }
 
   private:
     void Arrive();
     void WatchLedger();
     bool Hour();
+    void WatchAlarms();
+    bool Drill();
     bool RunFor(std::int64_t milliseconds);
     void LookAfterLists();
     void PressByHand(Button& button);
@@ -73,6 +79,7 @@ class SoakRun {
     Town town;
     Faults faults;
     Invariants invariants;
+    std::optional<AlarmDrill> drill;
     SimRandom random;
     std::optional<Enforcement> enforcement; ///< with the plan's management
     std::set<std::string> leftForGood;      ///< rooms that the bot left by itself and has not come back to

@@ -67,7 +67,7 @@ std::string Town::Person(std::size_t room) {
 
 void Town::Next(std::size_t room) {
     world.clock.In(random.Between(1, 2 * pause), [this, room] {
-        Act(room);
+        if (acting) Act(room);
         Next(room);
     });
 }

@@ -28,6 +28,8 @@ class Town {
     static std::vector<std::string> Ops();
     /// Everybody comes in and the talk begins; it goes on for as long as the world runs.
     void Begin();
+    /// Off: nobody does anything.
+    void SetActing(bool on) { acting = on; }
     /// Off: nobody sends the bot out of a room and in again.
     void SetRejoining(bool on) { rejoining = on; }
 
@@ -56,6 +58,7 @@ class Town {
     SimRandom random;
     std::vector<std::string> rooms;
     bool rejoining = true;
+    bool acting = true;
     const int peopleInRoom;
     const std::int64_t pause; ///< between two acts in a room, ms, on average
 };

@@ -73,7 +73,8 @@ bool WriteEjectLists(Platform& platform, TillerSock& control, const std::string&
         auto head = list->ChatName + ":" + std::to_string(list->Exchange) + ":0:";
         for (const auto& name : list->GetEjects()) lines.Add(head, name);
     }
-    return lines.Save(files, PathOf(files, folderOrPath, fileName));
+    const auto path = PathOf(files, folderOrPath, fileName);
+    return TellWritten(control.Tell(), path, lines.Save(files, path));
 }
 
 void ReadEjectLists(Platform& platform, TillerSock& control, const EjectPanel& panel,

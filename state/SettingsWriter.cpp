@@ -51,7 +51,8 @@ std::string SettingsText(Options& options) { return SettingsLines(options).Text(
 bool WriteSettings(Platform& platform, Options& options, const std::string& folderOrPath,
                    const std::string& fileName) {
     auto& files = platform.FileSystem();
-    return SettingsLines(options).Save(files, PathOf(files, folderOrPath, fileName));
+    const auto path = PathOf(files, folderOrPath, fileName);
+    return TellWritten(options.Control().Tell(), path, SettingsLines(options).Save(files, path));
 }
 
 } // namespace halyard

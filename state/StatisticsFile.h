@@ -20,9 +20,10 @@ class StatisticsFile {
     bool Load();
     /// Writes the file whole. False when that failed.
     bool Write();
+    /// Empty where the machine has no place for it.
+    std::string Path() const;
 
   private:
-    std::string Path() const;
     void ReadCounter(std::string_view line);
 
     Platform& platform;

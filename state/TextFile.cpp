@@ -1,5 +1,6 @@
 #include "state/TextFile.h"
 
+#include "base/News.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -11,6 +12,11 @@ std::string PathOf(Files& files, const std::string& folderOrPath, const std::str
     // Joined instead of changing the working directory, which the whole process would feel.
     bool ended = !folderOrPath.empty() && folderOrPath.back() == files.Separator();
     return folderOrPath + (ended ? "" : std::string(1, files.Separator())) + fileName;
+}
+
+bool TellWritten(const Telling& telling, const std::string& path, bool done) {
+    if (telling.news) telling.news->FileWritten(path, done);
+    return done;
 }
 
 void TextLines::Add(std::string_view head, std::string_view line) {

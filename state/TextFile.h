@@ -11,12 +11,16 @@
 namespace halyard {
 
 class Files;
+struct Telling;
 
 /// More than the longest lists need; a greater file isn't read at all.
 inline constexpr std::size_t TextFileLimit = 128 * 1024 * 1024;
 
 /// The path of a file given in one piece, with `fileName` empty, or as a folder and a name.
 std::string PathOf(Files& files, const std::string& folderOrPath, const std::string& fileName);
+
+/// Tells that a file was written, or couldn't be, and returns `done`.
+bool TellWritten(const Telling& telling, const std::string& path, bool done);
 
 /// A text that is put together line by line.
 class TextLines {

@@ -66,6 +66,7 @@ void FactQueue::Opened(OpenOutcome outcome, const std::string& words) {
     count = 0;
     timer->SetEnabled(false);
     Tell("Nothing is kept in the ledger: " + words);
+    if (onHealth) onHealth(false, "Nothing is kept in it: " + words);
 }
 
 void FactQueue::Begin() {
@@ -146,14 +147,16 @@ void FactQueue::Written(const DatabaseResult& result) {
 
 void FactQueue::Failed(const DatabaseResult& result) {
     flushing = false;
-    if (!std::exchange(failing, true))
-        Tell("The ledger can't be written: " + result.words +
-             " What happens is held in memory until it can.");
     Arm(RetryPause);
+    if (std::exchange(failing, true)) return;
+    Tell("The ledger can't be written: " + result.words + " What happens is held in memory until it can.");
+    if (onHealth) onHealth(false, result.words + " What happens is held in memory until it can be written.");
 }
 
 void FactQueue::Worked() {
-    if (std::exchange(failing, false)) Tell("The ledger is written again.");
+    if (!std::exchange(failing, false)) return;
+    Tell("The ledger is written again.");
+    if (onHealth) onHealth(true, "It is written again.");
 }
 
 void FactQueue::Drop(std::size_t place) {

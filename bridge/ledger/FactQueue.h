@@ -33,9 +33,10 @@ class FactQueue {
     FactQueue& operator=(const FactQueue&) = delete;
 
     std::function<void(const std::string&)> onTell; ///< once when writing fails, once when it works again
-    std::function<void()> onWritten;                ///< a batch stands in the file
-    std::function<void()> onBatch;                  ///< a batch is about to go: what is held back comes now
-    std::function<void()> onGapEnd;                 ///< facts were lost: whole contents are to follow
+    std::function<void(bool works, const std::string&)> onHealth; ///< the same, for alarms
+    std::function<void()> onWritten;                              ///< a batch stands in the file
+    std::function<void()> onBatch;  ///< a batch is about to go: what is held back comes now
+    std::function<void()> onGapEnd; ///< facts were lost: whole contents are to follow
 
     /// Opens the file, tries again where that may help, and begins a run. Without a database of the platform
     /// nothing is kept. What came before waits.

@@ -18,6 +18,9 @@ constexpr int HoldPause = 2000;  ///< ms in which keystrokes at one control are 
 Ledger::Ledger(Platform& platform, Options& options)
     : platform(platform), options(options), queue(platform), watch(options), holdTimer(platform.NewTimer()),
       lineTimer(platform.NewTimer()) {
+    queue.onHealth = [this](bool works, const std::string& words) {
+        if (onHealth) onHealth(works, words);
+    };
     queue.onTell = [this](const std::string& words) {
         if (onTell) onTell(words);
     };

@@ -35,6 +35,8 @@ class Ledger : public News {
 
     /// What the operator should know: once when writing fails, once when it works again.
     std::function<void(const std::string&)> onTell;
+    /// The same, for alarms: whether it works.
+    std::function<void(bool works, const std::string&)> onHealth;
     /// Something was written.
     std::function<void()> onWritten;
     std::string network; ///< on which the bot signs on, as the operator names it

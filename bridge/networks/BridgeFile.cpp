@@ -94,6 +94,10 @@ bool BridgeFile::SetLedger(const LedgerTerms& terms) {
     return Change([&](OwnPart& part) { return part.SetLedger(terms); });
 }
 
+bool BridgeFile::SetAlarms(const AlarmTerms& terms) {
+    return Change([&](OwnPart& part) { return part.SetAlarms(terms); });
+}
+
 bool BridgeFile::SetGuards(const GuardTerms& terms) {
     return Change([&](OwnPart& part) { return part.guards = terms, true; });
 }

@@ -60,6 +60,11 @@ class BridgeFile {
     /// Days are 0 to LedgerTerms::LongestDays, the line on whom to ask at most 300 characters.
     bool SetLedger(const LedgerTerms& terms);
 
+    /// What is wanted of the alarms; the values of AlarmTerms where nothing was set.
+    const AlarmTerms& Alarms() const { return own.alarms; }
+    /// Within the bounds of AlarmTerms; no control characters.
+    bool SetAlarms(const AlarmTerms& terms);
+
     /// What was decided on each departure.
     const GuardTerms& Guards() const { return own.guards; }
     bool SetGuards(const GuardTerms& terms);

@@ -1,7 +1,8 @@
 #include "bridge/networks/OwnPart.h"
 
-#include "base/Latin1.h"
 #include "base/Text.h"
+#include "bridge/TomlText.h"
+#include "bridge/watch/alarms/AlarmTable.h"
 
 #include <algorithm>
 
@@ -120,54 +121,32 @@ void ReadWatch(const TomlValue& table, WatchTerms& terms, TomlMistakes& mistakes
     fields.TellUnknown();
 }
 
-/// A text in quotes, as TOML has it. Characters that it forbids, and those that no font shows, are written by
-/// their numbers.
-std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : ToUtf8(text)) {
-        if (c == '"' || c == '\\') quoted += '\\';
-        if (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F) {
-            quoted += c;
-            continue;
-        }
-        constexpr std::string_view digits = "0123456789ABCDEF";
-        quoted += "\\u00";
-        quoted += digits[static_cast<unsigned char>(c) >> 4];
-        quoted += digits[static_cast<unsigned char>(c) & 15];
-    }
-    return quoted + "\"";
-}
-
-std::string Line(std::string_view key, std::string_view value) {
-    return std::string(key) + " = " + std::string(value) + "\n";
-}
-
-const char* Word(bool value) { return value ? "true" : "false"; }
-
 std::string ChoiceText(const NetworkChoice& choice) {
-    return "\n[[chosen]]\n" + Line("file", Quoted(choice.file)) + Line("account", Quoted(choice.account)) +
-           Line("network", Quoted(choice.network));
+    return "\n[[chosen]]\n" + TomlLine("file", TomlQuoted(choice.file)) +
+           TomlLine("account", TomlQuoted(choice.account)) + TomlLine("network", TomlQuoted(choice.network));
 }
 
 std::string ManagementText(const NetworkManagement& management) {
     const auto& terms = management.terms;
-    return "\n[management." + Quoted(management.network) + "]\n" + Line("address", Quoted(terms.address)) +
-           Line("header", Quoted(terms.header)) + Line("enforce", Word(terms.enforce)) +
-           Line("suspend", Word(terms.suspend)) + Line("addresses", Word(terms.watchAddresses));
+    return "\n[management." + TomlQuoted(management.network) + "]\n" +
+           TomlLine("address", TomlQuoted(terms.address)) + TomlLine("header", TomlQuoted(terms.header)) +
+           TomlLine("enforce", TomlSwitch(terms.enforce)) + TomlLine("suspend", TomlSwitch(terms.suspend)) +
+           TomlLine("addresses", TomlSwitch(terms.watchAddresses));
 }
 
 std::string PermitText(const RoastingPermit& permit) {
-    return "\n[[roasting]]\n" + Line("network", Quoted(permit.network)) + Line("host", Quoted(permit.host));
+    return "\n[[roasting]]\n" + TomlLine("network", TomlQuoted(permit.network)) +
+           TomlLine("host", TomlQuoted(permit.host));
 }
 
 std::string LedgerText(const LedgerTerms& terms) {
-    std::string names;
-    for (const auto& name : terms.noAppealOf) names += (names.empty() ? "" : ", ") + Quoted(name);
-    return "\n[ledger]\n" + Line("keep", Word(terms.keep)) + Line("evidence", Word(terms.evidence)) +
-           Line("text-days", std::to_string(terms.textDays)) +
-           Line("act-days", std::to_string(terms.actDays)) + Line("answers", Word(terms.answers)) +
-           Line("appeals", Word(terms.appeals)) + Line("whom-to-ask", Quoted(terms.whomToAsk)) +
-           Line("no-appeal-of", "[" + names + "]");
+    return "\n[ledger]\n" + TomlLine("keep", TomlSwitch(terms.keep)) +
+           TomlLine("evidence", TomlSwitch(terms.evidence)) +
+           TomlLine("text-days", std::to_string(terms.textDays)) +
+           TomlLine("act-days", std::to_string(terms.actDays)) +
+           TomlLine("answers", TomlSwitch(terms.answers)) + TomlLine("appeals", TomlSwitch(terms.appeals)) +
+           TomlLine("whom-to-ask", TomlQuoted(terms.whomToAsk)) +
+           TomlLine("no-appeal-of", TomlTexts(terms.noAppealOf));
 }
 
 std::string GuardsText(const GuardTerms& terms) {
@@ -176,12 +155,14 @@ std::string GuardsText(const GuardTerms& terms) {
         const auto departure = static_cast<Departure>(index);
         const auto guard = terms.Of(departure);
         if (guard != Departures::Guard::Unset && MayBeDecided(departure))
-            text += Line(TextOf(departure).name, Word(guard == Departures::Guard::On));
+            text += TomlLine(TextOf(departure).name, TomlSwitch(guard == Departures::Guard::On));
     }
     return text;
 }
 
-std::string WatchText(const WatchTerms& terms) { return "\n[watch]\n" + Line("foot", Word(terms.foot)); }
+std::string WatchText(const WatchTerms& terms) {
+    return "\n[watch]\n" + TomlLine("foot", TomlSwitch(terms.foot));
+}
 
 bool IsDays(int days) { return days >= 0 && days <= LedgerTerms::LongestDays; }
 
@@ -232,6 +213,12 @@ bool OwnPart::SetLedger(const LedgerTerms& terms) {
     return true;
 }
 
+bool OwnPart::SetAlarms(const AlarmTerms& terms) {
+    if (!MayBeAlarms(terms)) return false;
+    alarms = terms;
+    return true;
+}
+
 OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
     OwnPart own;
     TomlFields fields(file, {}, mistakes);
@@ -255,6 +242,7 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
     if (const auto* table = fields.Table("ledger")) ReadLedger(*table, own.ledger, mistakes);
     if (const auto* table = fields.Table("guards")) ReadGuards(*table, own.guards, mistakes);
     if (const auto* table = fields.Table("watch")) ReadWatch(*table, own.watch, mistakes);
+    if (const auto* table = fields.Table("alarms")) own.alarms = ReadAlarms(*table, mistakes);
     if (const auto* tables = fields.Table("management"))
         for (const auto& member : tables->members) ReadManagement(member, own, mistakes);
     fields.TellUnknown();
@@ -263,10 +251,11 @@ OwnPart ReadOwnPart(const TomlValue& file, TomlMistakes& mistakes) {
 
 std::optional<std::string> OwnPartText(const OwnPart& own, std::size_t limit) {
     std::string text;
-    if (!own.last.empty()) text += "\n[bridge]\n" + Line("last", Quoted(own.last));
+    if (!own.last.empty()) text += "\n[bridge]\n" + TomlLine("last", TomlQuoted(own.last));
     if (own.ledger != LedgerTerms()) text += LedgerText(own.ledger);
     if (own.guards != GuardTerms()) text += GuardsText(own.guards);
     if (own.watch != WatchTerms()) text += WatchText(own.watch);
+    if (own.alarms != AlarmTerms()) text += AlarmsText(own.alarms);
     for (const auto& management : own.management) text += ManagementText(management);
     for (const auto& permit : own.roasting) text += PermitText(permit);
     if (text.size() > limit) return std::nullopt;

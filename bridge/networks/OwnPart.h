@@ -1,14 +1,15 @@
 #pragma once
 
 // The part of bridge.toml that Halyard writes itself: which network was chosen where, what it may do with the
-// management of each, to which hosts roasted passwords may go, and what is wanted of the ledger and of the
-// watch. Texts are Windows-1252.
+// management of each, to which hosts roasted passwords may go, and what is wanted of the ledger, the guards,
+// the alarms and the watch. Texts are Windows-1252.
 
 #include "bridge/TomlFields.h"
 #include "bridge/guards/GuardTerms.h"
 #include "bridge/ledger/LedgerTerms.h"
 #include "bridge/networks/ManagementTerms.h"
 #include "bridge/watch/WatchTerms.h"
+#include "bridge/watch/alarms/AlarmTerms.h"
 
 #include <optional>
 #include <string>
@@ -47,6 +48,7 @@ struct OwnPart {
     LedgerTerms ledger;
     GuardTerms guards;
     WatchTerms watch;
+    AlarmTerms alarms;
 
     // Each puts its entry last in the place of an older one, and drops the oldest where there are too many.
     // What couldn't be read back is refused: false, and nothing has changed.
@@ -54,6 +56,7 @@ struct OwnPart {
     bool SetManagement(const NetworkManagement& management);
     bool Permit(const RoastingPermit& permit);
     bool SetLedger(const LedgerTerms& terms);
+    bool SetAlarms(const AlarmTerms& terms);
 
     bool operator==(const OwnPart&) const = default;
 };

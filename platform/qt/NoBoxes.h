@@ -29,6 +29,7 @@ class NoDesktop : public Desktop {
     void AddTrayIcon(const std::string&) override {}
     void SetTrayTip(const std::string&) override {}
     void RemoveTrayIcon() override {}
+    void Notify(const std::string&, const std::string&) override {}
     void Copy(const std::string&) override {}
     void Quit() override;
 };

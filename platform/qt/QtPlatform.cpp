@@ -1,6 +1,7 @@
 #include "platform/qt/QtPlatform.h"
 
 #include "platform/qt/NoBoxes.h"
+#include "platform/qt/QtCommands.h"
 #include "platform/qt/QtHttp.h"
 #include "platform/qt/QtTcpServer.h"
 #include "platform/qt/QtTcpSocket.h"
@@ -24,6 +25,8 @@ std::unique_ptr<SocketServer> QtPlatform::NewServer() { return std::make_unique<
 std::unique_ptr<Timer> QtPlatform::NewTimer() { return std::make_unique<QtTimerAdapter>(&keeper); }
 
 std::unique_ptr<Http> QtPlatform::NewHttp() { return std::make_unique<QtHttp>(&keeper); }
+
+std::unique_ptr<Commands> QtPlatform::NewCommands() { return std::make_unique<QtCommands>(); }
 
 std::unique_ptr<Database> QtPlatform::NewDatabase() {
     if (!databases) return nullptr;

@@ -32,6 +32,7 @@ class QtPlatform : public Platform {
     std::unique_ptr<Timer> NewTimer() override;
     std::unique_ptr<Http> NewHttp() override;
     std::unique_ptr<Database> NewDatabase() override;
+    std::unique_ptr<Commands> NewCommands() override;
     Random& RandomSource() override { return random; }
     Files& FileSystem() override { return files; }
     Dialogs& Boxes() override { return *boxes; }

@@ -18,6 +18,8 @@ class SimDesktop : public Desktop {
     std::vector<std::string> pages;
     /// Empty while there is no icon.
     std::string trayTip;
+    /// "title: text" of each that was told.
+    std::vector<std::string> notes;
     std::string copied;
     int quits = 0;
 
@@ -26,6 +28,9 @@ class SimDesktop : public Desktop {
     void AddTrayIcon(const std::string& tip) override { trayTip = tip; }
     void SetTrayTip(const std::string& tip) override { trayTip = tip; }
     void RemoveTrayIcon() override { trayTip.clear(); }
+    void Notify(const std::string& title, const std::string& text) override {
+        notes.push_back(title + ": " + text);
+    }
     void Copy(const std::string& text) override { copied = text; }
     void Quit() override { ++quits; }
 };

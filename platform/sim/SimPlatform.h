@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 #include "platform/sim/ScriptedDialogs.h"
+#include "platform/sim/SimCommands.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimFiles.h"
 #include "platform/sim/SimRandom.h"
@@ -27,6 +28,7 @@ class SimPlatform : public Platform {
     ScriptedDialogs dialogs;
     SimDesktop desktop;
     SimTicks ticks;
+    SimPrograms programs;
     /// What makes its databases, which answer at once; empty: it has none.
     std::function<std::unique_ptr<Database>()> databases;
 
@@ -35,6 +37,9 @@ class SimPlatform : public Platform {
     std::unique_ptr<Timer> NewTimer() override;
     std::unique_ptr<Http> NewHttp() override;
     std::unique_ptr<Database> NewDatabase() override { return databases ? databases() : nullptr; }
+    std::unique_ptr<Commands> NewCommands() override {
+        return std::make_unique<SimCommands>(world.clock, programs);
+    }
     Random& RandomSource() override { return random; }
     Files& FileSystem() override { return disk; }
     Dialogs& Boxes() override { return dialogs; }

@@ -126,6 +126,7 @@ void Invariants::Check() {
     if (!enforced) CheckReplies(); // else none tells what is done
     CheckTimeBans();
     if (ledger) Violate(ledger->Check(world.Now()));
+    if (alarms) Violate(alarms->Check(world.Now()));
     if (truth) Violate(truth->Check(world.Now()));
     if (enforced)
         Violate(enforced->Check(world.Now()));
@@ -266,6 +267,7 @@ void Invariants::RequireBack(const std::vector<std::string>& rooms) {
         if (!shown.contains(room)) Violate("the operator does not see that the bot is in " + room);
     }
     if (shown.size() > rooms.size()) Violate("the operator sees rooms that the bot is not in");
+    if (alarms) Violate(alarms->CheckWell());
 }
 
 void Invariants::RequireNoGrowth(std::size_t rooms) {

@@ -5,6 +5,7 @@
 // first one ends the run.
 
 #include "soak/TapMachine.h"
+#include "soak/watch/AlarmWatch.h"
 #include "soak/watch/BanWatch.h"
 #include "soak/watch/EnforcedWatch.h"
 #include "soak/watch/LedgerWatch.h"
@@ -34,9 +35,12 @@ class Invariants : public TapListener {
 
     bool openServer = false;               ///< a service that enforces no bans
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
-    std::optional<LedgerWatch> ledger;     ///< with the bridge
-    std::optional<TruthWatch> truth;       ///< too
+    std::optional<LedgerWatch> ledger;     ///< with the bridge, as the next two
+    std::optional<TruthWatch> truth;
+    std::optional<AlarmWatch> alarms;
 
+    /// What another finds wrong; nothing for an empty text.
+    void Find(const std::string& text) { Violate(text); }
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
     /// After every event of the world.

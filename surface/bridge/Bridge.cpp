@@ -28,19 +28,17 @@ Bridge::Bridge(frmMain& main)
     : watch(main, heard), file(main.Context().platform.FileSystem()), foot(main.Context().platform),
       chosen(main, file), check(main.Context().platform, main.Control()),
       window(main.Context(), file, chosen, foot, check), ledgerWindow(main.Context()),
-      ledgerTerms(main.Context(), file), watchWindow(main.Context(), watch.truth, watch.samples),
+      ledgerTerms(main.Context(), file),
       answers(main.Context().platform, [this](const std::string& text) { foot.Tell(text); }),
       enforcement(main.Context().platform, main.Control(),
                   {[&main](const std::string& name) { return IsSpared(main.options, name); },
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
-      ledger(main, heard,
-             [this](const std::string& text) {
-                 foot.Tell(text);
-                 watchWiring.Changed(); // it may be that the ledger can't be written
-             }),
-      wiring(main, ledger, ledgerWindow), watchWiring(main, ledger, watch, {foot, watchWindow, ledgerWindow}),
-      main(main) {
+      ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
+      wiring(main, ledger, ledgerWindow),
+      alarms(main, heard, watch.truth, ledger, [this](const std::string& text) { foot.Tell(text); }),
+      alarmTerms(main.Context(), file), watchWindow(main.Context(), watch, alarms, ledger),
+      watchWiring(main, watch, ledger, alarms, {foot, watchWindow, ledgerWindow}), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -77,6 +75,8 @@ void Bridge::BindControls() {
     };
     for (auto& label : foot.lblStanding) label.Click = [this] { watchWindow.Show(); };
     bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
+    bar.mnuAlarms.Click = [this] { alarmTerms.Show(); };
+    alarmTerms.onApplied = [this](const AlarmTerms& terms) { alarms.Take(terms); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);
         wiring.Reopened();
@@ -101,6 +101,7 @@ void Bridge::Start() {
     file.Load();
     for (const auto& problem : file.Problems()) foot.Tell("bridge.toml: " + problem);
     TakeGuards(file.Guards());
+    alarms.Take(file.Alarms());
     ledger.Take(file.Ledger());
     wiring.Reopened();
     ShowFoot(file.Watch().foot);
@@ -127,7 +128,15 @@ void Bridge::Refresh() {
     if (window.Loaded()) window.Refresh();
 }
 
+/// What a person has to set right isn't tried again by the bot, where that guard is on. Asked once.
+bool Bridge::MayTryAgain() {
+    if (!alarms.ears.account.NeedsPerson()) return stopsForPerson.reset(), true;
+    if (!stopsForPerson) stopsForPerson = main.Control().Guarded(Departure::StopsAreStops);
+    return !*stopsForPerson;
+}
+
 bool Bridge::MayLogin(ConnectionPanel::By by) {
+    if (by == ConnectionPanel::By::WayBack && !MayTryAgain()) return false;
     if (!chosen.MayLogin(by)) return false;
     window.check.GiveWay();
     Enforce(chosen.OfSignOn());
@@ -138,7 +147,7 @@ bool Bridge::MayLogin(ConnectionPanel::By by) {
 void Bridge::Enforce(const std::string& network) {
     const auto terms = file.Management(network);
     enforcement.SetTerms(terms);
-    answers.enforcedElsewhere = terms.enforce;
+    answers.enforcedElsewhere = alarms.ears.counts.enforcedElsewhere = terms.enforce;
 }
 
 void Bridge::SignOnStage(const std::string& text) {

@@ -17,10 +17,13 @@
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
+#include "surface/bridge/watch/AlarmHost.h"
+#include "surface/bridge/watch/AlarmTermsWindow.h"
 #include "surface/bridge/watch/WatchHost.h"
 #include "surface/bridge/watch/WatchWindow.h"
 #include "surface/bridge/watch/WatchWiring.h"
 
+#include <optional>
 #include <string>
 
 namespace halyard {
@@ -49,11 +52,13 @@ class Bridge : private News {
     NetworkWindow window;
     LedgerWindow ledgerWindow;
     LedgerTermsWindow ledgerTerms;
-    WatchWindow watchWindow;
     BanAnswers answers;
     Enforcement enforcement;
     LedgerHost ledger;
     LedgerWiring wiring;
+    AlarmHost alarms;
+    AlarmTermsWindow alarmTerms;
+    WatchWindow watchWindow;
     WatchWiring watchWiring;
 
   private:
@@ -63,6 +68,7 @@ class Bridge : private News {
     void TakeGuards(const GuardTerms& terms);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
+    bool MayTryAgain();
 
     // News.
     void SignOnStage(const std::string& text) override;
@@ -76,7 +82,8 @@ class Bridge : private News {
     void RateTold(std::int16_t room, int code, int classId) override;
 
     frmMain& main;
-    std::string refusedByTls; // what was wrong with the main connection's certificate
+    std::optional<bool> stopsForPerson; ///< nothing while no person is needed
+    std::string refusedByTls;           // what was wrong with the main connection's certificate
 };
 
 } // namespace halyard

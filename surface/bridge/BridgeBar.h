@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuLedgerTerms, &mnuFootLine};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuLedgerTerms, &mnuAlarms, &mnuFootLine};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -21,6 +21,7 @@ class BridgeBar {
     Menu mnuWatch{"mnuWatch", "Watch\x85"};
     Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
     Menu mnuFootLine{"mnuFootLine", "Hide Foot Line"}; ///< or show it
+    Menu mnuAlarms{"mnuAlarms", "Alarms\x85"};
 };
 
 } // namespace halyard

@@ -19,7 +19,7 @@ constexpr std::array<const char*, FootFields> FieldNames = {"Connection", "Rooms
 void PaintField(Label& label, FootField::Level level) {
     constexpr int white = 0xFFFFFF, black = 0x000000;
     switch (level) {
-    case FootField::Level::Plain: return label.SetColors(Theme::Transparent, Theme::WindowFore);
+    case FootField::Level::Plain: return label.SetColors(Theme::WindowBack, Theme::WindowFore);
     case FootField::Level::Good: return label.SetColors(0x4B6B0A, white);
     case FootField::Level::Care: return label.SetColors(0x3FC8FF, black);
     case FootField::Level::Bad: return label.SetColors(0x1C1CB0, white);
@@ -64,6 +64,7 @@ void FootLine::Tell(const std::string& text) {
     ShowTold(line);
     timer->SetInterval(SeenFor); // from now on, where an older line is still seen
     timer->SetEnabled(true);
+    if (onTold) onTold();
 }
 
 std::string FootLine::Time() const {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -40,6 +41,8 @@ class FootLine {
     /// One sentence; what would break the line becomes a blank, and what is longer than 500 characters is
     /// cut.
     void Tell(const std::string& text);
+    /// Something was told.
+    std::function<void()> onTold;
     /// Only what is another is shown anew.
     void Stand(const std::array<FootField, FootFields>& fields);
 

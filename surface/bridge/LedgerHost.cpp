@@ -52,6 +52,9 @@ void LedgerHost::Begin() {
     auto& [ledger, keeper, messages, undo, answers, appeals] = *parts;
     ledger.network = network;
     ledger.onTell = tell;
+    ledger.onHealth = [this](bool works, const std::string& words) {
+        if (onHealth) onHealth(works, words);
+    };
     appeals.onAppeal = [this](std::size_t count, const std::string& name) {
         tell(name + " appeals (appeal " + std::to_string(count) + " since the start): see the ledger.");
     };
@@ -72,6 +75,7 @@ void LedgerHost::End() {
     heard.Remove(parts->appeals);
     parts.reset();
     folder.reset();
+    if (onHealth) onHealth(true, "None is kept.");
 }
 
 void LedgerHost::SetNetwork(const std::string& name) {

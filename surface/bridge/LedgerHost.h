@@ -40,6 +40,9 @@ class LedgerHost {
         Appeals appeals;
     };
 
+    /// Whether the ledger can be written, told where that changes.
+    std::function<void(bool works, const std::string& words)> onHealth;
+
     /// Begins, goes on, or ends by the terms. The file is ledger.db in the bridge's data folder, which one
     /// program at a time has.
     void Take(const LedgerTerms& terms);

@@ -3,6 +3,7 @@
 #include "oscar/TillerSock.h"
 #include "platform/Platform.h"
 #include "state/Counters.h"
+#include "state/TextFile.h"
 #include "surface/panels/ConnectionPanel.h"
 
 namespace halyard {
@@ -32,7 +33,8 @@ StatsPanel::StatsPanel(const SurfaceContext& context, const ConnectionPanel& con
 }
 
 void StatsPanel::StatsTick() {
-    File.Write();
+    const bool done = File.Write();
+    if (!File.Path().empty()) TellWritten(context.control.Tell(), File.Path(), done);
     if (!connection.SignedOn) return;
     SendProfile(context);
     context.control.SetPrivacy(1);

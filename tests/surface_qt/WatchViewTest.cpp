@@ -86,7 +86,6 @@ TEST_F(WatchView, PaintsTheFootLineOnlyWhenItSaysSomethingElse) {
         Find<QWidget>(("lblStanding(" + std::to_string(field) + ")").c_str()).installEventFilter(&paints);
     for (int second = 0; second < 20; ++second) people.Say("lobby", "alice", "talk"), Wait(1);
     EXPECT_EQ(paints.count, 0);
-    people.Drop("Harbour Bot");
     people.Drop("harbourbot");
     Wait(2);
     EXPECT_GT(paints.count, 0);

@@ -14,6 +14,8 @@ namespace halyard {
 
 namespace {
 
+constexpr int NoteTime = 10000; // ms
+
 /// 0 for what the main window does not know. Desktops report no right double-click.
 int MouseMessage(QSystemTrayIcon::ActivationReason reason) {
     switch (reason) {
@@ -26,7 +28,14 @@ int MouseMessage(QSystemTrayIcon::ActivationReason reason) {
 
 } // namespace
 
-QtDesktop::QtDesktop() = default;
+QtDesktop::QtDesktop() {
+    noteEnd.setSingleShot(true);
+    noteEnd.setInterval(NoteTime);
+    QObject::connect(&noteEnd, &QTimer::timeout, &noteEnd, [this] {
+        if (!wanted) icon->hide();
+    });
+}
+
 QtDesktop::~QtDesktop() = default;
 
 bool QtDesktop::OpenPage(const std::string& address) {
@@ -37,6 +46,7 @@ bool QtDesktop::HasTray() { return QSystemTrayIcon::isSystemTrayAvailable(); }
 
 void QtDesktop::AddTrayIcon(const std::string& tip) {
     if (!icon) MakeIcon();
+    wanted = true;
     SetTrayTip(tip);
     icon->show();
 }
@@ -59,7 +69,17 @@ void QtDesktop::SetTrayTip(const std::string& tip) {
 
 void QtDesktop::RemoveTrayIcon() {
     // Hidden, not destroyed: this may run inside the icon's own handler.
+    wanted = false;
     if (icon) icon->hide();
+}
+
+void QtDesktop::Notify(const std::string& title, const std::string& text) {
+    if (!HasTray()) return;
+    if (!icon) MakeIcon();
+    icon->show(); // a note needs one
+    icon->showMessage(QString::fromStdString(ToUtf8(title)), QString::fromStdString(ToUtf8(text)),
+                      QSystemTrayIcon::Warning, NoteTime);
+    noteEnd.start();
 }
 
 void QtDesktop::Copy(const std::string& text) {

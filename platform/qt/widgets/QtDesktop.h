@@ -4,6 +4,8 @@
 
 #include "platform/Desktop.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <memory>
 
@@ -25,6 +27,7 @@ class QtDesktop : public Desktop {
     void AddTrayIcon(const std::string& tip) override;
     void SetTrayTip(const std::string& tip) override;
     void RemoveTrayIcon() override;
+    void Notify(const std::string& title, const std::string& text) override;
     void Copy(const std::string& text) override;
     void Quit() override;
 
@@ -32,6 +35,8 @@ class QtDesktop : public Desktop {
     void MakeIcon();
 
     std::unique_ptr<QSystemTrayIcon> icon;
+    QTimer noteEnd;      ///< runs while a note is told
+    bool wanted = false; ///< the icon, whether a note is told or not
 };
 
 } // namespace halyard

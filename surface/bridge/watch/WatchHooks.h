@@ -6,19 +6,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace halyard {
-
-/// An alarm as the window lists it.
-struct ShownAlarm {
-    std::int64_t at = 0; ///< ms UTC: since when it rings, or when it rang or ended
-    std::string what;    ///< its kind in words
-    std::string subject; ///< a room, an entry; may be empty
-    std::string words;   ///< what it says
-    std::string reason;  ///< why it rang, or that it ended
-    bool operator==(const ShownAlarm&) const = default;
-};
 
 struct WatchHooks {
     // The room is a socket slot; each says whether something was taken out, or how much.
@@ -28,8 +17,6 @@ struct WatchHooks {
     std::function<int(const std::string& op)> dropOp;
     /// Seconds between two bans of a room.
     std::function<float(std::int16_t room)> banPause;
-    std::function<std::vector<ShownAlarm>()> ringing; ///< the newest first, as the next
-    std::function<std::vector<ShownAlarm>()> rang;
     /// Shows the acts between two moments, ms UTC.
     std::function<void(std::int64_t since, std::int64_t until)> openLedger;
 };

@@ -1,13 +1,16 @@
 #include "surface/bridge/watch/WatchWindow.h"
 
+#include "surface/bridge/watch/WatchHost.h"
+
 #include <array>
 
 namespace halyard {
 
-WatchWindow::WatchWindow(const SurfaceContext& context, const Truth& truth, Samples& samples)
-    : Opened(context), clock(context.platform), now(truth, clock), waiting(truth, clock, hooks),
-      alarms(hooks), history(samples, hooks), refresher(context.platform, [this] { Refresh(); }),
-      beat(context.platform.NewTimer()) {
+WatchWindow::WatchWindow(const SurfaceContext& context, WatchHost& watch, AlarmHost& alarms,
+                         LedgerHost& ledger)
+    : Opened(context), clock(context.platform), now(watch.truth, clock), waiting(watch.truth, clock, hooks),
+      alarms(alarms, ledger), history(watch.samples, hooks),
+      refresher(context.platform, [this] { Refresh(); }), beat(context.platform.NewTimer()) {
     form.SetVisible(false);
     optPage.Click = [this](int page) { ShowPage(page); };
     now.tblNow.Click = [this] { now.ShowChosen(); };
@@ -48,7 +51,7 @@ void WatchWindow::Refresh() {
     switch (optPage.Index()) {
     case Now: return now.Refresh();
     case Waiting: return waiting.Refresh();
-    case Alarms: return alarms.Refresh();
+    case Alarms: return alarms.Fill();
     default: return history.Refresh();
     }
 }

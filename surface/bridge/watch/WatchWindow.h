@@ -4,7 +4,7 @@
 // what is told elsewhere at most four times a second, and only while it is open. The bridge owns the one and
 // fills its hooks.
 
-#include "surface/bridge/watch/AlarmsPage.h"
+#include "surface/bridge/watch/AlarmPage.h"
 #include "surface/bridge/watch/HistoryPage.h"
 #include "surface/bridge/watch/NowPage.h"
 #include "surface/bridge/watch/Refresher.h"
@@ -15,13 +15,15 @@
 
 namespace halyard {
 
+class WatchHost;
+
 class WatchWindow : public Opened<WatchWindow> {
   public:
     enum Page { Now, Waiting, Alarms, History };
     static constexpr int Beat = 1000; ///< ms after which what time alone changes is looked at
 
     /// All outlive it.
-    WatchWindow(const SurfaceContext& context, const Truth& truth, Samples& samples);
+    WatchWindow(const SurfaceContext& context, WatchHost& watch, AlarmHost& alarms, LedgerHost& ledger);
 
     WatchHooks hooks; ///< filled before the window is opened
     Form form{"frmWatch", "Watch"};
@@ -29,7 +31,7 @@ class WatchWindow : public Opened<WatchWindow> {
     WatchClock clock;
     NowPage now;
     WaitingPage waiting;
-    AlarmsPage alarms;
+    AlarmPage alarms;
     HistoryPage history;
 
     /// Opens the window, or brings it to the front, with this page.

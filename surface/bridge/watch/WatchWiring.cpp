@@ -6,6 +6,7 @@
 #include "surface/bridge/FootLine.h"
 #include "surface/bridge/LedgerHost.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
+#include "surface/bridge/watch/AlarmHost.h"
 #include "surface/bridge/watch/WatchHost.h"
 #include "surface/bridge/watch/WatchWindow.h"
 #include "surface/frmMain.h"
@@ -15,17 +16,25 @@
 
 namespace halyard {
 
-WatchWiring::WatchWiring(frmMain& main, LedgerHost& ledger, WatchHost& watch, const Shown& shown)
-    : main(main), ledger(ledger), watch(watch), shown(shown),
+WatchWiring::WatchWiring(frmMain& main, WatchHost& watch, LedgerHost& ledger, AlarmHost& alarms,
+                         const Shown& shown)
+    : main(main), watch(watch), ledger(ledger), alarms(alarms), shown(shown),
       refresher(main.Context().platform, [this] { StandFoot(); }), stuck(main.Context().platform.NewTimer()) {
     stuck->onTick = [this] { StandFoot(); };
     watch.truth.onChanged = [this] { Changed(); };
+    alarms.book.onChanged = [this] { Changed(); };
+    shown.foot.onTold = [this] { refresher.Due(); }; // such as that the ledger can't be written
     watch.samples.onSample = [this](const SampleFact& sample) {
         ReadEarlier();
         if (auto* parts = this->ledger.Open()) parts->ledger.Keep(SampleFact(sample));
     };
     FillHooks();
     StandFoot();
+}
+
+WatchWiring::~WatchWiring() {
+    watch.truth.onChanged = alarms.book.onChanged = shown.foot.onTold = nullptr;
+    watch.samples.onSample = nullptr;
 }
 
 void WatchWiring::Reopened() {
@@ -59,9 +68,8 @@ void WatchWiring::StandFoot() {
     const auto kept = !parts                  ? LedgerState::None
                       : parts->ledger.Fails() ? LedgerState::NotWritten
                                               : LedgerState::Kept;
-    const auto& ringing = shown.window.hooks.ringing;
     const auto now = main.Context().platform.Milliseconds();
-    shown.foot.Stand(FootWords(watch.truth, now, kept, ringing ? ringing().size() : 0));
+    shown.foot.Stand(FootWords(watch.truth, now, kept, alarms.book.Ringing().size()));
     const auto next = NextStuck(watch.truth, now);
     stuck->SetEnabled(false);
     if (next < 0) return;

@@ -10,6 +10,7 @@
 
 namespace halyard {
 
+class AlarmHost;
 class FootLine;
 class LedgerHost;
 class LedgerWindow;
@@ -25,7 +26,10 @@ class WatchWiring {
         LedgerWindow& acts;
     };
     /// All outlive it. The window's hooks are filled here, once.
-    WatchWiring(frmMain& main, LedgerHost& ledger, WatchHost& watch, const Shown& shown);
+    WatchWiring(frmMain& main, WatchHost& watch, LedgerHost& ledger, AlarmHost& alarms, const Shown& shown);
+    ~WatchWiring();
+    WatchWiring(const WatchWiring&) = delete;
+    WatchWiring& operator=(const WatchWiring&) = delete;
 
     /// Another ledger is open, or none any more.
     void Reopened();
@@ -38,8 +42,9 @@ class WatchWiring {
     void StandFoot();
 
     frmMain& main;
-    LedgerHost& ledger;
     WatchHost& watch;
+    LedgerHost& ledger;
+    AlarmHost& alarms;
     Shown shown;
     Refresher refresher;
     std::unique_ptr<Timer> stuck; ///< the next moment at which something counts as stuck

@@ -8,6 +8,7 @@ class QWidget;
 
 namespace halyard {
 
+class AlarmTermsWindow;
 class FootLine;
 class FormWindow;
 class LedgerTermsWindow;
@@ -21,6 +22,7 @@ QWidget* DrawFootLine(FootLine& foot);
 std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
 std::unique_ptr<FormWindow> DrawWatch(WatchWindow& model);
+std::unique_ptr<FormWindow> DrawAlarmTerms(AlarmTermsWindow& model);
 std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
 
 } // namespace halyard

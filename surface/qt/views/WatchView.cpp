@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeView>
@@ -42,14 +43,14 @@ QWidget* DrawWaiting(WaitingPage& page) {
                  NamedValue(page.lblGone, "What never went"), Item(gone, 2)});
 }
 
-QWidget* DrawAlarms(AlarmsPage& page) {
-    auto* ringing = BindTable(page.tblRinging, "What rings");
+QWidget* DrawAlarms(AlarmPage& page) {
+    auto* ringing = BindList(page.lstRinging, page.lblRinging.Caption());
     HighFor(*ringing, 6);
-    auto* rang = BindTable(page.tblRang, page.lblRang.Caption());
-    HighFor(*rang, 8);
+    auto* rang = BindList(page.lstRang, page.lblRang.Caption());
+    HighFor(*rang, 10);
     return Fill(BindPlace(page.FrameAlarms, page.FrameAlarms.Caption()),
-                {NamedValue(page.lblRinging, "How many ring"), Item(ringing, 1), BindLabel(page.lblRang),
-                 Item(rang, 2)});
+                {Row({BindLabel(page.lblRinging), Room(), BindButton(page.cmdDismiss)}), Item(ringing, 1),
+                 Row({BindLabel(page.lblRang), Room(), BindButton(page.cmdOlder)}), Item(rang, 2)});
 }
 
 /// Who stands in the one of two places when it gives way to the other goes on in `first` there.
