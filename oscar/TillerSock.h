@@ -157,6 +157,7 @@ class TillerSock : public RoomHost {
 
   private:
     // What a room asks (RoomHost).
+    std::int64_t Now() override { return platform.Milliseconds(); }
     void Say(std::int16_t intChatIndex, const std::string& strLine) override {
         SendChat(intChatIndex, strLine);
     }

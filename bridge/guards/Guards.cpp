@@ -4,7 +4,7 @@
 
 namespace halyard {
 
-Guards::Guards(const GuardHands& hands) : book(hands.platform, hands.ledger) {}
+Guards::Guards(const GuardHands& hands) : book(hands.platform, hands.control, hands.ledger) {}
 
 void Guards::Listen(NewsFan& fan) { fan.Add(book); }
 

@@ -31,7 +31,9 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
     auto channel = Mid(strPacket, ChannelAt, 1);
     if (channel == ByteToStr(1)) HandleHello(Index);
     if (channel == ByteToStr(4)) {
-        if (signOn.LoggedOn && Departs(Departure::MainSignOffs))
+        // While a migration is due, nothing is laid down for it either.
+        if (signOn.LoggedOn &&
+            (signOn.ServerPaused ? Departs(Departure::MainSignOffs) : Guarded(Departure::MainSignOffs)))
             return HandleMainSignOff(Index, Mid(strPacket, 7));
         if (signOn.LoggedOn && !signOn.ServerPaused) {
             if (telling.news)

@@ -145,6 +145,7 @@ void Reconnection::LoggedOff() {
     view.connection.SignedOn = false;
     view.connection.SetButtons(false);
     view.chats.DropLostRooms();
+    if (Reconnecting && context.control.Guarded(Departure::StopsAreStops)) StopReconnections();
 }
 
 void Reconnection::StopReconnections() {
