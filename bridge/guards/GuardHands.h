@@ -11,6 +11,7 @@ namespace halyard {
 
 class Doors;
 class Ledger;
+class Options;
 class Platform;
 class TillerSock;
 
@@ -30,6 +31,7 @@ struct GuardHands {
     std::function<void(const std::string& text)> tell;
     std::function<void(const GuardAlarm&)> raise;
     std::function<Ledger*()> ledger; ///< null while none is kept
+    const Options& options;
 };
 
 } // namespace halyard

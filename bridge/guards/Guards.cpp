@@ -4,10 +4,19 @@
 
 namespace halyard {
 
-Guards::Guards(const GuardHands& hands) : book(hands.platform, hands.control, hands.ledger) {}
+Guards::Guards(const GuardHands& hands)
+    : book(hands.platform, hands.control, hands.ledger), signOffs(hands), silence(hands), roomsAgain(hands) {}
 
-void Guards::Listen(NewsFan& fan) { fan.Add(book); }
+void Guards::Listen(NewsFan& fan) {
+    fan.Add(book);
+    fan.Add(signOffs);
+    fan.Add(silence);
+    fan.Add(roomsAgain);
+}
 
-void Guards::SwitchesChanged() {}
+void Guards::SwitchesChanged() {
+    silence.SwitchesChanged();
+    roomsAgain.SwitchesChanged();
+}
 
 } // namespace halyard

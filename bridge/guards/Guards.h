@@ -6,6 +6,9 @@
 
 #include "bridge/guards/GuardBook.h"
 #include "bridge/guards/GuardHands.h"
+#include "bridge/guards/RoomsAgain.h"
+#include "bridge/guards/SignOffBell.h"
+#include "bridge/guards/SilenceGuard.h"
 
 namespace halyard {
 
@@ -23,6 +26,9 @@ class Guards {
     void SwitchesChanged();
 
     GuardBook book;
+    SignOffBell signOffs;
+    SilenceGuard silence;
+    RoomsAgain roomsAgain;
 };
 
 } // namespace halyard

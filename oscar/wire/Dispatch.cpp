@@ -14,6 +14,8 @@ void TillerSock::ParsePacket(int Index, std::string& strPacket) {
     if (telling.frames && strPacket.size() >= SocketTable::HeaderSize)
         telling.frames->Frame(Index, false, static_cast<unsigned char>(strPacket[ChannelAt - 1]),
                               std::string_view(strPacket).substr(SocketTable::HeaderSize));
+    if (telling.news && Departs(Departure::SilenceIsAskedAbout))
+        telling.news->SomethingHeard(Index, SnacKey(Mid(strPacket, KeyAt, 4)) == "0001000F");
     if (Departs(Departure::OneServiceRequest))
         ParseWithOwnService(Index, strPacket);
     else
