@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuLedgerTerms, &mnuAlarms, &mnuFootLine};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuGuards, &mnuLedgerTerms, &mnuAlarms, &mnuFootLine};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -22,6 +22,7 @@ class BridgeBar {
     Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
     Menu mnuFootLine{"mnuFootLine", "Hide Foot Line"}; ///< or show it
     Menu mnuAlarms{"mnuAlarms", "Alarms\x85"};
+    Menu mnuGuards{"mnuGuards", "Guards\x85"};
 };
 
 } // namespace halyard

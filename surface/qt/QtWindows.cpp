@@ -29,6 +29,7 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
         Offer(bridge->ledgerTerms, DrawLedgerTerms);
         Offer(bridge->watchWindow, DrawWatch);
         Offer(bridge->alarmTerms, DrawAlarmTerms);
+        Offer(bridge->guardsWindow, DrawGuards);
     }
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);
