@@ -34,12 +34,18 @@ Bridge::Bridge(frmMain& main)
                    [this](const std::string& text) { foot.Tell(text); },
                    main.Context().platform.FileSystem().BridgeFolder()}),
       ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
-      wiring(main, ledger, ledgerWindow), main(main) {
+      wiring(main, ledger, ledgerWindow),
+      guards({main.Context().platform, main.Control(), ledger.DoorsOfDesk(),
+              [this](const std::string& text) { foot.Tell(text); },
+              [this](const GuardAlarm& alarm) { Ring(alarm); },
+              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }}),
+      main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
     heard.Add(enforcement);
     heard.Add(check.Listener());
+    guards.Listen(heard);
     main.Control().SetNews(&heard);
 }
 
@@ -98,7 +104,10 @@ void Bridge::TakeGuards(const GuardTerms& terms) {
         const auto departure = static_cast<Departure>(index);
         main.Control().Switches().SetGuard(departure, terms.Of(departure));
     }
+    guards.SwitchesChanged();
 }
+
+void Bridge::Ring(const GuardAlarm& alarm) { foot.Tell(alarm.words); }
 
 void Bridge::Refresh() {
     OfferNetworks(row.cmbNetwork, file, chosen.Name());

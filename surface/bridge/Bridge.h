@@ -4,6 +4,7 @@
 // doors. The desk doesn't know it and works as well without one. Programs make it behind the main window.
 
 #include "bridge/NewsFan.h"
+#include "bridge/guards/Guards.h"
 #include "bridge/networks/BanAnswers.h"
 #include "bridge/networks/BridgeFile.h"
 #include "bridge/networks/check/NetworkCheck.h"
@@ -49,11 +50,13 @@ class Bridge : private News {
     Enforcement enforcement;
     LedgerHost ledger;
     LedgerWiring wiring;
+    Guards guards;
 
   private:
     void BindControls();
     void Refresh();
     void TakeGuards(const GuardTerms& terms);
+    void Ring(const GuardAlarm& alarm);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
 
