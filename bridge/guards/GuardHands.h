@@ -9,8 +9,10 @@
 
 namespace halyard {
 
+class CommandEngine;
 class Doors;
 class Ledger;
+class Options;
 class Platform;
 class TillerSock;
 
@@ -30,6 +32,8 @@ struct GuardHands {
     std::function<void(const std::string& text)> tell;
     std::function<void(const GuardAlarm&)> raise;
     std::function<Ledger*()> ledger; ///< null while none is kept
+    const Options& options;
+    CommandEngine& engine;
 };
 
 } // namespace halyard

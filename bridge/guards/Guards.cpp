@@ -4,10 +4,13 @@
 
 namespace halyard {
 
-Guards::Guards(const GuardHands& hands) : book(hands.platform, hands.ledger) {}
+Guards::Guards(const GuardHands& hands) : book(hands.platform, hands.ledger), bans(hands) {}
 
-void Guards::Listen(NewsFan& fan) { fan.Add(book); }
+void Guards::Listen(NewsFan& fan) {
+    fan.Add(book);
+    bans.Listen(fan);
+}
 
-void Guards::SwitchesChanged() {}
+void Guards::SwitchesChanged() { bans.SwitchesChanged(); }
 
 } // namespace halyard

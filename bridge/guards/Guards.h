@@ -6,6 +6,7 @@
 
 #include "bridge/guards/GuardBook.h"
 #include "bridge/guards/GuardHands.h"
+#include "bridge/guards/bans/BanGuards.h"
 
 namespace halyard {
 
@@ -23,6 +24,7 @@ class Guards {
     void SwitchesChanged();
 
     GuardBook book;
+    BanGuards bans;
 };
 
 } // namespace halyard

@@ -38,7 +38,8 @@ Bridge::Bridge(frmMain& main)
       guards({main.Context().platform, main.Control(), ledger.DoorsOfDesk(),
               [this](const std::string& text) { foot.Tell(text); },
               [this](const GuardAlarm& alarm) { Ring(alarm); },
-              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }}),
+              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }, main.options,
+              main.Engine()}),
       main(main) {
     BindControls();
     heard.Add(*this);
