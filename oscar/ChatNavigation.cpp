@@ -56,6 +56,7 @@ void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchan
     }
     const RoomWish wish{Trim(strChatName), intExchange, intInstance};
     if (Departs(Departure::RefusedSecondJoins) && IsIn(wish)) return Refuse(AlreadyIn.second, 0x2E, "000D");
+    if (telling.news) telling.news->RoomWanted(wish.strName, wish.intExchange);
     if (!WaitsItsTurn(wish)) AskForRoom(wish);
 }
 

@@ -1,5 +1,6 @@
 #include "bridge/guards/GuardBook.h"
 
+#include "bridge/guards/GuardScope.h"
 #include "bridge/ledger/Ledger.h"
 #include "oscar/Departures.h"
 #include "platform/Platform.h"
@@ -22,8 +23,8 @@ void CountRow(GuardCounts& counts, std::string_view name, bool acted, std::int64
 
 } // namespace
 
-GuardBook::GuardBook(Platform& platform, std::function<Ledger*()> ledger)
-    : platform(platform), ledger(std::move(ledger)), timer(platform.NewTimer()) {
+GuardBook::GuardBook(Platform& platform, TillerSock& control, std::function<Ledger*()> ledger)
+    : platform(platform), control(control), ledger(std::move(ledger)), timer(platform.NewTimer()) {
     timer->onTick = [this] { Flush(); };
     timer->SetInterval(Pause);
 }
@@ -32,9 +33,20 @@ GuardBook::~GuardBook() { Flush(); }
 
 std::int64_t GuardBook::Today() { return platform.CalendarSeconds() / DaySeconds; }
 
-void GuardBook::GuardAsked(Departure guard, bool acts, std::int16_t, const std::string&) {
+void GuardBook::GuardAsked(Departure guard, bool acts, std::int16_t room, const std::string& who) {
     ++waiting[{Today(), guard, acts}];
     timer->SetEnabled(true);
+    if (acts) TellAct(guard, room, who);
+}
+
+void GuardBook::TellAct(Departure guard, std::int16_t room, const std::string& who) {
+    auto& next = nextAct[static_cast<std::size_t>(guard)];
+    const auto now = platform.Milliseconds();
+    auto* book = ledger();
+    if (!book || now < next) return;
+    next = now + Pause;
+    const GuardScope scope(control, guard, room, who);
+    book->Tell({.kind = ActKind::Guard, .person = who, .entry = TextOf(guard).name});
 }
 
 void GuardBook::Flush() {

@@ -1,8 +1,8 @@
 #pragma once
 
 // How often each guard acted, and how often it would have acted while it was off: counted by the day (UTC),
-// kept in the ledger and read from there. Guards owns the one. While no ledger is kept, it knows what came
-// since the program's start.
+// kept in the ledger and read from there. That one acted is an act of the ledger too, once a minute. Guards
+// owns the one. While no ledger is kept, it knows what came since the program's start.
 
 #include "base/News.h"
 #include "platform/Timer.h"
@@ -18,6 +18,7 @@ namespace halyard {
 
 class Ledger;
 class Platform;
+class TillerSock;
 
 struct GuardCount {
     std::int64_t acted = 0;
@@ -30,8 +31,8 @@ class GuardBook : public News {
     static constexpr int Pause = 60'000; ///< ms; a guard costs the ledger at most two rows in this time
     static constexpr int Days = 30;      ///< that are looked back to
 
-    /// `ledger` gives null while none is kept. Both outlive it.
-    GuardBook(Platform& platform, std::function<Ledger*()> ledger);
+    /// `ledger` gives null while none is kept. The others outlive it.
+    GuardBook(Platform& platform, TillerSock& control, std::function<Ledger*()> ledger);
     ~GuardBook() override;
     GuardBook(const GuardBook&) = delete;
     GuardBook& operator=(const GuardBook&) = delete;
@@ -49,9 +50,13 @@ class GuardBook : public News {
     std::int64_t Today();
     void AddWaiting(GuardCounts& counts);
 
+    void TellAct(Departure guard, std::int16_t room, const std::string& who);
+
     Platform& platform;
+    TillerSock& control;
     std::function<Ledger*()> ledger;
-    std::map<Place, std::int64_t> waiting; ///< not handed on yet
+    std::map<Place, std::int64_t> waiting;              ///< not handed on yet
+    std::array<std::int64_t, DepartureCount> nextAct{}; ///< ms, from when on an act is told again
     std::unique_ptr<Timer> timer;
     std::shared_ptr<int> life = std::make_shared<int>();
 };

@@ -6,6 +6,9 @@
 
 #include "bridge/guards/GuardBook.h"
 #include "bridge/guards/GuardHands.h"
+#include "bridge/guards/RoomsAgain.h"
+#include "bridge/guards/SignOffBell.h"
+#include "bridge/guards/SilenceGuard.h"
 #include "bridge/guards/bans/BanGuards.h"
 
 namespace halyard {
@@ -24,6 +27,9 @@ class Guards {
     void SwitchesChanged();
 
     GuardBook book;
+    SignOffBell signOffs;
+    SilenceGuard silence;
+    RoomsAgain roomsAgain;
     BanGuards bans;
 };
 
