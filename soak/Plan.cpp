@@ -40,7 +40,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     auto words = given;
     const bool management = std::erase(words, "--management") > 0;
     const bool ledger = std::erase(words, "--ledger") > 0;
-    const bool bridge = std::erase(words, "--bridge") > 0 || ledger;
+    const bool guards = std::erase(words, "--guards") > 0;
+    const bool bridge = std::erase(words, "--bridge") > 0 || ledger || guards;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -61,6 +62,7 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.management = management;
     plan.bridge = bridge;
     plan.ledger = ledger;
+    plan.guards = guards;
     if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
@@ -70,9 +72,8 @@ std::string ReplayLine(const SoakPlan& plan) {
            " --rooms " + std::to_string(plan.rooms) + " --people " + std::to_string(plan.people) +
            " --faults " + std::to_string(plan.faults) + " --lines " + std::to_string(plan.LinesAnHour()) +
            (plan.openServer ? " --network open-server" : "") + (plan.management ? " --management" : "") +
-           (plan.ledger   ? " --ledger"
-            : plan.bridge ? " --bridge"
-                          : "");
+           (plan.ledger ? " --ledger" : "") + (plan.guards ? " --guards" : "") +
+           (plan.bridge && !plan.ledger && !plan.guards ? " --bridge" : "");
 }
 
 } // namespace halyard

@@ -20,6 +20,7 @@ struct SoakPlan {
     bool management = false; ///< with openServer: bans are enforced through its management
     bool bridge = false;     ///< the bridge is there as well, with nothing switched on but its ledger
     bool ledger = false;     ///< with the bridge: the ledger is compared with the desk, and its disk fails
+    bool guards = false;     ///< with the bridge: every guard is on, the laws are sharper, and nobody helps
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 
@@ -28,9 +29,9 @@ struct SoakPlan {
 SoakPlan DayPlan(std::uint64_t number);
 
 /// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server
-/// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge" or
-/// "--ledger", which brings the bridge along, anywhere, but not beside "--management". Nothing for words that
-/// make no sense or numbers out of their range; seed and days must be given, or the day.
+/// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge", "--ledger"
+/// or "--guards", which bring the bridge along, anywhere, but not beside "--management". Nothing for words
+/// that make no sense or numbers out of their range; seed and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);

@@ -1,6 +1,7 @@
 #include "soak/SoakRun.h"
 
 #include "base/Text.h"
+#include "bridge/guards/GuardList.h"
 #include "commands/RoomByName.h"
 #include "soak/Time.h"
 #include "state/EjectListFile.h"
@@ -16,6 +17,9 @@ namespace {
 
 // Of each hour with faults.
 constexpr std::int64_t faultTime = 35 * minute;
+
+/// Between two attempts to enter a room, where a guard makes them.
+constexpr std::int64_t longestPause = RoomsAgain::LongestPause;
 
 /// How long the way back may take once nothing goes wrong any more: 75 s until a dead peer is noticed (a ping
 /// every 15 s, and 60 s of silence), as much for the main connection, two attempts to sign on, 60 s behind a
@@ -76,6 +80,16 @@ SoakRun::SoakRun(const SoakPlan& plan)
         EnforcedWatch::Questions{hands.spared, [this] { return enforcement->Waiting(); }});
 }
 
+std::string SoakRun::TimeBanWords() const {
+    if (!timeBanWords.empty()) return timeBanWords;
+    const auto& lifts = invariants.TimeBans();
+    if (const auto& guards = invariants.guards)
+        return std::to_string(guards->EndedCount()) + " time bans ended, " +
+               std::to_string(guards->WaitedCount()) + " of them when their room was there again";
+    return std::to_string(lifts.EndedCount()) + " time bans ended, " + std::to_string(lifts.StrandedCount()) +
+           " of them when nobody could lift them any more";
+}
+
 std::string SoakRun::Violation() const {
     if (invariants.Violation().empty()) return {};
     auto at = violatedAt / second;
@@ -97,6 +111,8 @@ bool SoakRun::Run() {
     record.Note("chance", std::to_string(world.Now()) + ":" + std::to_string(world.chance.Next()));
     if (invariants.ledger) {
         invariants.ledger->Rest();
+        timeBanWords = TimeBanWords();
+        invariants.guards.reset();
         bridge.reset();
         invariants.RequireWholeLedger();
     }
@@ -115,6 +131,7 @@ void SoakRun::Arrive() {
     network.Start();
     window.Form_Load();
     if (bridge) bridge->Start();
+    if (plan.guards) SwitchGuardsOn();
     if (plan.ledger && HasLedger()) WatchLedger();
     FillBoxes();
     LookAfterLists();
@@ -124,6 +141,14 @@ void SoakRun::Arrive() {
     RunFor(5 * second);
     JoinAll();
     town.Begin();
+}
+
+void SoakRun::SwitchGuardsOn() {
+    for (const auto& row : GuardList())
+        if (IsRecommended(row.group))
+            window.Control().Switches().SetGuard(row.departure, Departures::Guard::On);
+    bridge->guards.SwitchesChanged();
+    invariants.guards.emplace(network, window, *bridge);
 }
 
 void SoakRun::WatchLedger() {
@@ -168,6 +193,10 @@ bool SoakRun::Hour() {
         SaveAndLoad();
     }
     town.SetRejoining(false);
+    if (plan.guards) { // and nobody helps
+        if (!RunFor(WayBack(town.Rooms().size()) + longestPause)) return false;
+        return EndHour(end);
+    }
     // Twice: a sign-on that was delayed by the faults may end the one after it, also without a word.
     for (int look = 0; look < 2; ++look) {
         const bool silent = !window.Control().LoggedOn() && !window.reconnection.Reconnecting;
@@ -175,6 +204,11 @@ bool SoakRun::Hour() {
         if ((silent || look == 0) && !RunFor(WayBack(town.Rooms().size()))) return false;
     }
     JoinAgain();
+    return EndHour(end);
+}
+
+/// Everything is well again, or should be.
+bool SoakRun::EndHour(std::int64_t end) {
     invariants.RequireBack(town.Rooms());
     violatedAt = world.Now();
     town.SetRejoining(true);
@@ -261,6 +295,7 @@ void SoakRun::SaveAndLoad() {
         machine.dialogs.AnswerText(folder + "/run.txt");
         PressByHand(ejects.cmdLoadEjects);
         invariants.ListsLoaded(town.Rooms());
+        if (invariants.guards) invariants.guards->ListsLoaded();
         break;
     }
     default: break;

@@ -7,6 +7,7 @@
 #include "soak/TapMachine.h"
 #include "soak/watch/BanWatch.h"
 #include "soak/watch/EnforcedWatch.h"
+#include "soak/watch/GuardWatch.h"
 #include "soak/watch/LedgerWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
@@ -34,6 +35,7 @@ class Invariants : public TapListener {
     bool openServer = false;               ///< a service that enforces no bans
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
     std::optional<LedgerWatch> ledger;     ///< with the bridge
+    std::optional<GuardWatch> guards;      ///< with every guard on
 
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
