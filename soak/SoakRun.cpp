@@ -295,7 +295,7 @@ void SoakRun::SaveAndLoad() {
         machine.dialogs.AnswerText(folder + "/run.txt");
         PressByHand(ejects.cmdLoadEjects);
         invariants.ListsLoaded(town.Rooms());
-        if (invariants.guards) invariants.guards->ListsLoaded();
+        if (invariants.guards) invariants.guards->ListsLoaded(town.Rooms());
         break;
     }
     default: break;

@@ -42,16 +42,22 @@ void GuardBook::GuardAsked(Departure guard, bool acts, std::int16_t room, const 
 void GuardBook::TellAct(Departure guard, std::int16_t room, const std::string& who) {
     auto& next = nextAct[static_cast<std::size_t>(guard)];
     const auto now = platform.Milliseconds();
-    auto* book = ledger();
+    auto* book = OpenLedger();
     if (!book || now < next) return;
     next = now + Pause;
     const GuardScope scope(control, guard, room, who);
     book->Tell({.kind = ActKind::Guard, .person = who, .entry = TextOf(guard).name});
 }
 
+/// While its file isn't open, a ledger passes over what it is told, or may yet.
+Ledger* GuardBook::OpenLedger() const {
+    auto* book = ledger();
+    return book && book->Records() ? book : nullptr;
+}
+
 void GuardBook::Flush() {
     timer->SetEnabled(false);
-    if (auto* book = ledger()) {
+    if (auto* book = OpenLedger()) {
         for (const auto& [place, count] : waiting) {
             const auto& [day, guard, acted] = place;
             book->Keep(GuardFact{day, TextOf(guard).name, acted, count});
@@ -74,7 +80,7 @@ void GuardBook::AddWaiting(GuardCounts& counts) {
 void GuardBook::Ask(std::function<void(const GuardCounts&)> then) {
     Flush();
     auto counts = std::make_shared<GuardCounts>();
-    auto* book = ledger();
+    auto* book = OpenLedger();
     if (!book) {
         AddWaiting(*counts);
         return then(*counts);

@@ -48,6 +48,7 @@ class GuardBook : public News {
   private:
     using Place = std::tuple<std::int64_t, Departure, bool>; ///< day, guard, whether it acted
     std::int64_t Today();
+    Ledger* OpenLedger() const;
     void AddWaiting(GuardCounts& counts);
 
     void TellAct(Departure guard, std::int16_t room, const std::string& who);

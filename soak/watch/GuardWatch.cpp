@@ -14,8 +14,8 @@ namespace halyard {
 namespace {
 
 constexpr std::int64_t LookEvery = 10 * second;
-/// Nobody waits longer than half a minute for an answer; what is asked then may meet the same fate once more.
-constexpr std::int64_t AfterLostReply = 90 * second;
+/// Nobody waits longer than half a minute for an answer, and a minute more until it is asked for again.
+constexpr std::int64_t AfterLostReply = (30 + 60 + 20) * second;
 constexpr std::int64_t NextChance = 3 * second;
 constexpr std::int64_t LongestWaiting = 120 * second;
 
@@ -164,10 +164,9 @@ void GuardWatch::CheckRoomList() {
     TooLong(shown, {"", ""}, 0, "the operator's list of rooms isn't true");
 }
 
-void GuardWatch::ListsLoaded() {
-    for (const auto& room : window.Control().Chat)
-        for (const auto& user : network.Bans(room->ChatName))
-            excused.insert({NormalizeName(room->ChatName), NormalizeName(user)});
+void GuardWatch::ListsLoaded(const std::vector<std::string>& rooms) {
+    for (const auto& room : rooms)
+        for (const auto& user : network.Bans(room)) excused.insert({room, NormalizeName(user)});
 }
 
 } // namespace halyard

@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace halyard {
 
@@ -31,7 +32,7 @@ class GuardWatch : public News {
     /// After an event at a moment in ms: empty, or what is wrong.
     std::string Check(std::int64_t now);
     /// A list file was read: who is kept out of these rooms, and on no list any more, is the file's doing.
-    void ListsLoaded();
+    void ListsLoaded(const std::vector<std::string>& rooms);
     std::size_t EndedCount() const { return ended; }
     /// Those of them that had to wait for their room.
     std::size_t WaitedCount() const { return waited; }

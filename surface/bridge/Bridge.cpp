@@ -40,13 +40,14 @@ Bridge::Bridge(frmMain& main)
               [this](const GuardAlarm& alarm) { Ring(alarm); },
               [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }, main.options,
               main.Engine()}),
-      main(main) {
+      trueShow(main), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
     heard.Add(enforcement);
     heard.Add(check.Listener());
     guards.Listen(heard);
+    heard.Add(trueShow);
     main.Control().SetNews(&heard);
 }
 
@@ -106,6 +107,7 @@ void Bridge::TakeGuards(const GuardTerms& terms) {
         main.Control().Switches().SetGuard(departure, terms.Of(departure));
     }
     guards.SwitchesChanged();
+    trueShow.SwitchesChanged();
 }
 
 void Bridge::Ring(const GuardAlarm& alarm) { foot.Tell(alarm.words); }

@@ -17,6 +17,7 @@
 #include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
+#include "surface/bridge/guards/TrueShow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
 
 #include <string>
@@ -35,6 +36,8 @@ class Bridge : private News {
 
     /// Reads bridge.toml and takes the network that was chosen last. Behind Form_Load.
     void Start();
+    /// Switches the guards; what bridge.toml says stays as it is.
+    void TakeGuards(const GuardTerms& terms);
 
     NewsFan heard; ///< of the desk
     BridgeFile file;
@@ -51,11 +54,11 @@ class Bridge : private News {
     LedgerHost ledger;
     LedgerWiring wiring;
     Guards guards;
+    TrueShow trueShow;
 
   private:
     void BindControls();
     void Refresh();
-    void TakeGuards(const GuardTerms& terms);
     void Ring(const GuardAlarm& alarm);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);

@@ -24,7 +24,7 @@ class TillerSock;
 class BansKept : public News {
   public:
     static constexpr std::int64_t AnswerTime = 30'000;      ///< ms after which nobody waits for an answer
-    static constexpr std::int64_t LongestPause = 600'000;   ///< ms between two requests that aren't answered
+    static constexpr std::int64_t LongestPause = 60'000;    ///< ms between two requests that aren't answered
     static constexpr std::int64_t LongestKept = 86'400'000; ///< ms
     static constexpr std::size_t Most = 2000;
 
