@@ -14,7 +14,7 @@ constexpr std::array<GuardRow, DepartureCount> guardRows{{
     {Guard::StopsAreStops, Fear::Back, "A stop is a stop", true},
     {Guard::SilenceIsAskedAbout, Fear::Back, "Silence is asked about", false},
     {Guard::RoomsAreAskedForAgain, Fear::Back, "Rooms are asked for again", false},
-    {Guard::TimeBansAreKept, Fear::Bans, "Time bans are kept", false},
+    {Guard::TimeBansAreKept, Fear::Bans, "Time bans are kept", true},
     {Guard::ListsStayWithRooms, Fear::Bans, "Lists stay with their room", true},
     {Guard::KicksEndAsKicks, Fear::Bans, "A kick ends as a kick", true},
     {Guard::BansOutliveRates, Fear::Bans, "Bans outlive a rate", true},
