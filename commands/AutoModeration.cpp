@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "commands/CommandEngine.h"
 #include "commands/CommandHost.h"
+#include "commands/RuleFuse.h"
 #include "oscar/TillerSock.h"
 #include "state/Counters.h"
 #include "state/Options.h"
@@ -26,6 +27,7 @@ struct Met {
 
 void BanByRule(const CommandContext& context, const Met& met, RuleKind rule, BanKind kind,
                const std::string& entry, const std::string& strOther) {
+    if (context.fuse && !context.fuse->LetsAct(rule, entry, met.intChatIndex, met.name)) return;
     const CauseScope scope(context.control.Tell(), {.kind = CauseKind::Rule,
                                                     .rule = rule,
                                                     .room = met.intChatIndex,

@@ -15,6 +15,7 @@ class Counters;
 class Dialogs;
 class ListWorkers;
 class Options;
+class RuleFuse;
 class TillerSock;
 
 struct CommandContext {
@@ -24,6 +25,7 @@ struct CommandContext {
     CommandHost& host;
     Dialogs& boxes;
     ListWorkers& lists;
+    RuleFuse* fuse = nullptr; ///< null: every rule acts
 };
 
 /// A command that was recognised: which one, who said it, where, and with which permissions.

@@ -23,6 +23,9 @@ class CommandEngine {
     /// The acts on lists, which panels and file readers share with the commands.
     ListWorkers& Lists() { return *lists; }
 
+    /// Who is asked before a rule acts; outlives the engine, or is taken back by null.
+    void SetFuse(RuleFuse* fuse) { context.fuse = fuse; }
+
     // Events of the control.
     /// A line from the wire.
     void ChatMessage(std::int16_t intChatIndex, const std::string& strUser, const std::string& strMessage);

@@ -35,8 +35,8 @@ class UnbanTargets {
     void Matching(const std::string& part, bool all) {
         if (!list) return;
         bool found = false;
-        for (const auto& entry : list->GetEjects()) {
-            if (!ContainsNoCase(entry, part) || (!all && IsGathered(entry))) continue;
+        for (const auto& entry : MeantBy(context, call, list->GetEjects(), part).names) {
+            if (!all && IsGathered(entry)) continue;
             found = true;
             GatherUnlessLocked(entry);
             if (!all) return;
@@ -78,12 +78,11 @@ class UnbanTargets {
 } // namespace
 
 void KickOrBan(const CommandContext& context, const CommandCall& call) {
-    const auto& people = call.room->PeopleHere;
     bool partial = context.options.PartialOn[2];
     ForEachTarget(context, call, [&](const std::string& target) {
         if (partial)
-            for (const auto& name : AllContaining(people, target)) Enforce(context, call, name);
-        else if (CheckCollection(target, people))
+            for (const auto& name : PeopleMeantBy(context, call, target).names) Enforce(context, call, name);
+        else if (CheckCollection(target, call.room->PeopleHere))
             Enforce(context, call, target);
         return true;
     });
@@ -124,7 +123,7 @@ void Tban(const CommandContext& context, const CommandCall& call) {
 
     const auto& room = *call.room;
     bool partial = context.options.PartialOn[2];
-    auto name = partial ? FirstContaining(room.PeopleHere, parts[0]) : room.PeopleHere.Item(parts[0]);
+    auto name = partial ? PeopleMeantBy(context, call, parts[0]).First() : room.PeopleHere.Item(parts[0]);
     if (name.empty()) return;
     if (!CheckCollection(name, context.options.Immunes))
         context.control.TbanUser(name, room.ChatName, room.Exchange, room.Instance, *whole, room.ChatIndex);

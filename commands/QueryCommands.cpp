@@ -115,7 +115,8 @@ void branches::Info(const CommandContext& context, const CommandCall& call) {
     if (!LengthFits(rule, call.rest)) return ReplyInvalid(context, call, call.strUser, rule.size);
     auto name = call.rest;
     if (context.options.PartialOn[4])
-        if (auto found = FirstContaining(call.room->PeopleHere, name); !found.empty()) name = found;
+        if (auto found = MeantBy(context, call, call.room->PeopleHere, name).First(); !found.empty())
+            name = found;
     Reply(context, call, name, 50, KnownOf(context, *call.room, name), "info", "msg2");
 }
 

@@ -6,6 +6,9 @@
 #include "oscar/TillerSock.h"
 #include "state/Options.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace halyard {
 
 namespace {
@@ -41,12 +44,6 @@ void ForEachTarget(const CommandContext& context, const CommandCall& call,
     }
 }
 
-std::string FirstContaining(const Collection<std::string>& names, const std::string& part) {
-    for (const auto& name : names)
-        if (ContainsNoCase(name, part)) return name;
-    return {};
-}
-
 std::vector<std::string> AllContaining(const Collection<std::string>& names, const std::string& part) {
     std::vector<std::string> found;
     for (const auto& name : names)
@@ -54,19 +51,47 @@ std::vector<std::string> AllContaining(const Collection<std::string>& names, con
     return found;
 }
 
+Meant MeantBy(const CommandContext& context, const CommandCall& call, const Collection<std::string>& names,
+              const std::string& part) {
+    auto found = AllContaining(names, part);
+    if (found.size() > 1 && CheckCollection(part, names) &&
+        context.control.Guarded(Departure::NamesMeanPersons, call.intChatIndex, part))
+        found = {part};
+    return {std::move(found)};
+}
+
+Meant PeopleMeantBy(const CommandContext& context, const CommandCall& call, const std::string& part) {
+    const auto& options = context.options;
+    auto& control = context.control;
+    auto meant = MeantBy(context, call, call.room->PeopleHere, part);
+    const auto isSpared = [&](const std::string& name) {
+        return name != part &&
+               (CheckCollection(name, options.Ops) || CheckCollection(name, options.Immunes) ||
+                SameName(name, control.SignOnName()));
+    };
+    if (std::none_of(meant.names.begin(), meant.names.end(), isSpared) ||
+        !control.Guarded(Departure::NamesMeanPersons, call.intChatIndex, part))
+        return meant;
+    const auto fits = meant.names;
+    std::erase_if(meant.names, isSpared);
+    meant.passedOver = meant.names.empty();
+    if (meant.passedOver && control.Tell().news)
+        control.Tell().news->PartHitNobody(call.intChatIndex, call.strUser, part, fits);
+    return meant;
+}
+
 void branches::ListCommand(const CommandContext& context, const CommandCall& call) {
     const auto& rule = RuleOf(call.index);
-    const auto& people = call.room->PeopleHere;
     bool partial = IsOn(context.options.PartialOn, rule.partial);
     bool chain = IsOn(context.options.ChainOn, rule.chain);
     ForEachTarget(context, call, [&](const std::string& target) {
-        auto found = partial || chain ? FirstContaining(people, target) : std::string();
-        if (found.empty() || !chain) {
-            rule.act(context.lists, found.empty() ? target : found, call.intChatColIndex);
+        const auto meant = partial || chain ? PeopleMeantBy(context, call, target) : Meant();
+        if (meant.passedOver) return true;
+        if (meant.names.empty() || !chain) {
+            rule.act(context.lists, meant.names.empty() ? target : meant.First(), call.intChatColIndex);
             return true;
         }
-        for (const auto& name : AllContaining(people, target))
-            rule.act(context.lists, name, call.intChatColIndex);
+        for (const auto& name : meant.names) rule.act(context.lists, name, call.intChatColIndex);
         return false; // the rest of the list is dropped without a word
     });
 }

@@ -26,9 +26,21 @@ bool LengthFits(const CommandRule& rule, const std::string& element);
 void ForEachTarget(const CommandContext& context, const CommandCall& call,
                    const std::function<bool(const std::string&)>& act);
 
-/// The first name that contains `part`, case ignored; empty when none does.
-std::string FirstContaining(const Collection<std::string>& names, const std::string& part);
-/// Every such name, in order.
+/// Every name that contains `part`, case ignored, in order.
 std::vector<std::string> AllContaining(const Collection<std::string>& names, const std::string& part);
+
+/// Whom a part of a name means.
+struct Meant {
+    std::vector<std::string> names; ///< in order
+    bool passedOver = false;        ///< somebody fits, but nobody whom a part may hit
+    std::string First() const { return names.empty() ? std::string() : names.front(); }
+};
+/// Those of `names` that contain the part. With Departure::NamesMeanPersons the whole name alone, where it is
+/// among them.
+Meant MeantBy(const CommandContext& context, const CommandCall& call, const Collection<std::string>& names,
+              const std::string& part);
+/// The same of the people in the call's room, for something that is done to them: with that departure a part
+/// hits no op, no immune and not the bot, and an op whose part hits nobody else is told of.
+Meant PeopleMeantBy(const CommandContext& context, const CommandCall& call, const std::string& part);
 
 } // namespace halyard

@@ -5,8 +5,8 @@
 #include "oscar/wire/ModOscarFunctions.h"
 #include "oscar/wire/SnacFrame.h"
 #include "oscar/wire/TlvWalk.h"
-#include "rooms/TimeBan.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace halyard {
@@ -54,6 +54,9 @@ std::string BanRequest(const char* head, std::int32_t id, const std::string& str
     return HexToStr(head) + WordToStr(id) + MakeTLV("0001", 2, strUser);
 }
 
+/// Stands for a ":" of a name in a record, where that would end the field.
+constexpr char ColonInRecord = '\x1F';
+
 /// Lines and closes go out under ids of their own, and a refusal of one carries it.
 bool IsTaken(std::int32_t id) { return id == 0x05 || id == 0x23; }
 
@@ -65,7 +68,39 @@ constexpr const char* CloseID = "35"; // its low half is the type of its TLV
 
 void TillerSock::UpdateRequestID() {
     do CurrentRequestID = CurrentRequestID >= 65535 ? 1 : CurrentRequestID + 1;
-    while (Departs(Departure::UnenforcedBans) && IsTaken(CurrentRequestID));
+    while (IsTaken(CurrentRequestID) &&
+           (Departs(Departure::UnenforcedBans) || Guarded(Departure::RequestIdsHaveOneOwner)));
+}
+
+/// A name as it stands in records.
+std::string TillerSock::InRecord(const std::string& strUser) const {
+    auto name = strUser;
+    if (Departs(Departure::NamesMeanPersons)) std::replace(name.begin(), name.end(), ':', ColonInRecord);
+    return name;
+}
+
+std::string TillerSock::OutOfRecord(const std::string& strUser) const {
+    auto name = strUser;
+    if (Departs(Departure::NamesMeanPersons)) std::replace(name.begin(), name.end(), ColonInRecord, ':');
+    return name;
+}
+
+std::optional<BanRecordFields> TillerSock::ReadRequest(const std::string& strRecord) const {
+    auto request = ReadBanRecord(strRecord);
+    if (request) request->strUser = OutOfRecord(request->strUser);
+    return request;
+}
+
+void TillerSock::ForgetRequest(const std::string& id) {
+    RequestIDs.Remove(id);
+    sentOn.erase(id);
+}
+
+/// Whether what came on this connection can be the answer to the request of this id.
+bool TillerSock::IsAnswer(const std::string& id, int Index) const {
+    const auto sent = sentOn.find(id);
+    return sent == sentOn.end() ||
+           (sent->second.intChatIndex == Index && sent->second.generation == Sock.Generation(Index));
 }
 
 BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
@@ -74,14 +109,16 @@ BanOutcome TillerSock::BanUser(const std::string& strUser, BanKind kind, std::in
     if (!room || room->IsRated(1)) return TellDropped(room.get(), intChatIndex, kind, strUser, strOther);
     events.UpdatedStats("totalbanattempt");
     if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser, strOther);
+    if (strUser.find(':') != std::string::npos)
+        Guarded(Departure::NamesMeanPersons, intChatIndex, strUser); // for the count
     if (room->tmrBan && room->tmrBan->Enabled()) {
-        room->QueueBan(strUser, intChatIndex, CurrentRequestID, kind, strOther);
+        room->QueueBan(InRecord(strUser), intChatIndex, CurrentRequestID, kind, strOther);
         UpdateRequestID();
         return BanOutcome::Waiting;
     }
     auto frame = BanRequest(BanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
-                 BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
+                 BanRecord(kind, intChatIndex, CurrentRequestID, InRecord(strUser), strOther));
     if (telling.news) telling.news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Ban, strUser);
     UpdateRequestID();
     SendPacket(intChatIndex, 2, frame);
@@ -102,7 +139,7 @@ BanOutcome TillerSock::AskToUnban(const std::string& strUser, BanKind kind, std:
     if (telling.news) telling.news->BanWanted(intChatIndex, CurrentRequestID, kind, strUser, strOther);
     auto frame = BanRequest(UnbanHead, CurrentRequestID, strUser);
     StoreRequest(std::to_string(CurrentRequestID),
-                 BanRecord(kind, intChatIndex, CurrentRequestID, strUser, strOther));
+                 BanRecord(kind, intChatIndex, CurrentRequestID, InRecord(strUser), strOther));
     if (telling.news) telling.news->BanAsked(intChatIndex, CurrentRequestID, BanRequestKind::Unban, strUser);
     ConfirmSoon(CurrentRequestID);
     UpdateRequestID();
@@ -127,21 +164,27 @@ void TillerSock::SendBanRequest(std::int16_t intChatIndex, const std::string& st
                                 const std::string& strUser) {
     auto id = ToInt32(strRequestID);
     if (!id) return;
-    if (telling.news) telling.news->BanAsked(intChatIndex, *id, BanRequestKind::Ban, strUser);
-    SendPacket(intChatIndex, 2, BanRequest(BanHead, *id, strUser));
+    const auto name = OutOfRecord(strUser);
+    if (telling.news) telling.news->BanAsked(intChatIndex, *id, BanRequestKind::Ban, name);
+    SendPacket(intChatIndex, 2, BanRequest(BanHead, *id, name));
 }
 
 void TillerSock::BanDropped(const std::string& strRecord, DropReason why) {
-    const auto request = ReadBanRecord(strRecord);
+    const auto request = ReadRequest(strRecord);
     if (!telling.news || !request || !request->kind) return;
     telling.news->BanDropped(request->intChatIndex.value_or(0), ToInt32(request->strRequestID).value_or(0),
                              *request->kind, request->strUser, request->strOther, why);
 }
 
 void TillerSock::StoreRequest(const std::string& strRequestID, const std::string& strRecord) {
-    // The door would act on a record that an id's earlier round left behind.
-    if (confirmsElsewhere) RequestIDs.Remove(strRequestID);
-    RequestIDs.Add(strRecord, strRequestID);
+    // A record that an id's earlier round left behind: the door would act on it, and so would a reply.
+    if (const auto old = ReadRequest(RequestIDs.Item(strRequestID));
+        old && (confirmsElsewhere ||
+                Guarded(Departure::RequestIdsHaveOneOwner, old->intChatIndex.value_or(0), old->strUser)))
+        ForgetRequest(strRequestID);
+    if (!RequestIDs.Add(strRecord, strRequestID)) return;
+    const auto slot = ReadBanRecord(strRecord).value_or(BanRecordFields{}).intChatIndex.value_or(0);
+    sentOn[strRequestID] = {slot, Sock.Generation(slot)};
 }
 
 void TillerSock::RoomUnrated(int intType, const std::string& strChatName, std::int16_t intChatIndex) {
@@ -152,13 +195,16 @@ void TillerSock::RoomUnrated(int intType, const std::string& strChatName, std::i
 void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
     auto intChatIndex = static_cast<std::int16_t>(Index);
     const auto id = GetReplyID(strPacket);
-    const auto pending = ReadBanRecord(RequestIDs.Item(id));
+    const auto pending = ReadRequest(RequestIDs.Item(id));
+    if (pending && !IsAnswer(id, Index) &&
+        Guarded(Departure::RequestIdsHaveOneOwner, intChatIndex, pending->strUser))
+        return;
     auto body = Mid(strPacket, BodyAt);
     const bool ofClose = !pending && id == CloseID;
     if (confirmsElsewhere && !ofClose && body != std::string(2, '\0')) return;
     TellBanAnswer(intChatIndex, id, body);
     if (Departs(Departure::UnenforcedBans) && body.size() <= 2 && body != std::string(2, '\0')) {
-        RequestIDs.Remove(id);
+        ForgetRequest(id);
         return;
     }
     ClearTLVData();
@@ -177,7 +223,7 @@ void TillerSock::HandleBanReply(int Index, const std::string& strPacket) {
                 refused(OwnerImmuneChatSend);
             }
         }
-        RequestIDs.Remove(id);
+        ForgetRequest(id);
         return true;
     });
 }
@@ -209,18 +255,19 @@ void TillerSock::ActOnReply(const BanRecordFields& request, std::int16_t intChat
     if (rule.chatSend != 0)
         PrepareSends(strUser, "%p", ChatSends.Item(rule.chatSend), rule.passesOther ? strOther : "", rule.key,
                      "msg1", GetChatIndex(intChatIndex));
-    if (kind != BanKind::TimeBan) return;
-    auto room = Room(intChatIndex);
+    const auto room = Room(intChatIndex);
     if (!room) return;
-    TimeBans.Add(NewTimeBan(strUser, room->ChatName, room->Exchange, room->Instance, intChatIndex, strOther));
-    TellTimeBan(TimeBanStep::Set, TimeBans.Item(static_cast<std::ptrdiff_t>(TimeBans.Count())));
-    if (auto timer = timers.TimeBanTimer()) timer->SetEnabled(true);
+    if (kind == BanKind::TimeBan) return StartTimeBan(*room, strUser, strOther);
+    // Banned for good, or let in already: its end is nobody's business any more.
+    if (rule.act != ReplyRule::Kick && PositionOfTimeBan(*room, strUser) != 0 &&
+        Guarded(Departure::TimeBansAreKept, intChatIndex, strUser))
+        ForgetTimeBan(*room, strUser);
 }
 
 void TillerSock::RequestConfirmed(std::int32_t id) {
     const auto key = std::to_string(id);
-    const auto pending = ReadBanRecord(RequestIDs.Item(key));
-    RequestIDs.Remove(key); // first, so that nothing that is told of it acts on it again
+    const auto pending = ReadRequest(RequestIDs.Item(key));
+    ForgetRequest(key); // first, so that nothing that is told of it acts on it again
     if (!pending || !pending->kind || !pending->intChatIndex || !Room(*pending->intChatIndex)) return;
     if (telling.news) telling.news->BanAnswered(*pending->intChatIndex, id, BanVerdict::Accepted, 0);
     ActOnReply(*pending, *pending->intChatIndex, Second::Kept);
@@ -228,8 +275,9 @@ void TillerSock::RequestConfirmed(std::int32_t id) {
 
 void TillerSock::RequestRefused(std::int32_t id) {
     const auto key = std::to_string(id);
-    const auto pending = ReadBanRecord(RequestIDs.Item(key));
-    if (!RequestIDs.Remove(key) || !pending) return;
+    const auto pending = ReadRequest(RequestIDs.Item(key));
+    ForgetRequest(key);
+    if (!pending) return;
     if (telling.news)
         telling.news->BanAnswered(pending->intChatIndex.value_or(0), id, BanVerdict::Refused, 0);
 }

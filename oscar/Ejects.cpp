@@ -5,18 +5,26 @@
 
 namespace halyard {
 
+std::int16_t TillerSock::PositionOfList(const Chats& room) const {
+    std::int16_t position = 0;
+    for (const auto& list : EjectLists) {
+        ++position;
+        if (list->IsOf(room.ChatName, room.Exchange)) return position;
+    }
+    return 0;
+}
+
+void TillerSock::KeepListsWithRooms() {
+    for (const auto& room : Chat)
+        if (room->EjectListIndex != PositionOfList(*room) &&
+            Guarded(Departure::ListsStayWithRooms, room->ChatIndex))
+            AttachEjectList(*room);
+}
+
 void TillerSock::AddEject(const std::string& strUser, std::int16_t intChatIndex) {
     auto room = Room(intChatIndex);
     if (!room) return;
-    if (room->EjectListIndex == 0) {
-        std::int16_t position = 0;
-        for (const auto& list : EjectLists) {
-            ++position;
-            if (!list->IsOf(room->ChatName, room->Exchange)) continue;
-            room->EjectListIndex = position;
-            break;
-        }
-    }
+    if (room->EjectListIndex == 0) AttachEjectList(*room);
     if (room->EjectListIndex != 0) {
         // After a list file was loaded the index may name no list: the name is then on none.
         if (auto list = EjectLists.Item(room->EjectListIndex)) list->AddEject(strUser);
@@ -62,6 +70,7 @@ void TillerSock::RemoveEjectList(const std::string& strChatName) {
         if (auto room = Chat.Item(list->ChatColIndex)) room->EjectListIndex = 0;
         list->ClearEjects();
         EjectLists.Remove(position);
+        KeepListsWithRooms();
         return;
     }
 }

@@ -115,17 +115,6 @@ void TillerSock::OpenRoom(int Index) {
     ClearService();
 }
 
-void TillerSock::AttachEjectList(Chats& room) const {
-    room.EjectListIndex = 0;
-    std::int16_t position = 0;
-    for (const auto& list : EjectLists) {
-        ++position;
-        if (!list->IsOf(room.ChatName, room.Exchange)) continue;
-        room.EjectListIndex = position;
-        return;
-    }
-}
-
 void TillerSock::HandleRoomInformation(int Index, const std::string& strPacket) {
     auto room = Room(static_cast<std::int16_t>(Index));
     if (!room) return;

@@ -19,6 +19,7 @@
 #include "rooms/Chats.h"
 #include "rooms/EjectList.h"
 #include "rooms/RoomHost.h"
+#include "rooms/TimeBan.h"
 #include "rooms/TimerPool.h"
 
 #include <cstdint>
@@ -28,6 +29,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace halyard {
 
@@ -115,6 +117,7 @@ class TillerSock : public RoomHost {
     /// and silence are passed over; its yes counts as ever. A request to let in again counts as accepted a
     /// moment after it was made. Off at the start.
     void ConfirmElsewhere(bool on) { confirmsElsewhere = on; }
+    bool ConfirmsElsewhere() const { return confirmsElsewhere; }
     /// Counts as the service's yes to this request: list, line and time ban of its kind. A kick's second half
     /// takes the name off its list without a frame. An unknown id, and one whose room is gone, does nothing.
     void RequestConfirmed(std::int32_t id);
@@ -125,9 +128,15 @@ class TillerSock : public RoomHost {
                   std::int16_t intInstance, std::int16_t intTime, std::int16_t intChatIndex);
     void CheckTimeBans();
     void ClearTimeBans();
+    /// With their next tick all time bans are over.
+    void EndTimeBans();
+    /// One that ran in an earlier run goes on, by its record; nothing is told of it.
+    void ResumeTimeBan(const std::string& strRecord);
     /// The names banned from the first list of this room name; an empty collection when there is none.
     Collection<std::string> GetEjectList(const std::string& strChatName, std::int16_t intChatIndex) const;
     void RemoveEjectList(const std::string& strChatName);
+    /// The lists have changed places: each room finds its own again, with Departure::ListsStayWithRooms.
+    void KeepListsWithRooms();
 
     // People (Messaging.cpp).
     /// Lost without a word while the network limits messages (Departure::RateClassesAsTold).
@@ -238,7 +247,8 @@ class TillerSock : public RoomHost {
     void HandleNavigation(int Index, const std::string& strPacket);
     void SendRoomCreation();
     void OpenRoom(int Index);
-    void AttachEjectList(Chats& room) const;
+    std::int16_t PositionOfList(const Chats& room) const;
+    void AttachEjectList(Chats& room) const { room.EjectListIndex = PositionOfList(room); }
     void HandleRoomInformation(int Index, const std::string& strPacket);
     void HandleNavigationError(const std::string& strPacket);
     void HandleJoinError(const std::string& strPacket);
@@ -269,7 +279,18 @@ class TillerSock : public RoomHost {
     void ActOnReply(const BanRecordFields& request, std::int16_t intChatIndex, Second half);
     BanOutcome TellDropped(const Chats* room, std::int16_t intChatIndex, BanKind kind,
                            const std::string& strUser, const std::string& strOther);
+    std::optional<BanRecordFields> ReadRequest(const std::string& strRecord) const;
+    bool IsAnswer(const std::string& id, int Index) const;
+    void ForgetRequest(const std::string& id);
+    std::string InRecord(const std::string& strUser) const;
+    std::string OutOfRecord(const std::string& strUser) const;
+
+    // TimeBans.cpp
     void TellTimeBan(TimeBanStep step, const std::string& strRecord);
+    void StartTimeBan(const Chats& room, const std::string& strUser, const std::string& strMinutes);
+    void ForgetTimeBan(const Chats& room, const std::string& strUser);
+    std::ptrdiff_t PositionOfTimeBan(const Chats& room, const std::string& strUser) const;
+    std::optional<std::int16_t> LiftingRoom(const std::string& strRecord, const TimeBanTick& tick);
     BanOutcome AskToUnban(const std::string& strUser, BanKind kind, std::int16_t intChatIndex,
                           const std::string& strOther, Second half);
     void ConfirmSoon(std::int32_t id);
@@ -295,6 +316,12 @@ class TillerSock : public RoomHost {
     std::deque<RoomWish> waitingRooms;
     std::unique_ptr<Timer> tmrRequest;   // made when the first request is timed
     std::map<int, RateTable> rateTables; // by socket
+    /// On which connection a request went out: its slot, and the slot's generation.
+    struct SentOn {
+        std::int16_t intChatIndex = 0;
+        std::uint64_t generation = 0;
+    };
+    std::unordered_map<std::string, SentOn> sentOn; // by request id, for as long as RequestIDs has it
     bool confirmsElsewhere = false;
     std::deque<std::int32_t> confirmedSoon;
     std::unique_ptr<Timer> tmrConfirm; // made when the first request waits for it

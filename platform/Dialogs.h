@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace halyard {
 
@@ -16,6 +18,9 @@ class Dialogs {
     virtual void Error(const std::string& title, const std::string& text) = 0;
     /// True for Yes.
     virtual bool YesNo(const std::string& title, const std::string& text) = 0;
+    /// Which of `answers` was chosen, from 0; nothing when the box was closed without one.
+    virtual std::optional<std::size_t> Choose(const std::string& title, const std::string& text,
+                                              const std::vector<std::string>& answers) = 0;
     /// The path to open or to save to; nothing when cancelled. `filter` is label, "|", pattern, "|".
     virtual std::optional<std::string> Open(const std::string& title, const std::string& filter,
                                             const std::string& folder) = 0;

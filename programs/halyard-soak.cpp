@@ -12,14 +12,14 @@ int main(int count, char** words) {
         std::cerr
             << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
                " [--network open-server [--management]]\n"
-               "       [--journal 0..2] [--bridge | --ledger | --drill | --raids]\n"
-               "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger]\n"
+               "       [--journal 0..2] [--bridge | --ledger | --drill | --raids] [--guards]\n"
+               "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger] [--guards]\n"
                "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
         return 2;
     }
     SoakRun run(*plan);
-    if (plan->ledger && !run.HasLedger()) {
-        std::cerr << "This one was built without the database, so there is no ledger.\n";
+    if ((plan->ledger || plan->guards) && !run.HasLedger()) {
+        std::cerr << "This one was built without the database, so there is no ledger, and no guard's file.\n";
         return 2;
     }
     if (plan->journal == 2)
@@ -34,8 +34,7 @@ int main(int count, char** words) {
     const bool held = run.Run();
     std::cout << run.Events() << " events, " << run.FaultCount() << " faults, the operator stepped in "
               << run.StepsIn() << " times\n"
-              << run.TimeBans().EndedCount() << " time bans ended, " << run.TimeBans().StrandedCount()
-              << " of them when nobody could lift them any more\n";
+              << run.TimeBanWords() << "\n";
     for (const auto& [kind, times] : run.AlarmCounts())
         std::cout << "alarm " << TextOf(kind).name << " rang " << times << " times\n";
     if (!held) std::cout << "VIOLATION " << run.Violation() << "\nreplay: " << ReplayLine(*plan) << "\n";

@@ -8,6 +8,8 @@ namespace halyard {
 
 namespace {
 
+constexpr std::int64_t TicksOfMinute = 61;
+
 enum Field { User, Room, Exchange, Instance, RoomIndex, Minutes, MinutesLeft, SecondsLeft, FieldCount };
 
 /// The user ends at the first ":", and the room, whose name may hold some, at the sixth from the end.
@@ -44,12 +46,25 @@ bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const
 }
 
 TimeBanFields ReadTimeBan(const std::string& strRecord) {
-    constexpr std::int64_t ticksOfMinute = 61;
     const auto fields = Fields(strRecord);
     const auto minutes = RoundToInt32(Val(fields[MinutesLeft])).value_or(0);
     const auto seconds = RoundToInt32(Val(fields[SecondsLeft])).value_or(0);
-    const auto left = minutes <= 0 ? 1 : (minutes - 1) * ticksOfMinute + seconds + 2;
-    return {fields[User], fields[Room], ToInt16(fields[Exchange]).value_or(0), left};
+    const auto left = minutes <= 0 ? 1 : (minutes - 1) * TicksOfMinute + seconds + 2;
+    return {fields[User],
+            fields[Room],
+            ToInt16(fields[Exchange]).value_or(0),
+            ToInt16(fields[Instance]).value_or(0),
+            fields[Minutes],
+            left,
+            minutes < 0};
+}
+
+std::string WithTicksLeft(const std::string& strRecord, std::int64_t ticks) {
+    auto fields = Fields(strRecord);
+    const bool isLong = ticks >= 2;
+    fields[MinutesLeft] = std::to_string(isLong ? (ticks - 2) / TicksOfMinute + 1 : ticks - 1);
+    fields[SecondsLeft] = std::to_string(isLong ? (ticks - 2) % TicksOfMinute : 0);
+    return Join(fields);
 }
 
 TimeBanTick TickTimeBan(const std::string& strRecord) {

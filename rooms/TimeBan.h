@@ -20,8 +20,10 @@ bool IsTimeBanOf(const std::string& strRecord, const std::string& strUser, const
 /// A record in its parts, as far as somebody wants to know when it ends.
 struct TimeBanFields {
     std::string user, room;
-    std::int16_t exchange = 0;
+    std::int16_t exchange = 0, instance = 0;
+    std::string minutes;          ///< as they were asked for
     std::int64_t secondsLeft = 0; ///< until the ban is lifted
+    bool overdue = false;         ///< it couldn't be lifted when it was over
 };
 TimeBanFields ReadTimeBan(const std::string& strRecord);
 
@@ -37,5 +39,9 @@ struct TimeBanTick {
 /// A minute takes 61 ticks, and the end comes on the tick after minutes left reach 0: on purpose, a ban of N
 /// minutes ends after N x 61 + 1 ticks.
 TimeBanTick TickTimeBan(const std::string& strRecord);
+
+/// The same record with so many ticks left, at least 1; 0 makes it one that is overdue, which is over with
+/// every tick.
+std::string WithTicksLeft(const std::string& strRecord, std::int64_t ticks);
 
 } // namespace halyard

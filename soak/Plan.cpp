@@ -42,7 +42,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     const bool ledger = std::erase(words, "--ledger") > 0;
     const bool raids = std::erase(words, "--raids") > 0;
     const bool drill = std::erase(words, "--drill") > 0 || raids;
-    const bool bridge = std::erase(words, "--bridge") > 0 || ledger || drill;
+    const bool guards = std::erase(words, "--guards") > 0;
+    const bool bridge = std::erase(words, "--bridge") > 0 || ledger || drill || guards;
     SoakPlan plan;
     bool seed = false;
     bool days = false;
@@ -66,6 +67,7 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.drill = drill;
     plan.raids = raids;
     if (drill && (plan.faults > 0 || plan.openServer)) return std::nullopt;
+    plan.guards = guards;
     if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }
@@ -78,9 +80,8 @@ std::string ReplayLine(const SoakPlan& plan) {
            (plan.raids   ? " --raids"
             : plan.drill ? " --drill"
                          : "") +
-           (plan.ledger                  ? " --ledger"
-            : plan.bridge && !plan.drill ? " --bridge"
-                                         : "");
+           (plan.ledger ? " --ledger" : "") + (plan.guards ? " --guards" : "") +
+           (plan.bridge && !plan.ledger && !plan.guards && !plan.drill ? " --bridge" : "");
 }
 
 } // namespace halyard

@@ -22,6 +22,7 @@ struct SoakPlan {
     bool ledger = false;     ///< with the bridge: the ledger is compared with the desk, and its disk fails
     bool drill = false;      ///< with the bridge: each day plants what an alarm is there for
     bool raids = false;      ///< the same, with nothing but raids
+    bool guards = false;     ///< with the bridge: every guard is on, the laws are sharper, and nobody helps
     int LinesAnHour() const { return lines > 0 ? lines : rooms == 1 ? 6 : 1200; }
 };
 
@@ -31,9 +32,9 @@ SoakPlan DayPlan(std::uint64_t number);
 
 /// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server
 /// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge",
-/// "--ledger", "--drill" or "--raids", which bring the bridge along, anywhere, but not beside "--management",
-/// and the last two not beside faults. Nothing for words that
-/// make no sense or numbers out of their range; seed and days must be given, or the day.
+/// "--ledger", "--guards", "--drill" or "--raids", which bring the bridge along, anywhere, but not beside
+/// "--management", and the last two not beside faults. Nothing for words that make no sense or numbers out of
+/// their range; seed and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);

@@ -1,6 +1,7 @@
 #include "soak/SoakRun.h"
 
 #include "base/Text.h"
+#include "bridge/guards/GuardList.h"
 #include "commands/RoomByName.h"
 #include "soak/Time.h"
 #include "state/EjectListFile.h"
@@ -19,6 +20,9 @@ constexpr std::int64_t faultTime = 35 * minute;
 /// Behind the last of them a connection may still be at a standstill, and so long a dead one isn't known.
 constexpr std::int64_t longestStall = 90 * second;
 constexpr std::int64_t deadIsKnown = 75 * second;
+
+/// Between two attempts to enter a room, where a guard makes them.
+constexpr std::int64_t longestPause = RoomsAgain::LongestPause;
 
 /// How long the way back may take once nothing goes wrong any more: 75 s until a dead peer is noticed (a ping
 /// every 15 s, and 60 s of silence), as much for the main connection, two attempts to sign on, 60 s behind a
@@ -81,6 +85,16 @@ SoakRun::SoakRun(const SoakPlan& plan)
         EnforcedWatch::Questions{hands.spared, [this] { return enforcement->Waiting(); }});
 }
 
+std::string SoakRun::TimeBanWords() const {
+    if (!timeBanWords.empty()) return timeBanWords;
+    const auto& lifts = invariants.TimeBans();
+    if (const auto& guards = invariants.guards)
+        return std::to_string(guards->EndedCount()) + " time bans ended, " +
+               std::to_string(guards->WaitedCount()) + " of them when their room was there again";
+    return std::to_string(lifts.EndedCount()) + " time bans ended, " + std::to_string(lifts.StrandedCount()) +
+           " of them when nobody could lift them any more";
+}
+
 std::string SoakRun::Violation() const {
     if (invariants.Violation().empty()) return {};
     auto at = violatedAt / second;
@@ -104,6 +118,8 @@ bool SoakRun::Run() {
         invariants.ledger->Rest();
         if (invariants.truth) bridge->heard.Remove(invariants.truth->forecast);
         invariants.truth.reset();
+        timeBanWords = TimeBanWords();
+        invariants.guards.reset();
         bridge.reset();
         invariants.RequireWholeLedger();
     }
@@ -124,6 +140,7 @@ void SoakRun::Arrive() {
     window.Form_Load();
     if (bridge) bridge->Start();
     if (bridge) WatchAlarms();
+    if (plan.guards) SwitchGuardsOn();
     if (plan.ledger && HasLedger()) WatchLedger();
     FillBoxes();
     LookAfterLists();
@@ -158,6 +175,14 @@ bool SoakRun::Drill() {
 
 std::map<AlarmKind, int> SoakRun::AlarmCounts() const {
     return invariants.alarms ? invariants.alarms->Counts() : std::map<AlarmKind, int>{};
+}
+
+void SoakRun::SwitchGuardsOn() {
+    for (const auto& row : GuardList())
+        if (IsRecommended(row.group))
+            window.Control().Switches().SetGuard(row.departure, Departures::Guard::On);
+    bridge->guards.SwitchesChanged();
+    invariants.guards.emplace(network, window, *bridge);
 }
 
 void SoakRun::WatchLedger() {
@@ -204,6 +229,10 @@ bool SoakRun::Hour() {
         SaveAndLoad();
     }
     town.SetRejoining(false);
+    if (plan.guards) { // and nobody helps
+        if (!RunFor(WayBack(town.Rooms().size()) + longestPause)) return false;
+        return EndHour(end);
+    }
     // Twice: a sign-on that was delayed by the faults may end the one after it, also without a word.
     for (int look = 0; look < 2; ++look) {
         const bool silent = !window.Control().LoggedOn() && !window.reconnection.Reconnecting;
@@ -211,6 +240,11 @@ bool SoakRun::Hour() {
         if ((silent || look == 0) && !RunFor(WayBack(town.Rooms().size()))) return false;
     }
     JoinAgain();
+    return EndHour(end);
+}
+
+/// Everything is well again, or should be.
+bool SoakRun::EndHour(std::int64_t end) {
     invariants.RequireBack(town.Rooms());
     violatedAt = world.Now();
     town.SetRejoining(true);
@@ -297,6 +331,7 @@ void SoakRun::SaveAndLoad() {
         machine.dialogs.AnswerText(folder + "/run.txt");
         PressByHand(ejects.cmdLoadEjects);
         invariants.ListsLoaded(town.Rooms());
+        if (invariants.guards) invariants.guards->ListsLoaded(town.Rooms());
         break;
     }
     default: break;

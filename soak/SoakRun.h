@@ -48,14 +48,17 @@ class SoakRun {
     bool HasLedger() const { return static_cast<bool>(machine.databases); }
     /// How often each alarm began; empty without a bridge.
     std::map<AlarmKind, int> AlarmCounts() const;
-    const LiftWatch& TimeBans() const { return invariants.TimeBans(); }
+    /// How many time bans ended, and how.
+    std::string TimeBanWords() const;
 
   private:
     void Arrive();
     void WatchLedger();
+    void SwitchGuardsOn();
     bool Hour();
     void WatchAlarms();
     bool Drill();
+    bool EndHour(std::int64_t end);
     bool RunFor(std::int64_t milliseconds);
     void LookAfterLists();
     void PressByHand(Button& button);
@@ -83,6 +86,7 @@ class SoakRun {
     SimRandom random;
     std::optional<Enforcement> enforcement; ///< with the plan's management
     std::set<std::string> leftForGood;      ///< rooms that the bot left by itself and has not come back to
+    std::string timeBanWords;               ///< once the bridge has ended
     int stepsIn = 0;
     std::int64_t violatedAt = 0;
 };

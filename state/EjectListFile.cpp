@@ -91,6 +91,7 @@ void ReadEjectLists(Platform& platform, TillerSock& control, const EjectPanel& p
     ClearAll(control, panel);
     ListsByRoom lists;
     while (auto line = lines.Next()) ReadBan(control, panel, lists, *line);
+    control.KeepListsWithRooms();
 }
 
 } // namespace halyard

@@ -19,6 +19,11 @@ class TourBoxes : public Dialogs {
         Print(title, text);
         return false;
     }
+    std::optional<std::size_t> Choose(const std::string& title, const std::string& text,
+                                      const std::vector<std::string>&) override {
+        Print(title, text);
+        return std::nullopt;
+    }
     std::optional<std::string> Open(const std::string&, const std::string&, const std::string&) override {
         return opens;
     }

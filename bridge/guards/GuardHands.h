@@ -9,6 +9,7 @@
 
 namespace halyard {
 
+class CommandEngine;
 class Doors;
 class Ledger;
 class Options;
@@ -32,6 +33,7 @@ struct GuardHands {
     std::function<void(const GuardAlarm&)> raise;
     std::function<Ledger*()> ledger; ///< null while none is kept
     const Options& options;
+    CommandEngine& engine;
 };
 
 } // namespace halyard

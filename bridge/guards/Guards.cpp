@@ -5,18 +5,21 @@
 namespace halyard {
 
 Guards::Guards(const GuardHands& hands)
-    : book(hands.platform, hands.control, hands.ledger), signOffs(hands), silence(hands), roomsAgain(hands) {}
+    : book(hands.platform, hands.control, hands.ledger), signOffs(hands), silence(hands), roomsAgain(hands),
+      bans(hands) {}
 
 void Guards::Listen(NewsFan& fan) {
     fan.Add(book);
     fan.Add(signOffs);
     fan.Add(silence);
     fan.Add(roomsAgain);
+    bans.Listen(fan);
 }
 
 void Guards::SwitchesChanged() {
     silence.SwitchesChanged();
     roomsAgain.SwitchesChanged();
+    bans.SwitchesChanged();
 }
 
 } // namespace halyard

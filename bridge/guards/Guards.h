@@ -9,6 +9,7 @@
 #include "bridge/guards/RoomsAgain.h"
 #include "bridge/guards/SignOffBell.h"
 #include "bridge/guards/SilenceGuard.h"
+#include "bridge/guards/bans/BanGuards.h"
 
 namespace halyard {
 
@@ -29,6 +30,7 @@ class Guards {
     SignOffBell signOffs;
     SilenceGuard silence;
     RoomsAgain roomsAgain;
+    BanGuards bans;
 };
 
 } // namespace halyard

@@ -158,7 +158,7 @@ void RoomsAgain::RoomEntered(std::int16_t slot, const std::string& name, std::in
     room.name = name;
     room.inside = true;
     room.nextAt = -1;
-    room.tries = 0;
+    room.tries = room.wrongNames = 0;
     room.enteredAt = hands.platform.Milliseconds();
     slots[slot] = key;
     closing.erase(slot);
@@ -207,7 +207,8 @@ void RoomsAgain::Failed(int code) {
     if (found == rooms.end() || found->second.inside) return Arm();
     auto& room = found->second;
     const auto& options = hands.options;
-    if (IsHopeless(code)) {
+    room.wrongNames = code == WrongName ? room.wrongNames + 1 : 0;
+    if (IsHopeless(code) && (code != WrongName || room.wrongNames >= WrongNames)) {
         const bool ofRoom = FindRefusal(RefusalKind::Room, code) != nullptr;
         const auto words = "The room " + room.name + " is given up. " +
                            RefusalText(ofRoom ? RefusalKind::Room : RefusalKind::Error, code);

@@ -29,6 +29,9 @@ class RoomsAgain : public News {
     static constexpr int AnswerWithin = 75'000; ///< then a request counts as refused
     static constexpr int Settled = 60'000;      ///< a room that stood so long begins anew when it is lost
     static constexpr std::size_t MostRooms = 256;
+    /// So often in a row a name is said to be wrong before it is believed: a request whose room got lost on
+    /// the way is refused so, too.
+    static constexpr int WrongNames = 3;
 
     explicit RoomsAgain(const GuardHands& hands);
 
@@ -68,6 +71,7 @@ class RoomsAgain : public News {
         std::int64_t nextAt = -1;
         int pause = 0; ///< ms, the last one; 0: the next time is at once
         int tries = 0;
+        int wrongNames = 0; ///< refusals in a row that say so
     };
     bool On() const;
     static Key KeyOf(const std::string& name, std::int16_t exchange);

@@ -13,6 +13,10 @@ class NoBoxes : public Dialogs {
     void Note(const std::string& title, const std::string& text) override;
     void Error(const std::string& title, const std::string& text) override { Note(title, text); }
     bool YesNo(const std::string&, const std::string&) override { return false; }
+    std::optional<std::size_t> Choose(const std::string&, const std::string&,
+                                      const std::vector<std::string>&) override {
+        return {};
+    }
     std::optional<std::string> Open(const std::string&, const std::string&, const std::string&) override {
         return {};
     }

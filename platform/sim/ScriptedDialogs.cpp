@@ -20,6 +20,17 @@ bool ScriptedDialogs::YesNo(const std::string& title, const std::string& text) {
     return answer;
 }
 
+std::optional<std::size_t> ScriptedDialogs::Choose(const std::string& title, const std::string& text,
+                                                   const std::vector<std::string>& answers) {
+    std::string offered;
+    for (const auto& answer : answers) offered += answer + "|";
+    shown.push_back({Kind::Choose, title, text, offered});
+    if (choices.empty()) return std::nullopt;
+    const auto choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
 std::optional<std::string> ScriptedDialogs::Open(const std::string& title, const std::string& filter,
                                                  const std::string& folder) {
     shown.push_back({Kind::Open, title, filter, folder});

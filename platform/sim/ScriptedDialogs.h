@@ -13,12 +13,12 @@ namespace halyard {
 
 class ScriptedDialogs : public Dialogs {
   public:
-    enum class Kind { Note, Error, YesNo, Open, Save, Font };
+    enum class Kind { Note, Error, YesNo, Open, Save, Font, Choose };
     struct Box {
         Kind kind;
         std::string title;
-        std::string text; ///< the filter of Open and Save, the current name of Font
-        std::string folder;
+        std::string text;   ///< the filter of Open and Save, the current name of Font
+        std::string folder; ///< the answers of Choose, each with "|" behind it
         bool operator==(const Box&) const = default;
     };
 
@@ -28,15 +28,19 @@ class ScriptedDialogs : public Dialogs {
     /// Answers of the next boxes that ask, oldest first. When none is left the answer is No, or cancelled.
     void AnswerYes() { yesNo.push_back(true); }
     void AnswerNo() { yesNo.push_back(false); }
+    /// For Choose, counted from 0. When none is left nothing is chosen.
+    void AnswerChoice(std::size_t choice) { choices.push_back(choice); }
     /// For Open, Save and Font.
     void AnswerText(const std::string& text) { texts.push_back(text); }
     void AnswerCancel() { texts.push_back(std::nullopt); }
     /// Answers that no box has asked for.
-    std::size_t AnswersLeft() const { return yesNo.size() + texts.size(); }
+    std::size_t AnswersLeft() const { return yesNo.size() + choices.size() + texts.size(); }
 
     void Note(const std::string& title, const std::string& text) override;
     void Error(const std::string& title, const std::string& text) override;
     bool YesNo(const std::string& title, const std::string& text) override;
+    std::optional<std::size_t> Choose(const std::string& title, const std::string& text,
+                                      const std::vector<std::string>& answers) override;
     std::optional<std::string> Open(const std::string& title, const std::string& filter,
                                     const std::string& folder) override;
     std::optional<std::string> Save(const std::string& title, const std::string& filter,
@@ -47,6 +51,7 @@ class ScriptedDialogs : public Dialogs {
     std::optional<std::string> NextText();
 
     std::deque<bool> yesNo;
+    std::deque<std::size_t> choices;
     std::deque<std::optional<std::string>> texts;
 };
 

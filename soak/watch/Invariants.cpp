@@ -124,7 +124,10 @@ void Invariants::Check() {
     CheckTimers();
     CheckQueues();
     if (!enforced) CheckReplies(); // else none tells what is done
-    CheckTimeBans();
+    if (guards)
+        Violate(guards->Check(world.Now()));
+    else
+        CheckTimeBans();
     if (ledger) Violate(ledger->Check(world.Now()));
     if (alarms) Violate(alarms->Check(world.Now()));
     if (truth) Violate(truth->Check(world.Now()));

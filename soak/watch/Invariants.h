@@ -8,6 +8,7 @@
 #include "soak/watch/AlarmWatch.h"
 #include "soak/watch/BanWatch.h"
 #include "soak/watch/EnforcedWatch.h"
+#include "soak/watch/GuardWatch.h"
 #include "soak/watch/LedgerWatch.h"
 #include "soak/watch/LiftWatch.h"
 #include "soak/watch/PacingWatch.h"
@@ -38,6 +39,7 @@ class Invariants : public TapListener {
     std::optional<LedgerWatch> ledger;     ///< with the bridge, as the next two
     std::optional<TruthWatch> truth;
     std::optional<AlarmWatch> alarms;
+    std::optional<GuardWatch> guards; ///< with every guard on
 
     /// What another finds wrong; nothing for an empty text.
     void Find(const std::string& text) { Violate(text); }

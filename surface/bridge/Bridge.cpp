@@ -18,6 +18,15 @@ namespace {
 constexpr int WrongPassword = 5;
 constexpr const char* RoastedStage = "Sending roasted login...";
 
+AlarmKind KindOf(Departure guard) {
+    switch (guard) {
+    case Departure::RunawayFuse: return AlarmKind::Fuse;
+    case Departure::RoomsAreAskedForAgain: return AlarmKind::HopelessRoom;
+    case Departure::TimeBansAreKept: return AlarmKind::TimeBans;
+    default: return AlarmKind::OffLine; // the sign-offs of the service
+    }
+}
+
 bool IsSpared(const Options& options, const std::string& name) {
     const auto key = NormalizeName(name);
     return CheckCollection(key, options.Ops) || CheckCollection(key, options.Immunes);
@@ -43,8 +52,8 @@ Bridge::Bridge(frmMain& main)
       guards({main.Context().platform, main.Control(), ledger.DoorsOfDesk(),
               [this](const std::string& text) { foot.Tell(text); },
               [this](const GuardAlarm& alarm) { Ring(alarm); },
-              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; },
-              main.options}),
+              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }, main.options,
+              main.Engine()}),
       trueShow(main), guardsWindow(main.Context(), file), main(main) {
     BindControls();
     heard.Add(*this);
@@ -139,7 +148,13 @@ void Bridge::TakeGuards(const GuardTerms& terms) {
     trueShow.SwitchesChanged();
 }
 
-void Bridge::Ring(const GuardAlarm& alarm) { foot.Tell(alarm.words); }
+void Bridge::Ring(const GuardAlarm& alarm) {
+    const auto kind = KindOf(alarm.guard);
+    if (alarm.over)
+        alarms.book.End(kind, alarm.subject, alarm.words);
+    else
+        alarms.book.Raise(kind, alarm.subject, alarm.words);
+}
 
 void Bridge::Refresh() {
     OfferNetworks(row.cmbNetwork, file, chosen.Name());

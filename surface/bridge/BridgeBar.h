@@ -10,7 +10,8 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuWatch, &mnuGuards, &mnuLedgerTerms, &mnuAlarms, &mnuFootLine};
+        mnuBridge.Items = {&mnuNetwork,     &mnuLedger, &mnuWatch,   &mnuGuards,
+                           &mnuLedgerTerms, &mnuAlarms, &mnuFootLine};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 

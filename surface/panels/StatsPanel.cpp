@@ -14,6 +14,8 @@ constexpr int StatsInterval = 31000; // ms
 constexpr int FirstCaption = 20;     // number of the first counter's caption
 constexpr int BanQueueType = 0;
 constexpr int MsgQueueType = 1;
+constexpr std::size_t LetInNow = 0; // of the answers about time bans
+constexpr std::size_t NeverLetIn = 2;
 
 } // namespace
 
@@ -26,7 +28,7 @@ StatsPanel::StatsPanel(const SurfaceContext& context, const ConnectionPanel& con
     cmdClearActions.Click = [this] { this->context.counters.lstActions.Clear(); };
     cmdClearMsgQueue.Click = [this] { ClearQueues(MsgQueueType); };
     cmdClearBanQueue.Click = [this] { ClearQueues(BanQueueType); };
-    cmdClearTimeBans.Click = [this] { this->context.control.ClearTimeBans(); };
+    cmdClearTimeBans.Click = [this] { ClearTimeBansClicked(); };
     tmrStats->SetInterval(StatsInterval);
     tmrStats->onTick = [this] { StatsTick(); };
     tmrStats->SetEnabled(true);
@@ -43,6 +45,20 @@ void StatsPanel::StatsTick() {
 void StatsPanel::ClearStatsClicked() {
     if (context.platform.Boxes().YesNo("Clear stats?", "Do you really want to clear all statistics?"))
         context.counters.ClearStats();
+}
+
+/// Whoever is banned for a time is banned for good once the record is gone: the guard asks for that.
+void StatsPanel::ClearTimeBansClicked() {
+    auto& control = context.control;
+    if (control.TimeBans.Count() == 0 || !control.Guarded(Departure::TimeBansAreKept))
+        return control.ClearTimeBans();
+    const auto answer =
+        context.platform.Boxes().Choose("Clear time bans?",
+                                        std::to_string(control.TimeBans.Count()) +
+                                            " time bans run. When are these people to be let in again?",
+                                        {"Now", "At their time", "Not at all"});
+    if (answer == LetInNow) control.EndTimeBans();
+    if (answer == NeverLetIn) control.ClearTimeBans();
 }
 
 void StatsPanel::ClearQueues(int intType) {

@@ -42,6 +42,7 @@ class StatsPanel {
   private:
     void StatsTick();
     void ClearStatsClicked();
+    void ClearTimeBansClicked();
     void ClearQueues(int intType);
 
     const SurfaceContext& context;

@@ -6,6 +6,9 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QPushButton>
+
+#include <algorithm>
 
 namespace halyard {
 
@@ -64,6 +67,21 @@ void QtDialogs::Error(const std::string& title, const std::string& text) {
 
 bool QtDialogs::YesNo(const std::string& title, const std::string& text) {
     return Ask(title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::size_t> QtDialogs::Choose(const std::string& title, const std::string& text,
+                                             const std::vector<std::string>& answers) {
+    QMessageBox box(QMessageBox::Question, Shown(title), Shown(text), QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    std::vector<QAbstractButton*> buttons;
+    for (const auto& answer : answers)
+        buttons.push_back(box.addButton(Shown(answer), QMessageBox::AcceptRole));
+    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    if (chosen == buttons.end()) return std::nullopt;
+    return static_cast<std::size_t>(chosen - buttons.begin());
 }
 
 std::optional<std::string> QtDialogs::Open(const std::string& title, const std::string& filter,
