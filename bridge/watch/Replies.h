@@ -15,6 +15,7 @@ class Replies {
     void Sent(std::string_view snac, std::int64_t now);
     /// One came in. When it answers a request of the connection's: when that one went out; -1 otherwise.
     std::int64_t Heard(std::string_view snac) { return owed == 0 ? -1 : Find(snac); }
+    bool NothingOwed() const { return owed == 0; }
     /// Something came in, whatever it was: the other end lives.
     void Lives() { silentSince = -1; }
     /// Since when something was asked that is always answered, and nothing at all came in; -1: nothing is

@@ -209,40 +209,47 @@ void Truth::Wire() {
     for (auto& [slot, room] : rooms) lead(slot, room.standing, &room);
 }
 
-void Truth::Frame(int socket, bool sent, int channel, std::string_view body) {
-    const auto at = static_cast<std::size_t>(socket);
-    if (at >= wires.size() || !wires[at].standing) return;
-    ++version;
-    auto& [replies, standing, room] = wires[at];
-    const bool isSnac = channel == SnacChannel;
-    const auto now = Now();
-    if (sent) {
-        if (isSnac) replies.Sent(body, now);
-    } else {
-        replies.Lives();
-        standing->lastHeard = now;
-        if (isSnac && room && Begins(body, LineKey)) {
-            if (!IsOwnLine(body)) room->heard.Add(now), ++heardCount;
-        } else if (isSnac && socket == 0 && Begins(body, Migration)) {
-            Stand(main, Stage::Underway, "Moving to another server", ConnectTime);
-        }
-        if (const auto asked = isSnac ? replies.Heard(body) : -1; asked >= 0) standing->lastAnswered = asked;
-    }
-    if (standing->stage == Stage::On) {
-        const auto since = replies.SilentSince();
-        standing->stuckAt = since < 0 ? -1 : since + ConnectTime;
-    }
-    if (socket == 0) account.lastHeard = main.lastHeard, account.lastAnswered = main.lastAnswered;
-}
-
 /// The sender is in the first TLV, behind 10 bytes of SNAC, 8 of cookie and 2 of channel, where every service
 /// puts it. Most names differ in the first letter.
-bool Truth::IsOwnLine(std::string_view snac) const {
+inline bool Truth::IsOwnLine(std::string_view snac) const {
     constexpr std::size_t nameAt = 25;
     if (snac.size() <= nameAt || name.empty()) return false;
     constexpr int caseBit = 0x20;
     if (((snac[nameAt] ^ name[0]) & ~caseBit) != 0 && snac[nameAt] != ' ' && name[0] != ' ') return false;
     return SameName(snac.substr(nameAt, static_cast<unsigned char>(snac[nameAt - 1])), name);
+}
+
+/// What comes most is a line of somebody's in a room where nothing is owed.
+void Truth::Frame(int socket, bool sent, int channel, std::string_view body) {
+    const auto at = static_cast<std::size_t>(socket);
+    if (at >= wires.size() || !wires[at].standing) return;
+    ++version;
+    auto& wire = wires[at];
+    const auto now = platform.Milliseconds();
+    if (sent || !wire.room || channel != SnacChannel || !wire.replies.NothingOwed() || !Begins(body, LineKey))
+        return HearFrame(wire, sent, channel == SnacChannel ? body : std::string_view(), now);
+    wire.standing->lastHeard = now;
+    if (!IsOwnLine(body)) wire.room->heard.Add(now), ++heardCount;
+}
+
+/// `snac` is empty for other channels.
+void Truth::HearFrame(Wired& wire, bool sent, std::string_view snac, std::int64_t now) {
+    auto& [standing, room, replies] = wire;
+    if (sent) {
+        replies.Sent(snac, now);
+    } else {
+        replies.Lives();
+        standing->lastHeard = now;
+        if (room && Begins(snac, LineKey) && !IsOwnLine(snac)) room->heard.Add(now), ++heardCount;
+        if (standing == &main && Begins(snac, Migration))
+            Stand(main, Stage::Underway, "Moving to another server", ConnectTime);
+        if (const auto asked = replies.Heard(snac); asked >= 0) standing->lastAnswered = asked;
+    }
+    if (standing->stage == Stage::On) {
+        const auto since = replies.SilentSince();
+        standing->stuckAt = since < 0 ? -1 : since + ConnectTime;
+    }
+    if (standing == &main) account.lastHeard = main.lastHeard, account.lastAnswered = main.lastAnswered;
 }
 
 } // namespace halyard

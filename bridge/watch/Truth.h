@@ -185,6 +185,12 @@ class Truth : public News {
                     const std::string& other, DropReason why) override;
 
   private:
+    /// A connection, and what is told of it; null for what nobody asks about.
+    struct Wired {
+        StageTruth* standing = nullptr;
+        RoomTruth* room = nullptr;
+        Replies replies;
+    };
     void Changed();
     RoomTruth* Find(std::int16_t slot);
     RoomTruth* Holder(std::int16_t slot);
@@ -193,6 +199,7 @@ class Truth : public News {
     void Stand(StageTruth& standing, Stage stage, const std::string& words, std::int64_t mayTake = -1);
     void Settle();
     bool IsOwnLine(std::string_view snac) const;
+    void HearFrame(Wired& wire, bool sent, std::string_view snac, std::int64_t now);
     AbsentRoom& Miss(const std::string& room, std::int16_t exchange);
     void NotMissed(const std::string& room, std::int16_t exchange);
     void LoseRequest(const std::string& words);
@@ -217,14 +224,8 @@ class Truth : public News {
     bool elsewhere = false;    // the name signed on elsewhere
     int navigationSocket = -1;
     std::map<int, std::string> tags; // by socket, without the empty ones
-    /// A connection, and what is told of it; null for what nobody asks about.
-    struct Wired {
-        Replies replies;
-        StageTruth* standing = nullptr;
-        RoomTruth* room = nullptr;
-    };
-    std::vector<Wired> wires; // by socket
-    RoomTruth left;           // the room that was left last: what waited there is dropped then
+    std::vector<Wired> wires;        // by socket
+    RoomTruth left;                  // the room that was left last: what waited there is dropped then
     Origins origins;
 };
 
