@@ -158,6 +158,14 @@ class News {
     virtual void PartHitNobody(std::int16_t /*room*/, const std::string& /*op*/, const std::string& /*part*/,
                                const std::vector<std::string>& /*fits*/) {}
 
+    /// A frame came on this connection; `ownInfo`: it is the account's own information (0001 000F). Told
+    /// while Departure::SilenceIsAskedAbout is on.
+    virtual void SomethingHeard(int /*socket*/, bool /*ownInfo*/) {}
+    /// Somebody would be in this room: RoomAsked follows, at once or when its turn comes.
+    virtual void RoomWanted(const std::string& /*name*/, std::int16_t /*exchange*/) {}
+    /// The service is asked to close the room for all.
+    virtual void RoomCloseAsked(std::int16_t /*room*/) {}
+
     // Bans. `id` is the request id, 1 to 65535 and then from 1 anew. `other` is what the kind's line tells
     // besides the name: the entry that matched, or the minutes of a time ban.
     /// Somebody is to be banned or let in again. What follows: BanAsked when it goes out, at once or after it

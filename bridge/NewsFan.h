@@ -95,6 +95,11 @@ class NewsFan : public News {
                        const std::vector<std::string>& fits) override {
         Pass(&News::PartHitNobody, room, op, part, fits);
     }
+    void SomethingHeard(int socket, bool ownInfo) override { Pass(&News::SomethingHeard, socket, ownInfo); }
+    void RoomWanted(const std::string& name, std::int16_t exchange) override {
+        Pass(&News::RoomWanted, name, exchange);
+    }
+    void RoomCloseAsked(std::int16_t room) override { Pass(&News::RoomCloseAsked, room); }
     void BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const std::string& name,
                    const std::string& other) override {
         Pass(&News::BanWanted, room, id, kind, name, other);

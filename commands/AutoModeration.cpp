@@ -82,6 +82,13 @@ void CommandEngine::UserLeftChat(std::int16_t intChatIndex, const std::string& s
     context.control.JoinChat(strChatName, intExchange, 0);
 }
 
+bool MeetsWords(const CommandContext& context, const std::string& strUserNorm, const ChatLine& line) {
+    const auto& options = context.options;
+    if (CheckCollection(strUserNorm, options.Immunes)) return false;
+    if (options.WordBanAll || !options.WordBanOn) return options.WordBanAll;
+    return !options.Autowords.FirstWordIn(options.WordBanHTML ? line.raw : line.stripped).empty();
+}
+
 void BanForWords(const CommandContext& context, const std::string& strUserNorm, const ChatLine& line) {
     const auto& options = context.options;
     if (CheckCollection(strUserNorm, options.Immunes)) return;

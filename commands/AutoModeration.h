@@ -21,6 +21,9 @@ struct ChatLine {
 /// speaker is to be banned. The line keeps its blanks here, so a stored word meets only text that has none.
 void BanForWords(const CommandContext& context, const std::string& strUserNorm, const ChatLine& line);
 
+/// Whether BanForWords would.
+bool MeetsWords(const CommandContext& context, const std::string& strUserNorm, const ChatLine& line);
+
 /// Bans a speaker who isn't in the room's list.
 void BanGhost(const CommandContext& context, const std::string& strUserNorm, const ChatLine& line);
 

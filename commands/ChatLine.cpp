@@ -4,6 +4,7 @@
 #include "commands/AutoModeration.h"
 #include "commands/CommandEngine.h"
 #include "commands/CommandHost.h"
+#include "commands/CommandTable.h"
 #include "oscar/TillerSock.h"
 #include "state/Options.h"
 #include "state/Permissions.h"
@@ -29,10 +30,16 @@ std::string UpTo(const std::string& text, const std::string& mark) {
 /// that of the person it names, who becomes `strUserNorm`. Only such a one is looked up among the immunes: on
 /// purpose.
 bool HandleGhost(const CommandContext& context, std::string& strUserNorm, const ChatLine& line) {
+    const auto spared = [&] {
+        return context.control.Guarded(Departure::DiceAreNotGhosts, line.intChatIndex, strUserNorm);
+    };
     if (strUserNorm == ServiceSender) {
         if (!ContainsNoCase(line.raw, "rolled")) return false;
         strUserNorm = UpTo(NormalizeName(line.stripped), "rolled");
         if (CheckCollection(strUserNorm, context.options.Immunes)) return false;
+        if (spared()) return false;
+    } else if (CheckCollection(strUserNorm, context.options.Immunes) && spared()) {
+        return true;
     }
     BanGhost(context, strUserNorm, line);
     return true;
@@ -48,6 +55,19 @@ std::optional<std::string> CommandText(const CcomTable& ccoms, const std::string
     if (ccoms.blnCcomComments) return UpTo(normalised, trigger);
     if (normalised.substr(normalised.size() - 1) != trigger) return std::nullopt;
     return normalised;
+}
+
+/// True when something would follow upon a line of the bot's own: a ban, or a command.
+bool WouldHearItself(const CommandContext& context, const Chats& room, const std::string& strUserNorm,
+                     const ChatLine& line) {
+    const auto& options = context.options;
+    if (options.AutobanGhosts && !CheckCollection(strUserNorm, room.PeopleHere)) return true;
+    if (CheckCollection(strUserNorm, options.Ops)) {
+        const auto strCommand = CommandText(options.Ccoms, NormalizeName(line.stripped));
+        if (!strCommand) return false;
+        if (ParseCommand(options.Ccoms, *strCommand).index != ParsedCommand::None) return true;
+    }
+    return MeetsWords(context, strUserNorm, line);
 }
 
 /// What a person wrote behind the comment mark; empty when there is none.
@@ -78,14 +98,19 @@ void CommandEngine::HandleLine(std::int16_t intChatIndex, const std::string& str
     if (!room || room->JoinTimerEnabled()) return;
 
     auto strUserNorm = NormalizeName(strUser);
-    // A name from the wire with brackets is nobody's of the desk's own.
-    const bool talkOnly = fromWire && context.control.Departs(Departure::NamesAreNoCommands) &&
-                          strUserNorm.find_first_of("[]") != std::string::npos;
-    bool isOp = !talkOnly && CheckCollection(strUserNorm, options.Ops);
+    if (fromWire && strUserNorm == NormalizeName(context.control.SignOnName()) &&
+        WouldHearItself(context, *room, strUserNorm, line) &&
+        context.control.Guarded(Departure::OwnLinesAreNotHeard, intChatIndex, strUserNorm))
+        return;
+    bool isOp = CheckCollection(strUserNorm, options.Ops);
     if (options.AutobanGhosts && !CheckCollection(strUserNorm, room->PeopleHere) &&
         !HandleGhost(context, strUserNorm, line))
         return;
-    bool internal = !talkOnly && strUserNorm == InternalSender;
+    bool internal = strUserNorm == InternalSender;
+    // A name from the wire with brackets, that of a dice roll too, is nobody's of the desk's own.
+    if (fromWire && (isOp || internal) && strUserNorm.find_first_of("[]") != std::string::npos &&
+        context.control.Guarded(Departure::NamesAreNoCommands, intChatIndex, strUserNorm))
+        isOp = internal = false;
     if (isOp || internal) {
         auto strCommand = CommandText(options.Ccoms, NormalizeName(line.stripped));
         if (!strCommand) return; // an op's line without the trigger is not even searched for autowords

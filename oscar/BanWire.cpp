@@ -118,8 +118,9 @@ BanOutcome TillerSock::TellDropped(const Chats* room, std::int16_t intChatIndex,
 }
 
 void TillerSock::CloseChat(std::int16_t intChatIndex) {
-    if (intChatIndex != 0)
-        SendPacket(intChatIndex, 2, HexToStr("000E0023000000000023") + MakeTLV("0023", 2, "Chat"));
+    if (intChatIndex == 0) return;
+    if (telling.news) telling.news->RoomCloseAsked(intChatIndex);
+    SendPacket(intChatIndex, 2, HexToStr("000E0023000000000023") + MakeTLV("0023", 2, "Chat"));
 }
 
 void TillerSock::SendBanRequest(std::int16_t intChatIndex, const std::string& strRequestID,

@@ -60,6 +60,7 @@ void TillerSock::JoinChat(const std::string& strChatName, std::int16_t intExchan
         if (telling.news) telling.news->RoomAsked(wish.strName, wish.intExchange);
         return Refuse(AlreadyIn.second, 0x2E, "000D");
     }
+    if (telling.news) telling.news->RoomWanted(wish.strName, wish.intExchange);
     if (!WaitsItsTurn(wish)) AskForRoom(wish);
 }
 

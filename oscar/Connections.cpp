@@ -76,6 +76,12 @@ void TillerSock::SocketError(int Index) {
     Sock.CloseSock(Index);
 }
 
+void TillerSock::TakeForLost(int Index, const std::string& strWords) {
+    if (!Sock.Has(Index)) return;
+    if (telling.news) telling.news->SocketFailed(Index, 0, strWords);
+    SocketError(Index);
+}
+
 void TillerSock::HandleSignOff(int Index) {
     if (auto position = GetChatIndex(static_cast<std::int16_t>(Index))) {
         LoseRoom(position);

@@ -147,6 +147,8 @@ class TillerSock : public RoomHost {
     void CreateTimer(const std::string& strType) { timers.CreateTimer(strType); }
     const TimerPool& Timers() const { return timers; }
     const SocketTable& Sockets() const { return Sock; }
+    /// Takes this connection for lost, as if its socket had failed with these words.
+    void TakeForLost(int Index, const std::string& strWords);
     void SendPacket(int Index, int intChannel, const std::string& strPacket);
     void ParsePacket(int Index, std::string& strPacket);
     void UpdateRequestID();
@@ -157,6 +159,7 @@ class TillerSock : public RoomHost {
 
   private:
     // What a room asks (RoomHost).
+    std::int64_t Now() override { return platform.Milliseconds(); }
     void Say(std::int16_t intChatIndex, const std::string& strLine) override {
         SendChat(intChatIndex, strLine);
     }

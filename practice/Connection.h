@@ -50,6 +50,7 @@ class PracticeConnection {
     /// Ends it with a channel 4 frame.
     void SignOff(std::string_view body = {});
     bool Open() const { return open; }
+    const Socket& Raw() const { return *socket; }
 
     Service service = Service::None;
     std::string name;       ///< of the person, as given at sign-on; empty until known
@@ -58,6 +59,7 @@ class PracticeConnection {
     Room* room = nullptr;   ///< the room it is in; null before 0001 0002
     bool ready = false;     ///< 0001 0002 came
     bool migrating = false; ///< told to come back under a new cookie
+    bool silent = false;    ///< stands, passes over what comes, and sends nothing
     int genericVersion = 1; ///< the client's version of family 0001
     RateMeter rates;
     const std::int64_t since; ///< ms

@@ -157,6 +157,19 @@ void PracticeLevers::SignOffFromRoom(const std::string& room, const std::string&
     WithMember(room, name, [&](PracticeConnection& connection) { world.Dismiss(connection); });
 }
 
+void PracticeLevers::FallSilent(const std::string& name) {
+    world.Note("", name, "hears nothing more");
+    world.EachConnection([&name](PracticeConnection& connection) {
+        if (SameName(connection.name, name)) connection.silent = true;
+    });
+}
+
+void PracticeLevers::EachSocket(const std::string& name, const std::function<void(const Socket&)>& visit) {
+    world.EachConnection([&](PracticeConnection& connection) {
+        if (SameName(connection.name, name)) visit(connection.Raw());
+    });
+}
+
 void PracticeLevers::RefuseNextSignOn(int code) { world.refusals.signOn = code; }
 void PracticeLevers::RefuseNextCreation(int word) { world.refusals.creation = word; }
 void PracticeLevers::RefuseNextJoin(int word) { world.refusals.join = word; }

@@ -13,6 +13,7 @@
 namespace halyard {
 
 class PracticeConnection;
+class Socket;
 class World;
 struct Room;
 
@@ -54,6 +55,12 @@ class PracticeLevers {
     /// The same for its connection to a room.
     void DropFromRoom(const std::string& room, const std::string& name);
     void SignOffFromRoom(const std::string& room, const std::string& name);
+
+    /// All connections that the client has by now stand and are silent: what comes on them is passed over,
+    /// and nothing is sent.
+    void FallSilent(const std::string& name);
+    /// Their sockets, for a network that loses what goes over them.
+    void EachSocket(const std::string& name, const std::function<void(const Socket&)>& visit);
 
     // The next request of its kind, by whomever, is refused with this code; 0 takes that back.
     void RefuseNextSignOn(int code);

@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -83,13 +84,16 @@ class Chats {
     void PrepareChatSend(std::string& strReplacement, const std::string& strChar, std::string& strMessage,
                          const std::string& strOther, const std::string& strType,
                          const std::string& strMsgType, std::int16_t intChatIndex = 0);
-    /// A timer of the tag came due. Tags but "msg1", "msg2" and "ban" do nothing.
+    /// A timer of the tag came due. Tags but "msg1", "msg2", "msg3" and "ban" do nothing.
     void CheckQueue(const std::string& strType);
     /// Takes a waiting line, or a waiting ban, out by the number that its news have: Msgs::Number, or the
     /// request id. False when none waits under it.
     bool DropLine(std::int64_t number);
     bool DropBan(std::int32_t lngRequestID);
-    /// 0 empties BanQueue; 1 empties MsgQueue and stops the four send timers; other values do nothing.
+    /// The answers that wait (Departure::NothingSaidIsLost), the oldest first.
+    std::vector<Msgs> WaitingAnswers() const;
+    /// 0 empties BanQueue; 1 empties MsgQueue, drops the answers that wait and stops the four send timers;
+    /// other values do nothing.
     void ClearQueue(int intType);
 
     /// Puts a request behind the others: kind, socket slot, request id, name and extra value, joined by ":".
@@ -126,6 +130,7 @@ class Chats {
     void SayLine(const Msgs& send, const std::string& line, const std::vector<std::int64_t>& numbers = {});
     void TellLineDropped(const Msgs& line, LineDrop why);
     void DropLines(LineDrop why);
+    Msgs Numbered(const Msgs& own);
     void SayMerged(const Msgs& own);
     void SayOneByOne(const Msgs& own);
     void SayOrDrop(const Msgs& own, std::string& strMessage);
@@ -133,6 +138,11 @@ class Chats {
     std::optional<std::size_t> BanCount() const;
     void RestartSendTimer(int Index);
     void Drain(int Index, const std::string& strMsgType);
+    // Answers.cpp
+    void AnswerLater(const Msgs& own);
+    void SayNextAnswer();
+    void DropAnswers(LineDrop why);
+    bool DropAnswer(std::int64_t number);
     // BanQueue.cpp
     void CheckBanQueue();
     void StopBanPause();
@@ -161,6 +171,11 @@ class Chats {
     std::array<std::int16_t, 2> intUnrateTicks{};
     std::string strMinutesRated;
     bool blnAutoUnrate = false;
+    struct Answer {
+        Msgs send;
+        std::int64_t since; ///< ms
+    };
+    std::deque<Answer> answers;
     std::array<std::shared_ptr<PoolTimer>, 4> tmrSend;
     std::array<std::int16_t, 4> SendTimerIndex{};
 };

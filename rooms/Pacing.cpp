@@ -5,6 +5,7 @@
 #include "rooms/Chats.h"
 #include "rooms/EjectList.h"
 #include "rooms/Fold.h"
+#include "rooms/LineText.h"
 #include "rooms/RoomHost.h"
 
 #include <utility>
@@ -20,9 +21,7 @@ void GuardLinks(std::string& text) {
     text = Replace(text, ":", " : ");
 }
 
-std::string FillIn(const Msgs& send, std::string_view otherMark) {
-    return Replace(Replace(send.TheMessage, send.TheChar, send.TheReplacement), otherMark, send.TheOther);
-}
+bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
 
 bool IsRunning(const std::shared_ptr<PoolTimer>& timer) { return timer && timer->Enabled(); }
 
@@ -47,7 +46,11 @@ void Chats::PrepareChatSend(std::string& strReplacement, const std::string& strC
             LineDrop::Rated);
     if (strType != "status" && strType != "bp") GuardLinks(strReplacement);
     Msgs own{strType, strChar, strReplacement, strMessage, strOther, strMsgType, intChatIndex};
-    switch (SendGroupOf(strType)) {
+    const auto group = SendGroupOf(strType);
+    if (group != SendGroup::Unknown && IsBlank(strMessage) &&
+        host.Guarded(Departure::NothingSaidIsLost, ChatIndex, {}))
+        return;
+    switch (group) {
     case SendGroup::MergeSameOther:
     case SendGroup::Merge:
         own.TheMsgType = "msg1"; // whatever the caller said
@@ -63,10 +66,15 @@ void Chats::PrepareChatSend(std::string& strReplacement, const std::string& strC
 }
 
 void Chats::Wait(const Msgs& own) {
-    auto waiting = own;
-    waiting.Number = ++host.Tell().lineNumber;
+    const auto waiting = Numbered(own);
     MsgQueue.Add(waiting);
     if (auto* news = host.Tell().news) news->LineQueued(ChatIndex, waiting);
+}
+
+Msgs Chats::Numbered(const Msgs& own) {
+    auto waiting = own;
+    waiting.Number = ++host.Tell().lineNumber;
+    return waiting;
 }
 
 void Chats::SayLine(const Msgs& send, const std::string& line, const std::vector<std::int64_t>& numbers) {
@@ -80,6 +88,7 @@ void Chats::TellLineDropped(const Msgs& line, LineDrop why) {
 
 void Chats::DropLines(LineDrop why) {
     for (const auto& line : std::exchange(MsgQueue, {})) TellLineDropped(line, why);
+    DropAnswers(why);
 }
 
 void Chats::SayMerged(const Msgs& own) {
@@ -130,7 +139,10 @@ void Chats::SayOneByOne(const Msgs& own) {
 }
 
 void Chats::SayOrDrop(const Msgs& own, std::string& strMessage) {
-    if (IsRunning(tmrSend[3])) return TellLineDropped(own, LineDrop::Paused);
+    if (IsRunning(tmrSend[3]))
+        return host.Guarded(Departure::NothingSaidIsLost, ChatIndex, {})
+                   ? AnswerLater(own)
+                   : TellLineDropped(own, LineDrop::Paused);
     strMessage = FillIn(own, "%d");
     SayLine(own, strMessage);
     EnableSendTimer(3);
@@ -150,6 +162,8 @@ void Chats::CheckQueue(const std::string& strType) {
         Drain(1, strType);
     else if (strType == "msg2")
         Drain(2, strType);
+    else if (strType == "msg3")
+        SayNextAnswer();
 }
 
 // The entry stays in the queue: with the timer off, saying it makes the send look into the queue and find it
@@ -173,7 +187,7 @@ bool Chats::DropLine(std::int64_t number) {
         TellLineDropped(line, LineDrop::ByHand);
         return true;
     }
-    return false;
+    return DropAnswer(number);
 }
 
 void Chats::ClearQueue(int intType) {

@@ -26,6 +26,9 @@ class RoomHost {
     /// `strWho` is whom it is about, empty for none.
     virtual bool Guarded(Departure guard, std::int16_t intChatIndex, const std::string& strWho) = 0;
 
+    /// Ms since some fixed moment, never going back.
+    virtual std::int64_t Now() = 0;
+
     /// Says one line in the room of this socket slot, at once.
     virtual void Say(std::int16_t intChatIndex, const std::string& strLine) = 0;
     /// Sends an eject request for `strUser` under the request id (decimal text) on the room's connection.

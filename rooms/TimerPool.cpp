@@ -115,10 +115,8 @@ void TimerPool::tmrTimer_Timer(int Index) {
         if (onTimeBans) onTimeBans();
         return;
     }
-    if (tag == "msg3" || tag == "firstjoin") {
-        timer->SetEnabled(false);
-        return;
-    }
+    if (tag == "msg3" || tag == "firstjoin") timer->SetEnabled(false);
+    if (tag == "firstjoin") return;
     const std::shared_ptr<Chats> room = rooms.Item(GetTimer(Index, tag));
     if (!room) return;
     if (tag == "unrate")

@@ -32,6 +32,7 @@ void Options::AskNewSettings() {
             "This will return all the settings back to their defaults, except eject lists. Do you "
             "really want to clear the settings?"))
         return;
+    if (onMayCloseEditors && !onMayCloseEditors()) return;
     NewSettings();
     if (onSettingsFile) onSettingsFile(FileUse::None, {});
 }

@@ -100,6 +100,8 @@ class Options {
     /// through `onCloseEditors` at its end.
     void NewSettings();
     std::function<void()> onCloseEditors;
+    /// Asked before New Settings closes them; false keeps them and the settings. Unset, they may be closed.
+    std::function<bool()> onMayCloseEditors;
 
     /// The settings are now those of the file at this path, read or written by the operator; with an empty
     /// path those of no file.

@@ -38,6 +38,9 @@ frmMain::frmMain(Platform& platform, WindowHost* windows)
         chatSendsWindow.Form_Unload();
         uniPermsWindow.Form_Unload();
     };
+    options.onMayCloseEditors = [this] {
+        return ccomsWindow.MayDrop() && chatSendsWindow.MayDrop() && uniPermsWindow.MayDrop();
+    };
     form.Resize = [this] { Form_Resize(); };
     BindMenus();
     BindFileMenu();

@@ -8,9 +8,9 @@ namespace halyard {
 
 namespace {
 
-constexpr std::array<std::string_view, 16> Words = {
-    "",           "ban",    "unban", "kick", "timeban", "readmit", "list-add", "list-remove",
-    "list-clear", "option", "load",  "undo", "answer",  "appeal",  "note",     "forget",
+constexpr std::array<std::string_view, 17> Words = {
+    "",       "ban",  "unban", "kick",   "timeban", "readmit", "list-add", "list-remove", "list-clear",
+    "option", "load", "undo",  "answer", "appeal",  "note",    "forget",   "guard",
 };
 
 // Rows point at each other without the database's own foreign keys: a row may outlive what it points at when

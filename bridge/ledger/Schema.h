@@ -28,6 +28,7 @@ enum class ActKind {
     Appeal,
     Note,
     Forget,
+    Guard, ///< a guard had the desk go another way: its name is the entry
 };
 /// As it is searched and shown: "ban", "list-add". "" for a number that is none.
 std::string_view ActWord(ActKind kind);

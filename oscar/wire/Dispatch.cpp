@@ -14,6 +14,8 @@ void TillerSock::ParsePacket(int Index, std::string& strPacket) {
     if (telling.frames && strPacket.size() >= SocketTable::HeaderSize)
         telling.frames->Frame(Index, false, static_cast<unsigned char>(strPacket[ChannelAt - 1]),
                               std::string_view(strPacket).substr(SocketTable::HeaderSize));
+    if (telling.news && Departs(Departure::SilenceIsAskedAbout))
+        telling.news->SomethingHeard(Index, SnacKey(Mid(strPacket, KeyAt, 4)) == "0001000F");
     if (Departs(Departure::OneServiceRequest))
         ParseWithOwnService(Index, strPacket);
     else
@@ -31,7 +33,9 @@ void TillerSock::ParseSignOnSocket(int Index, std::string& strPacket) {
     auto channel = Mid(strPacket, ChannelAt, 1);
     if (channel == ByteToStr(1)) HandleHello(Index);
     if (channel == ByteToStr(4)) {
-        if (signOn.LoggedOn && Departs(Departure::MainSignOffs))
+        // While a migration is due, nothing is laid down for it either.
+        if (signOn.LoggedOn &&
+            (signOn.ServerPaused ? Departs(Departure::MainSignOffs) : Guarded(Departure::MainSignOffs)))
             return HandleMainSignOff(Index, Mid(strPacket, 7));
         if (signOn.LoggedOn && !signOn.ServerPaused) {
             if (telling.news)

@@ -8,6 +8,7 @@
 #include "surface/frmMain.h"
 #include "surface/look/Theme.h"
 
+#include <functional>
 #include <utility>
 
 namespace halyard {
@@ -37,12 +38,20 @@ Bridge::Bridge(frmMain& main)
       ledger(main, heard, [this](const std::string& text) { foot.Tell(text); }),
       wiring(main, ledger, ledgerWindow),
       alarms(main, heard, watch.truth, ledger, [this](const std::string& text) { foot.Tell(text); }),
-      alarmTerms(main.Context(), file), main(main) {
+      alarmTerms(main.Context(), file),
+      guards({main.Context().platform, main.Control(), ledger.DoorsOfDesk(),
+              [this](const std::string& text) { foot.Tell(text); },
+              [this](const GuardAlarm& alarm) { Ring(alarm); },
+              [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; },
+              main.options}),
+      trueShow(main), guardsWindow(main.Context(), file), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
     heard.Add(enforcement);
     heard.Add(check.Listener());
+    guards.Listen(heard);
+    heard.Add(trueShow);
     main.Control().SetNews(&heard);
 }
 
@@ -69,6 +78,12 @@ void Bridge::BindControls() {
     bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
     bar.mnuAlarms.Click = [this] { alarmTerms.Show(); };
     alarmTerms.onApplied = [this](const AlarmTerms& terms) { alarms.Take(terms); };
+    bar.mnuGuards.Click = [this] { guardsWindow.Show(); };
+    guardsWindow.onApplied = [this](const GuardTerms& terms) { TakeGuards(terms); };
+    guardsWindow.onCounts = [this](std::function<void(const GuardCounts&)> then) {
+        guards.book.Ask(std::move(then));
+    };
+    guardsWindow.onUnanswering = [this] { return guards.silence.Unanswering(); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);
         wiring.Reopened();
@@ -104,12 +119,23 @@ void Bridge::TakeGuards(const GuardTerms& terms) {
         const auto departure = static_cast<Departure>(index);
         main.Control().Switches().SetGuard(departure, terms.Of(departure));
     }
+    guards.SwitchesChanged();
+    trueShow.SwitchesChanged();
+}
+
+void Bridge::Ring(const GuardAlarm& alarm) {
+    const auto kind = AlarmOfGuard(alarm.guard);
+    if (alarm.over)
+        alarms.book.End(kind, alarm.subject, alarm.words);
+    else
+        alarms.book.Raise(kind, alarm.subject, alarm.words);
 }
 
 void Bridge::Refresh() {
     OfferNetworks(row.cmbNetwork, file, chosen.Name());
     row.Stand(chosen.Standing());
     if (window.Loaded()) window.Refresh();
+    guardsWindow.Refresh();
 }
 
 /// What a person has to set right isn't tried again by the bot, where that guard is on. Asked once.

@@ -4,6 +4,7 @@
 // doors. The desk doesn't know it and works as well without one. Programs make it behind the main window.
 
 #include "bridge/NewsFan.h"
+#include "bridge/guards/Guards.h"
 #include "bridge/networks/BanAnswers.h"
 #include "bridge/networks/BridgeFile.h"
 #include "bridge/networks/check/NetworkCheck.h"
@@ -16,6 +17,8 @@
 #include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
+#include "surface/bridge/guards/GuardsWindow.h"
+#include "surface/bridge/guards/TrueShow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
 #include "surface/bridge/watch/AlarmHost.h"
 #include "surface/bridge/watch/AlarmTermsWindow.h"
@@ -38,6 +41,8 @@ class Bridge : private News {
 
     /// Reads bridge.toml and takes the network that was chosen last. Behind Form_Load.
     void Start();
+    /// Switches the guards; what bridge.toml says stays as it is.
+    void TakeGuards(const GuardTerms& terms);
 
     NewsFan heard;   ///< of the desk
     WatchHost watch; ///< hears each fact before those below
@@ -56,11 +61,14 @@ class Bridge : private News {
     LedgerWiring wiring;
     AlarmHost alarms;
     AlarmTermsWindow alarmTerms;
+    Guards guards;
+    TrueShow trueShow;
+    GuardsWindow guardsWindow;
 
   private:
     void BindControls();
     void Refresh();
-    void TakeGuards(const GuardTerms& terms);
+    void Ring(const GuardAlarm& alarm);
     void Enforce(const std::string& network);
     bool MayLogin(ConnectionPanel::By by);
     bool MayTryAgain();

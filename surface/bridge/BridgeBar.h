@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms, &mnuAlarms};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms, &mnuAlarms, &mnuGuards};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -20,6 +20,7 @@ class BridgeBar {
     Menu mnuLedger{"mnuLedger", "Ledger\x85"};
     Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
     Menu mnuAlarms{"mnuAlarms", "Alarms\x85"};
+    Menu mnuGuards{"mnuGuards", "Guards\x85"};
 };
 
 } // namespace halyard

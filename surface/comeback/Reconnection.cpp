@@ -65,6 +65,7 @@ bool Reconnection::IsQueued(const std::string& entry) const {
 }
 
 void Reconnection::QueueRooms(bool onlyMissing) {
+    if (OthersAskAgain()) return;
     for (const auto& room : context.control.Chat) {
         const auto entry =
             room->ChatName + ":" + std::to_string(room->Exchange) + ":" + std::to_string(room->Instance);
@@ -72,6 +73,10 @@ void Reconnection::QueueRooms(bool onlyMissing) {
         RejoinQueue.Add(entry);
     }
     TellQueue();
+}
+
+bool Reconnection::OthersAskAgain() const {
+    return context.control.Departs(Departure::RoomsAreAskedForAgain);
 }
 
 void Reconnection::TellPlan(int milliseconds) const {
@@ -145,6 +150,7 @@ void Reconnection::LoggedOff() {
     view.connection.SignedOn = false;
     view.connection.SetButtons(false);
     view.chats.DropLostRooms();
+    if (Reconnecting && context.control.Guarded(Departure::StopsAreStops)) StopReconnections();
 }
 
 void Reconnection::StopReconnections() {

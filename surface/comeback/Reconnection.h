@@ -59,6 +59,8 @@ class Reconnection {
     void ReconnectTick();
     void RejoinTick();
     void RejoinAfterLogin();
+    /// True while a guard asks for lost and refused rooms; the way back holds still.
+    bool OthersAskAgain() const;
     void QueueRooms(bool onlyMissing);
     /// Names count lower-cased and without blanks: an entry is put in either way.
     bool IsQueued(const std::string& entry) const;

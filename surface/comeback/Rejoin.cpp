@@ -104,7 +104,7 @@ void Reconnection::LeftChat(const std::string& strChatName, std::int16_t intExch
     view.consoles.RoomLeft(strChatName, intChatIndex);
     if (EnteredTwice(context.control, strChatName, intExchange, intInstance, intChatIndex)) return;
     if (!context.options.RejoinKicked && !context.options.RejoinError) return;
-    if (strReason == "manual") return;
+    if (strReason == "manual" || OthersAskAgain()) return;
     const auto place = ":" + std::to_string(intExchange) + ":" + std::to_string(intInstance);
     const auto entry = NormalizeName(strChatName) + place;
     if (IsQueued(entry)) return;
@@ -170,7 +170,7 @@ void Reconnection::JoinFailed(std::int16_t intErrorCode) {
 
 /// The room that was tried goes to the end, so that it doesn't block the others.
 void Reconnection::TryAnother(bool allowed) {
-    if (!allowed) return;
+    if (!allowed || OthersAskAgain()) return;
     if (RejoinQueue.Count() > 1) {
         const auto tried = RejoinQueue.Item(1);
         RejoinQueue.Remove(1);

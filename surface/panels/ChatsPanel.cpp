@@ -115,6 +115,7 @@ void ChatsPanel::RoomClicked() {
 void ChatsPanel::ShowChatData(std::int16_t position) {
     const auto room = context.control.Chat.Item(position);
     if (!room) return;
+    shownRoom = room->ChatIndex;
     FrameMisc[ChatDataFrame].SetCaption("Chat Data: " + room->ChatName);
     const auto show = [this](Row row, const std::string& text) { lblChatData[row].SetCaption(text); };
     show(Bans, "[None]");
@@ -133,6 +134,16 @@ void ChatsPanel::ShowChatData(std::int16_t position) {
     show(MaxPeople, std::to_string(room->MaxPeople - 2) + " + 2");
     show(Detail, std::to_string(room->DetailLevel));
     show(Index, std::to_string(room->ChatIndex));
+}
+
+bool ChatsPanel::ForgetLostData() {
+    if (shownRoom == 0) return false;
+    const auto room = context.control.Room(shownRoom);
+    if (room && FrameMisc[ChatDataFrame].Caption() == "Chat Data: " + room->ChatName) return false;
+    shownRoom = 0;
+    FrameMisc[ChatDataFrame].SetCaption("Chat Data");
+    for (auto& label : lblChatData) label.SetCaption("[None]");
+    return true;
 }
 
 void ChatsPanel::AddRoom(const std::string& strChatName) {

@@ -42,6 +42,8 @@ class ChatsPanel {
     /// `intChatIndex`.
     void RemoveRoom(const std::string& strChatName, std::int16_t intChatIndex);
     void ClearRooms();
+    /// Shows no room's data any more when the shown room is left. True when that was so.
+    bool ForgetLostData();
     /// Takes the lines of rooms away that the control no longer has: a reset tells nothing of its rooms.
     void DropLostRooms();
 
@@ -66,6 +68,7 @@ class ChatsPanel {
     /// Fills the rows from the room at this position of Chat.
     void ShowChatData(std::int16_t position);
 
+    std::int16_t shownRoom = 0; ///< whose data are shown: its socket slot, 0 for none
     const SurfaceContext& context;
     const ConnectionPanel& connection;
 };

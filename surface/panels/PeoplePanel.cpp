@@ -64,6 +64,14 @@ void PeoplePanel::OpClicked() {
     lblCurrentOp.SetCaption(lstOps.Text());
 }
 
+bool PeoplePanel::ForgetLostOp() {
+    const auto& shown = lblCurrentOp.Caption();
+    if (shown.empty() || CheckCollection(NormalizeName(shown), context.options.Ops)) return false;
+    ShowPerms(chkPerm, {});
+    lblCurrentOp.SetCaption("");
+    return true;
+}
+
 void PeoplePanel::GivePerms(const std::string& strPerms) {
     context.options.SetPerms(context.options.Controls.lstOps.Text(), strPerms);
     OpClicked();

@@ -31,6 +31,9 @@ class PeoplePanel {
     Button cmdFullPerms{"cmdFullPerms", "Full Perms"};
     TextBox txtAddImm{"txtAddImm", "", 500};
 
+    /// Shows no op any more when the shown one is none. True when that was so.
+    bool ForgetLostOp();
+
     template <typename Visit>
     void EachControl(Visit&& visit) {
         for (auto& frame : FrameMisc) visit(frame);

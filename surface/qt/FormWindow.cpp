@@ -57,6 +57,7 @@ void FormWindow::ReportState() {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
+    if (mayClose && !mayClose()) return event->ignore();
     event->accept();
     if (closed) closed();
 }

@@ -16,6 +16,9 @@ class FormWindow : public QWidget {
     /// `closed` runs when a person closes the window.
     FormWindow(Form& form, std::function<void()> closed);
 
+    /// Asked before a person's closing; false keeps it open. Unset, it may close.
+    std::function<bool()> mayClose;
+
     /// Shows it, in front of all. The first time it gets the size its content asks for, if the screen has it.
     void Present();
 

@@ -28,6 +28,7 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
         Offer(bridge->ledgerWindow, DrawLedger);
         Offer(bridge->ledgerTerms, DrawLedgerTerms);
         Offer(bridge->alarmTerms, DrawAlarmTerms);
+        Offer(bridge->guardsWindow, DrawGuards);
     }
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);

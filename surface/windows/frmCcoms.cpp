@@ -16,7 +16,7 @@ constexpr std::array<std::size_t, CcomCount> LabelIndices{
 
 } // namespace
 
-frmCcoms::frmCcoms(const SurfaceContext& context) : Opened(context) {
+frmCcoms::frmCcoms(const SurfaceContext& context) : Edited(context) {
     form.SetVisible(false);
     chkComments.ToolTip = "This let's you comment after a ccom, such as \"ban user/comment\".";
     cmdSetCcoms.Click = [this] { SetClicked(); };
@@ -37,6 +37,13 @@ void frmCcoms::ShowTexts() {
     for (int index = 0; auto& box : txtCcom) box.SetText(ccoms.GetCcom(index++));
     if (ccoms.GetCcomComments()) chkComments.SetValue(1);
     txtTrigger.SetText(ccoms.GetTrigger());
+    Settle();
+}
+
+std::string frmCcoms::Content() const {
+    auto content = txtTrigger.Text() + (chkComments.Value() == 1 ? "\n1\n" : "\n0\n");
+    for (const auto& box : txtCcom) content += box.Text() + '\n';
+    return content;
 }
 
 void frmCcoms::SetClicked() {
@@ -49,6 +56,7 @@ void frmCcoms::SetClicked() {
     }
     // The trigger is only trimmed: one with a blank or a capital seldom meets a command line.
     context.options.Ccoms.SetCcoms(names, Trim(txtTrigger.Text()), chkComments.Value() == 1);
+    Settle();
 }
 
 void frmCcoms::ResetClicked() {

@@ -5,13 +5,14 @@
 #include "platform/Controls.h"
 #include "state/CcomTable.h"
 #include "surface/look/ControlArrays.h"
-#include "surface/windows/Opened.h"
+#include "surface/windows/Edited.h"
 
 #include <deque>
+#include <string>
 
 namespace halyard {
 
-class frmCcoms : public Opened<frmCcoms> {
+class frmCcoms : public Edited<frmCcoms> {
   public:
     explicit frmCcoms(const SurfaceContext& context);
 
@@ -41,7 +42,9 @@ class frmCcoms : public Opened<frmCcoms> {
 
   private:
     friend class Opened<frmCcoms>;
+    friend class Edited<frmCcoms>;
     void Fill();
+    std::string Content() const;
     void ShowTexts();
     void SetClicked();
     void ResetClicked();

@@ -24,7 +24,7 @@ constexpr const char* HelpTexts[] = {
 
 } // namespace
 
-frmChatSends::frmChatSends(const SurfaceContext& context) : Opened(context) {
+frmChatSends::frmChatSends(const SurfaceContext& context) : Edited(context) {
     form.SetVisible(false);
     ShowPage(0);
     BindButtons();
@@ -52,6 +52,13 @@ void frmChatSends::Fill() {
 
 void frmChatSends::ShowTexts() {
     for (int number = 1; auto& box : txtChatSend) box.SetText(context.control.ChatSends.Item(number++));
+    Settle();
+}
+
+std::string frmChatSends::Content() const {
+    std::string content;
+    for (const auto& box : txtChatSend) content += box.Text() + '\n';
+    return content;
 }
 
 void frmChatSends::ShowPage(int page) {
@@ -71,6 +78,7 @@ void frmChatSends::SetClicked() {
     auto& sends = context.control.ChatSends;
     sends.Clear();
     for (const auto& box : txtChatSend) sends.Add(box.Text());
+    Settle();
 }
 
 void frmChatSends::HelpClicked() {

@@ -5,13 +5,14 @@
 
 #include "platform/Controls.h"
 #include "surface/look/ControlArrays.h"
-#include "surface/windows/Opened.h"
+#include "surface/windows/Edited.h"
 
 #include <deque>
+#include <string>
 
 namespace halyard {
 
-class frmChatSends : public Opened<frmChatSends> {
+class frmChatSends : public Edited<frmChatSends> {
   public:
     explicit frmChatSends(const SurfaceContext& context);
 
@@ -41,7 +42,9 @@ class frmChatSends : public Opened<frmChatSends> {
 
   private:
     friend class Opened<frmChatSends>;
+    friend class Edited<frmChatSends>;
     void Fill();
+    std::string Content() const;
     static constexpr int BoxesOnPage = 10; // the last page has four
 
     void BindButtons();

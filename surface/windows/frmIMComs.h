@@ -18,6 +18,8 @@ class frmIMComs : public Opened<frmIMComs> {
     Button cmdIMComs{"cmdIMComs", "Turn On IMComs"};
     Button cmdClear{"cmdClear", "Clear"};
 
+    /// The button says what the switch allows.
+    void ShowSwitch();
     void IncomingIM(const std::string& strUser, const std::string& strMessage);
 
     template <typename Visit>
@@ -28,7 +30,6 @@ class frmIMComs : public Opened<frmIMComs> {
   private:
     friend class Opened<frmIMComs>;
     void Fill();
-    void ShowSwitch();
 };
 
 } // namespace halyard

@@ -4,13 +4,14 @@
 
 #include "platform/Controls.h"
 #include "surface/panels/PeoplePanel.h"
-#include "surface/windows/Opened.h"
+#include "surface/windows/Edited.h"
 
 #include <deque>
+#include <string>
 
 namespace halyard {
 
-class frmUniPerms : public Opened<frmUniPerms> {
+class frmUniPerms : public Edited<frmUniPerms> {
   public:
     explicit frmUniPerms(const SurfaceContext& context);
 
@@ -27,7 +28,9 @@ class frmUniPerms : public Opened<frmUniPerms> {
 
   private:
     friend class Opened<frmUniPerms>;
+    friend class Edited<frmUniPerms>;
     void Fill();
+    std::string Content() const;
 };
 
 } // namespace halyard

@@ -59,8 +59,7 @@ TEST_F(QtCommandsTest, FindWhatTheyAreGivenAndNothingElse) {
     EXPECT_EQ(Written(),
               "nothing to read\ntwo words|$HOME;*\nHALYARD_WORDS=a\xE2\x82\xAC; $(rm -r x) \\x0A\n");
     std::optional<CommandEnd> missing;
-    EXPECT_TRUE(
-        commands->Run(Plain({Folder() + "/none"}), [&](const auto& told) { missing = told; }));
+    EXPECT_TRUE(commands->Run(Plain({Folder() + "/none"}), [&](const auto& told) { missing = told; }));
     EXPECT_FALSE(missing) << "not before the call returns";
     ASSERT_TRUE(RunUntil([&] { return missing.has_value(); }));
     EXPECT_EQ(missing->status, -1);

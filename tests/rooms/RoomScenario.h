@@ -44,6 +44,7 @@ class RecordingHost : public RoomHost {
     std::set<Departure> guards; ///< that are on
     Telling& Tell() override { return telling; }
     bool Guarded(Departure guard, Int, Text) override { return guards.contains(guard); }
+    std::int64_t Now() override { return world.Now(); }
     void Say(std::int16_t, const std::string& line) override {
         Note(ToUtf8(line));
         if (onSay) onSay();

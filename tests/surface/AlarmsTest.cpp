@@ -160,7 +160,13 @@ TEST_F(Alarms, OfTheOperatorsOwnDoingThereAreNone) {
     GoOn();
     Join("attic");
     window.ByHand(window.chats.lstChats, [this] { control.LeaveChat(0, "attic"); });
+    Join("cellar");
+    window.ByHand(window.chats.cmdCloseChat, [this] {
+        for (const auto& room : control.Chat)
+            if (room->ChatName == "cellar") control.CloseChat(room->ChatIndex);
+    });
     Minutes(5);
+    EXPECT_EQ(control.Chat.Count(), 1U);
     Set(boxes.chkRejoinError, false);
     people.SignOffFromRoom("lobby", "harbourbot");
     Minutes(4);
@@ -198,7 +204,8 @@ TEST_F(Alarms, RingByCommandAndByMessage) {
     ASSERT_EQ(line.environment.size(), 5U);
     EXPECT_EQ(line.environment[0], (std::pair<std::string, std::string>("HALYARD_ALARM", "fuse")));
     EXPECT_EQ(line.environment[1].second, "first");
-    EXPECT_EQ(line.environment[2].second.size(), AlarmBook::LongestWords + 8) << "\"...\", an escape, the euro";
+    EXPECT_EQ(line.environment[2].second.size(), AlarmBook::LongestWords + 8)
+        << "\"...\", an escape, the euro";
     EXPECT_EQ(EnvironmentField(odd).size(), CommandRinger::LongestField);
     EXPECT_EQ(EnvironmentField("a\r\x1B[1m\x7F\x81\\"), "a\\x0D\\x1B[1m\\x7F\\x81\\x5C");
     Wait(10);

@@ -129,7 +129,8 @@ class Planner {
         case ActKind::Answer: return Nothing(item, "a line that was said can't be taken back");
         case ActKind::Appeal:
         case ActKind::Note:
-        case ActKind::Forget: break;
+        case ActKind::Forget:
+        case ActKind::Guard: break;
         }
         return Nothing(item, "this can't be taken back");
     }

@@ -11,6 +11,7 @@ namespace halyard {
 class AlarmTermsWindow;
 class FootLine;
 class FormWindow;
+class GuardsWindow;
 class LedgerTermsWindow;
 class LedgerWindow;
 class NetworkRow;
@@ -22,5 +23,6 @@ std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
 std::unique_ptr<FormWindow> DrawAlarmTerms(AlarmTermsWindow& model);
 std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
+std::unique_ptr<FormWindow> DrawGuards(GuardsWindow& model);
 
 } // namespace halyard

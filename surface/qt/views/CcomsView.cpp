@@ -41,6 +41,7 @@ QLayout* Words(frmCcoms& model) {
 
 std::unique_ptr<FormWindow> DrawCcoms(frmCcoms& model) {
     auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
+    window->mayClose = [&model] { return model.MayDrop(); };
     auto* words = Words(model);
     auto& label = model.lblMisc[TriggerLabel];
     auto* trigger = BindLine(model.txtTrigger, label.Caption());

@@ -52,6 +52,7 @@ QLayout* PageButtons(frmChatSends& model) {
 
 std::unique_ptr<FormWindow> DrawChatSends(frmChatSends& model) {
     auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
+    window->mayClose = [&model] { return model.MayDrop(); };
     auto* area = new PageArea;
     for (int page = 0; auto& frame : model.FrameTabs) area->AddPage(Page(model, page++), frame);
     auto* help = BindButton(model.cmdHelp);

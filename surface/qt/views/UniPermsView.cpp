@@ -11,6 +11,7 @@ namespace halyard {
 
 std::unique_ptr<FormWindow> DrawUniPerms(frmUniPerms& model) {
     auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
+    window->mayClose = [&model] { return model.MayDrop(); };
     auto* perms = PermGrid(model.chkPerm);
     auto* foot = Row({Room(), BindButton(model.cmdSetUniPerms), BindButton(model.cmdDefaultUniPerms)});
     auto* column = new QVBoxLayout(window.get());
