@@ -97,8 +97,9 @@ void AlarmDrill::BeRated() {
 void AlarmDrill::LoseLines() {
     auto& levers = hands.network.Levers();
     levers.SetRate(Room(), drilled, 5, RateCode::Limit);
-    for (int time = 0; time < 40; ++time) {
-        levers.Say(Room(), Town::Ops().front(), "help");
+    // Half a minute at most, then the bot frees itself; a clock that runs already does it sooner.
+    for (int time = 0; time < 20; ++time) {
+        for (int line = 0; line < 20; ++line) levers.Say(Room(), Town::Ops().front(), "op roomboss");
         hands.runFor(second);
     }
     levers.SetRate(Room(), drilled, 5, RateCode::Clear);
@@ -127,6 +128,10 @@ void AlarmDrill::FailLedger() {
 
 void AlarmDrill::Raid() {
     auto& levers = hands.network.Levers();
+    levers.SetMaxPeople(Room(), 1000);
+    // An op may have taken it off.
+    auto& box = hands.window.autobans.txtAddAW;
+    hands.window.ByHand(box, [this] { hands.window.Engine().Lists().AddAW("d*mn", 0); });
     for (int newcomer = 0; newcomer < 20; ++newcomer) {
         const auto name = "raider" + std::to_string(count) + "x" + std::to_string(newcomer);
         levers.Enter(Room(), name);

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "bridge/guards/GuardScope.h"
 #include "bridge/networks/Refusals.h"
+#include "bridge/watch/alarms/AlarmOrders.h"
 #include "platform/Platform.h"
 #include "state/Options.h"
 
@@ -26,13 +27,6 @@ bool IsHopeless(int code) {
     constexpr int NoSuchService = 0x06, GivenUp = 0x07, Unsupported = 0x08, NotThere = 0x14;
     return code == ImproperName || code == WrongName || code == NoSuchService || code == GivenUp ||
            code == Unsupported || code == NotThere;
-}
-
-/// True when the operator's hand, on whatever control, is behind what is told.
-bool IsByHand(const Telling& telling) {
-    for (const auto* scope = telling.cause; scope; scope = scope->outer)
-        if (scope->cause.kind == CauseKind::Hand) return true;
-    return false;
 }
 
 } // namespace

@@ -18,15 +18,6 @@ namespace {
 constexpr int WrongPassword = 5;
 constexpr const char* RoastedStage = "Sending roasted login...";
 
-AlarmKind KindOf(Departure guard) {
-    switch (guard) {
-    case Departure::RunawayFuse: return AlarmKind::Fuse;
-    case Departure::RoomsAreAskedForAgain: return AlarmKind::HopelessRoom;
-    case Departure::TimeBansAreKept: return AlarmKind::TimeBans;
-    default: return AlarmKind::OffLine; // the sign-offs of the service
-    }
-}
-
 bool IsSpared(const Options& options, const std::string& name) {
     const auto key = NormalizeName(name);
     return CheckCollection(key, options.Ops) || CheckCollection(key, options.Immunes);
@@ -149,7 +140,7 @@ void Bridge::TakeGuards(const GuardTerms& terms) {
 }
 
 void Bridge::Ring(const GuardAlarm& alarm) {
-    const auto kind = KindOf(alarm.guard);
+    const auto kind = AlarmOfGuard(alarm.guard);
     if (alarm.over)
         alarms.book.End(kind, alarm.subject, alarm.words);
     else

@@ -16,6 +16,12 @@
 namespace halyard {
 namespace {
 
+CommandLine Plain(std::vector<std::string> arguments) {
+    CommandLine line;
+    line.arguments = std::move(arguments);
+    return line;
+}
+
 class QtCommandsTest : public testing::Test {
   protected:
     /// What became of a run of the shell's words, which get `folder` as $1.
@@ -26,7 +32,7 @@ class QtCommandsTest : public testing::Test {
                            .environment = {{"HALYARD_WORDS", "a\xE2\x82\xAC; $(rm -r x) \\x0A"}},
                            .timeout = timeout},
                           [&](const CommandEnd& told) { end = told; }));
-        EXPECT_FALSE(commands->Run({.arguments = {"/bin/true"}}, [](const CommandEnd&) { ADD_FAILURE(); }));
+        EXPECT_FALSE(commands->Run(Plain({"/bin/true"}), [](const CommandEnd&) { ADD_FAILURE(); }));
         EXPECT_TRUE(RunUntil([&] { return end.has_value(); }));
         return end.value_or(CommandEnd{});
     }
@@ -53,13 +59,12 @@ TEST_F(QtCommandsTest, FindWhatTheyAreGivenAndNothingElse) {
     EXPECT_EQ(Written(),
               "nothing to read\ntwo words|$HOME;*\nHALYARD_WORDS=a\xE2\x82\xAC; $(rm -r x) \\x0A\n");
     std::optional<CommandEnd> missing;
-    EXPECT_TRUE(
-        commands->Run({.arguments = {Folder() + "/none"}}, [&](const auto& told) { missing = told; }));
+    EXPECT_TRUE(commands->Run(Plain({Folder() + "/none"}), [&](const auto& told) { missing = told; }));
     EXPECT_FALSE(missing) << "not before the call returns";
     ASSERT_TRUE(RunUntil([&] { return missing.has_value(); }));
     EXPECT_EQ(missing->status, -1);
     EXPECT_NE(missing->problem, "");
-    EXPECT_FALSE(commands->Run({}, [](const CommandEnd&) { ADD_FAILURE(); }));
+    EXPECT_FALSE(commands->Run(Plain({}), [](const CommandEnd&) { ADD_FAILURE(); }));
     EXPECT_EQ(Run("kill -9 $$").problem, "it was ended by a signal");
 }
 
@@ -78,7 +83,7 @@ TEST_F(QtCommandsTest, EndWithTheirWholeGroup) {
     EXPECT_EQ(Run("exec > $1/pipe; sleep 1000 & exit 0").status, 0);
     EXPECT_TRUE(RunUntil(gone)) << "whom it left behind";
     bool begun = false;
-    EXPECT_TRUE(commands->Run({.arguments = {"/bin/sh", "-c", "exec > $0; echo; sleep 1000", pipe}},
+    EXPECT_TRUE(commands->Run(Plain({"/bin/sh", "-c", "exec > $0; echo; sleep 1000", pipe}),
                               [](const CommandEnd&) { ADD_FAILURE(); }));
     ASSERT_TRUE(RunUntil([&] {
         char byte = 0;

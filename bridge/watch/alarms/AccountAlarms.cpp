@@ -62,7 +62,8 @@ void AccountAlarms::ConnectionEnded(int socket, const std::string& text) {
     if (socket != 0) return;
     attempt = -1;
     GoOff();
-    if (why.empty()) why = text;
+    // Another slot of the service's may have given a lost one its name.
+    if (why.empty()) why = text.starts_with("The service") ? text : "The connection to the service is lost.";
 }
 
 void AccountAlarms::GoOff() {

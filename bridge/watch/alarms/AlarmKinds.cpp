@@ -31,4 +31,13 @@ AlarmText TextOf(AlarmKind kind) {
     return index < AlarmKindCount ? alarmTexts[index] : AlarmText{};
 }
 
+AlarmKind AlarmOfGuard(Departure guard) {
+    switch (guard) {
+    case Departure::RoomsAreAskedForAgain: return AlarmKind::HopelessRoom;
+    case Departure::RunawayFuse: return AlarmKind::Fuse;
+    case Departure::TimeBansAreKept: return AlarmKind::TimeBans;
+    default: return AlarmKind::OffLine;
+    }
+}
+
 } // namespace halyard

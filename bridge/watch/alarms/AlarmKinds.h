@@ -2,6 +2,8 @@
 
 // What an alarm can be about.
 
+#include "base/Departure.h"
+
 #include <cstddef>
 #include <string_view>
 
@@ -35,5 +37,8 @@ struct AlarmText {
 };
 /// Empty texts for what is no kind.
 AlarmText TextOf(AlarmKind kind);
+
+/// What a guard's alarm is about.
+AlarmKind AlarmOfGuard(Departure guard);
 
 } // namespace halyard

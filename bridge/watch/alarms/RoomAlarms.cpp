@@ -73,7 +73,12 @@ void RoomAlarms::RoomEntered(std::int16_t slot, const std::string& name, std::in
     auto& room = rooms[key];
     const auto before = SubjectOf(key, room);
     room = {name, slot, platform.Milliseconds(), {}};
+    closing.erase(slot);
     book.End(AlarmKind::RoomLost, before, "The bot is in it again.");
+}
+
+void RoomAlarms::RoomCloseAsked(std::int16_t slot) {
+    if (IsOrdered(telling)) closing[slot] = platform.Milliseconds();
 }
 
 void RoomAlarms::RoomLeft(std::int16_t slot, const std::string& name, const std::string& /*reason*/) {
@@ -81,7 +86,9 @@ void RoomAlarms::RoomLeft(std::int16_t slot, const std::string& name, const std:
     const auto found = std::ranges::find_if(rooms, [&](const auto& entry) {
         return entry.second.slot == slot && SameName(entry.first.first, name);
     });
-    const bool ordered = IsOrdered(telling);
+    const auto close = closing.extract(slot);
+    const bool closed = !close.empty() && platform.Milliseconds() - close.mapped() < LongestClosing;
+    const bool ordered = closed || IsOrdered(telling);
     if (found != rooms.end() && !ordered) return Lose(found->second, "The connection to it is lost.");
     if (!ordered) return;
     const auto gone = found != rooms.end() ? found : std::ranges::find_if(rooms, [&](const auto& entry) {
@@ -101,7 +108,8 @@ void RoomAlarms::Look(bool online) {
     if (!online) return;
     const auto longest = std::int64_t{book.Terms().Of(AlarmKind::RoomLost).minutes} * 60'000;
     for (const auto& [key, room] : rooms)
-        if (room.slot == 0 && platform.Milliseconds() - room.since >= longest)
+        if (room.slot == 0 && platform.Milliseconds() - room.since >= longest &&
+            !book.Fires(AlarmKind::HopelessRoom, SubjectOf(key, room))) // which says it already
             book.Raise(AlarmKind::RoomLost, SubjectOf(key, room), room.why);
 }
 

@@ -32,12 +32,14 @@ class RoomAlarms : public News {
     void ConnectionsReset() override;
     void RoomAsked(const std::string& name, std::int16_t exchange) override;
     void RoomEntered(std::int16_t slot, const std::string& name, std::int16_t exchange) override;
+    void RoomCloseAsked(std::int16_t slot) override;
     void RoomLeft(std::int16_t slot, const std::string& name, const std::string& reason) override;
     void RoomRefused(int code, const std::string& family, const std::string& text) override;
 
   private:
     static constexpr std::size_t MostRooms = 1000;
-    using Key = std::pair<std::string, std::int16_t>; ///< normalised name and exchange
+    static constexpr std::int64_t LongestClosing = 60'000; ///< ms
+    using Key = std::pair<std::string, std::int16_t>;      ///< normalised name and exchange
 
     /// A room that the bot is in or ought to be in.
     struct Wanted {
@@ -55,7 +57,8 @@ class RoomAlarms : public News {
     const Telling& telling;
     AlarmBook& book;
     std::map<Key, Wanted> rooms;
-    Key asked; ///< for which the bot asked last
+    Key asked;                                    ///< for which the bot asked last
+    std::map<std::int16_t, std::int64_t> closing; ///< slots of rooms that were to be closed, and when
 };
 
 } // namespace halyard
