@@ -109,14 +109,16 @@ void AlarmDrill::BeRefusedBans() {
     auto& levers = hands.network.Levers();
     levers.SetOwner(Room(), Town::Ops().front());
     for (const char* name : {"ann", "ben", "cem", "dan"}) {
+        levers.Enter(Room(), name);
         levers.Say(Room(), Town::Ops().back(), std::string("ban ") + name);
         hands.runFor(20 * second);
+        levers.Leave(Room(), name);
     }
     levers.SetOwner(Room(), drilled);
 }
 
 void AlarmDrill::FailToWrite() {
-    hands.machine.disk.FailNth(1);
+    hands.machine.disk.FailNth(4); // behind the folder's: the new file itself
     hands.runFor(2 * minute);
 }
 

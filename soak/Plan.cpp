@@ -66,8 +66,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.ledger = ledger;
     plan.drill = drill;
     plan.raids = raids;
-    if (drill && (plan.faults > 0 || plan.openServer)) return std::nullopt;
     plan.guards = guards;
+    if (drill && (plan.faults > 0 || plan.openServer || plan.rooms > 1)) return std::nullopt;
     if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
     return plan;
 }

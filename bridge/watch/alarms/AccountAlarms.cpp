@@ -24,7 +24,7 @@ void AccountAlarms::SignOnBegun(const std::string& /*name*/) {
     if (!comeback && !wanted) offSince = platform.Milliseconds();
     if (!comeback) wanted = true; // else it goes on coming back, whether still wanted or not
     attempt = platform.Milliseconds();
-    if (IsByHand(telling)) needsPerson = false;
+    if (IsOrderedByHand(telling)) needsPerson = false;
 }
 
 void AccountAlarms::SignOnRefused(int code, const std::string& /*text*/) {
@@ -48,7 +48,7 @@ void AccountAlarms::SignedOn(const std::string& name) {
 void AccountAlarms::SignedOff() {
     attempt = -1;
     GoOff();
-    if (!IsByHand(telling)) return;
+    if (!IsOrderedByHand(telling)) return;
     wanted = false;
     for (const auto kind : {AlarmKind::NeedsYou, AlarmKind::GivenUp, AlarmKind::OffLine}) book.Withdraw(kind);
 }

@@ -13,14 +13,14 @@ bool AnyAround(const Telling& telling, Is is) {
 
 } // namespace
 
-bool IsByHand(const Telling& telling) {
+bool IsOrderedByHand(const Telling& telling) {
     return AnyAround(telling, [](CauseKind kind) {
         return kind == CauseKind::Hand || kind == CauseKind::Undo || kind == CauseKind::Internal;
     });
 }
 
 bool IsOrdered(const Telling& telling) {
-    return IsByHand(telling) || AnyAround(telling, [](CauseKind kind) {
+    return IsOrderedByHand(telling) || AnyAround(telling, [](CauseKind kind) {
                return kind == CauseKind::OpLine || kind == CauseKind::OpIM;
            });
 }

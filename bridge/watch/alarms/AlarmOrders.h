@@ -7,7 +7,7 @@
 namespace halyard {
 
 /// By the operator's hand, however far around.
-bool IsByHand(const Telling& telling);
+bool IsOrderedByHand(const Telling& telling);
 /// The same, or by an op's command.
 bool IsOrdered(const Telling& telling);
 

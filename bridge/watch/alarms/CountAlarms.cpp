@@ -48,7 +48,7 @@ void CountAlarms::BanAnswered(std::int16_t room, std::int32_t /*id*/, BanVerdict
 
 void CountAlarms::SignedOff() {
     for (const auto& [key, tally] : tallies)
-        if (IsByHand(telling))
+        if (IsOrderedByHand(telling))
             book.Withdraw(key.first, key.second);
         else
             book.End(key.first, key.second, "The bot is signed off.");

@@ -9,7 +9,7 @@ namespace halyard {
 namespace {
 
 constexpr int RingerLook = 10'000; // ms
-constexpr std::int64_t SecondsADay = 86'400;
+constexpr std::int64_t RingerDay = 86'400;
 
 } // namespace
 
@@ -25,7 +25,7 @@ void MessageRinger::Take(const std::vector<std::string>& wanted, bool daily) {
     if (!daily || names.empty())
         day = 0;
     else if (day == 0)
-        day = platform.CalendarSeconds() / SecondsADay;
+        day = platform.CalendarSeconds() / RingerDay;
     timer->SetEnabled(!names.empty());
 }
 
@@ -38,7 +38,7 @@ void MessageRinger::Hear(const Ring& ring) {
 void MessageRinger::Tick() {
     if (!doors.online()) return;
     if (waiting > 0 && platform.Milliseconds() >= nextAt) SendWaiting();
-    const auto today = platform.CalendarSeconds() / SecondsADay;
+    const auto today = platform.CalendarSeconds() / RingerDay;
     if (day == 0 || today == day) return;
     day = today;
     SendAll("Once a day: " + doors.health());

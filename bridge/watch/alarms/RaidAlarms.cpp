@@ -34,7 +34,7 @@ void RaidAlarms::BanWanted(std::int16_t room, std::int32_t /*id*/, BanKind kind,
 void RaidAlarms::SignedOff() {
     suspects.clear();
     for (const auto& [room, raid] : raids)
-        if (IsByHand(telling))
+        if (IsOrderedByHand(telling))
             book.Withdraw(AlarmKind::Raid, room);
         else
             book.End(AlarmKind::Raid, room, "The bot is signed off.");

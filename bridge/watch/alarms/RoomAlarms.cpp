@@ -43,7 +43,7 @@ void RoomAlarms::ForgetAll() {
 
 /// A hand that signs on begins anew; the bot alone goes back.
 void RoomAlarms::SignOnBegun(const std::string& /*name*/) {
-    if (IsByHand(telling)) ForgetAll();
+    if (IsOrderedByHand(telling)) ForgetAll();
 }
 
 void RoomAlarms::SignedOn(const std::string& /*name*/) {
@@ -51,7 +51,7 @@ void RoomAlarms::SignedOn(const std::string& /*name*/) {
 }
 
 void RoomAlarms::SignedOff() {
-    if (IsByHand(telling)) ForgetAll();
+    if (IsOrderedByHand(telling)) ForgetAll();
 }
 
 void RoomAlarms::ConnectionsReset() {
@@ -62,7 +62,7 @@ void RoomAlarms::ConnectionsReset() {
 /// What the operator asks for and doesn't get he sees; what the bot or an op asks for is to be had.
 void RoomAlarms::RoomAsked(const std::string& name, std::int16_t exchange) {
     asked = {NormalizeName(name), exchange};
-    if (IsByHand(telling) || rooms.contains(asked) || rooms.size() >= MostRooms) return;
+    if (IsOrderedByHand(telling) || rooms.contains(asked) || rooms.size() >= MostRooms) return;
     Lose(rooms[asked], "It doesn't open.");
     rooms[asked].name = name;
 }
