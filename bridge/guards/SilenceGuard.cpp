@@ -44,6 +44,11 @@ std::vector<std::string> SilenceGuard::Unanswering() const {
     return unanswering;
 }
 
+int SilenceGuard::Answering() const {
+    return static_cast<int>(
+        std::count_if(lines.begin(), lines.end(), [](const auto& each) { return each.second.answered; }));
+}
+
 void SilenceGuard::Stands(int socket, const std::string& words) {
     auto& line = lines[socket];
     line = {.words = words, .generation = hands.control.Sockets().Generation(socket)};

@@ -34,6 +34,9 @@ class SilenceGuard : public News {
     /// means nothing.
     std::vector<std::string> Unanswering() const;
 
+    /// How many connections have answered.
+    int Answering() const;
+
     void SignedOn(const std::string& name) override;
     void SignedOff() override { Reset(); }
     void ConnectionsReset() override { Reset(); }

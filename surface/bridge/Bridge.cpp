@@ -8,6 +8,7 @@
 #include "surface/frmMain.h"
 #include "surface/look/Theme.h"
 
+#include <functional>
 #include <utility>
 
 namespace halyard {
@@ -40,7 +41,7 @@ Bridge::Bridge(frmMain& main)
               [this](const GuardAlarm& alarm) { Ring(alarm); },
               [this]() -> Ledger* { return ledger.Open() ? &ledger.Open()->ledger : nullptr; }, main.options,
               main.Engine()}),
-      trueShow(main), main(main) {
+      trueShow(main), guardsWindow(main.Context(), file), main(main) {
     BindControls();
     heard.Add(*this);
     heard.Add(answers);
@@ -72,6 +73,17 @@ void Bridge::BindControls() {
     bar.mnuNetwork.Click = [this] { window.ShowAt(NetworkWindow::Ways); };
     bar.mnuLedger.Click = [this] { ledgerWindow.Show(); };
     bar.mnuLedgerTerms.Click = [this] { ledgerTerms.Show(); };
+    bar.mnuGuards.Click = [this] { guardsWindow.Show(); };
+    guardsWindow.onApplied = [this](const GuardTerms& terms) { TakeGuards(terms); };
+    guardsWindow.onCounts = [this](std::function<void(const GuardCounts&)> then) {
+        guards.book.Ask(std::move(then));
+    };
+    guardsWindow.paused.onTakeBack = [this](const Fuse::Entry& entry, std::int64_t since) {
+        return wiring.TakeBack(entry.rule, entry.text, since);
+    };
+    guards.bans.fuse.onChanged = [this] { guardsWindow.paused.Show(guards.bans.fuse); };
+    guardsWindow.paused.onResume = [this](const Fuse::Entry& entry) { guards.bans.fuse.Resume(entry); };
+    guardsWindow.onUnanswering = [this] { return guards.silence.Unanswering(); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);
         wiring.Reopened();
@@ -116,6 +128,7 @@ void Bridge::Refresh() {
     OfferNetworks(row.cmbNetwork, file, chosen.Name());
     row.Stand(chosen.Standing());
     if (window.Loaded()) window.Refresh();
+    guardsWindow.Refresh();
 }
 
 bool Bridge::MayLogin(ConnectionPanel::By by) {

@@ -17,6 +17,7 @@
 #include "surface/bridge/LedgerWiring.h"
 #include "surface/bridge/NetworkRow.h"
 #include "surface/bridge/NetworkWindow.h"
+#include "surface/bridge/guards/GuardsWindow.h"
 #include "surface/bridge/guards/TrueShow.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
 
@@ -55,6 +56,7 @@ class Bridge : private News {
     LedgerWiring wiring;
     Guards guards;
     TrueShow trueShow;
+    GuardsWindow guardsWindow;
 
   private:
     void BindControls();

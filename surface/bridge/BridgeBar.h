@@ -10,7 +10,7 @@ namespace halyard {
 class BridgeBar {
   public:
     BridgeBar() {
-        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms};
+        mnuBridge.Items = {&mnuNetwork, &mnuLedger, &mnuLedgerTerms, &mnuGuards};
         lblBridge.Click = [this] { mnuBridge.Popup(); };
     }
 
@@ -19,6 +19,7 @@ class BridgeBar {
     Menu mnuNetwork{"mnuNetwork", "Network\x85"};
     Menu mnuLedger{"mnuLedger", "Ledger\x85"};
     Menu mnuLedgerTerms{"mnuLedgerTerms", "Ledger Settings\x85"};
+    Menu mnuGuards{"mnuGuards", "Guards\x85"};
 };
 
 } // namespace halyard

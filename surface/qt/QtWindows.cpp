@@ -27,6 +27,7 @@ void QtWindows::Draw(frmMain& bot, Bridge* bridge) {
         Offer(bridge->window, DrawNetwork);
         Offer(bridge->ledgerWindow, DrawLedger);
         Offer(bridge->ledgerTerms, DrawLedgerTerms);
+        Offer(bridge->guardsWindow, DrawGuards);
     }
     Offer(bot.ccomsWindow, DrawCcoms);
     Offer(bot.uniPermsWindow, DrawUniPerms);

@@ -5,6 +5,7 @@
 #include "platform/sim/SimPlatform.h"
 #include "practice/Levers.h"
 #include "practice/PracticeNetwork.h"
+#include "surface/bridge/Bridge.h"
 #include "surface/frmMain.h"
 #include "tests/platform_qt/Loop.h"
 #include "tests/real/Certificates.h"
@@ -134,6 +135,32 @@ TEST_F(RealSockets, BothDialoguesBansStallsAndResets) {
         SignOff();
     }
     EXPECT_TRUE(machine.dialogs.shown.empty());
+}
+
+TEST_F(RealSockets, ASilenceIsKnownByTheQuestionThatNobodyAnswers) {
+    Bridge bridge(window);
+    bridge.Start();
+    GuardTerms terms;
+    for (const auto guard : {Departure::SilenceIsAskedAbout, Departure::RoomsAreAskedForAgain})
+        terms.Decide(guard, Departures::Guard::On);
+    bridge.TakeGuards(terms);
+    SignOnAndJoin();
+    Pass(15);
+    ASSERT_TRUE(
+        RunUntil([&] { return bridge.guards.silence.Answering() == 3; })); // BOS, navigation, the room
+    relay.Stall(true);
+    Pass(110);
+    RunPending();
+    EXPECT_FALSE(window.reconnection.Reconnecting);
+    Pass(40);
+    EXPECT_TRUE(window.reconnection.Reconnecting);
+    relay.ResetAll();
+    relay.Stall(false);
+    Pass(1);
+    ASSERT_TRUE(RunUntil([this] { return OnLine(); })) << label.Caption();
+    Pass(1);
+    ASSERT_TRUE(RunUntil([this] { return Inside(); }));
+    SignOff();
 }
 
 // By the way "tls": the redirects lead to 127.0.0.1, and are checked against the sign-on host's name.

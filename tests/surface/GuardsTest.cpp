@@ -103,8 +103,11 @@ std::string IsNotAnswered(GuardedDesk& desk) {
     return desk.Seconds("signs on") + desk.Rooms();
 }
 
-std::string FindsARoomFull(GuardedDesk& desk) {
+std::string MayNotEnter(GuardedDesk& desk) {
     desk.SignOn();
+    desk.people.RefuseNextCreation(0x32); // an improper name
+    desk.Ask("deck");
+    desk.Wait(30);
     desk.people.SetMaxPeople("lobby", 3);
     desk.people.Fill("lobby");
     desk.Start();
@@ -112,15 +115,8 @@ std::string FindsARoomFull(GuardedDesk& desk) {
     desk.Wait(140);
     desk.people.Leave("lobby", "crowd1");
     desk.Wait(120);
-    return desk.Seconds("is not let in") + "in at " + desk.Seconds("Bot enters");
-}
-
-std::string AsksForAWrongName(GuardedDesk& desk) {
-    desk.Enter("lobby");
-    desk.people.RefuseNextCreation(0x32);
-    desk.Ask("deck");
-    desk.Wait(60);
-    return desk.Rooms() + desk.Told("deck is given up");
+    return desk.Seconds("is not let in") + "in at " + desk.Seconds("Bot enters") + desk.Rooms() +
+           desk.Told("deck is given up");
 }
 
 std::string LosesAllRooms(GuardedDesk& desk) {
@@ -179,6 +175,38 @@ std::string AnswersManyAndNothing(GuardedDesk& desk) {
     return desk.Said();
 }
 
+std::string TypesAndStartsAnew(GuardedDesk& desk) {
+    auto& editor = desk.window.ccomsWindow;
+    desk.window.menus.mnuCcoms.Click();
+    editor.txtCcom[9].SetText("banish");
+    desk.machine.dialogs.AnswerYes(); // the settings may go
+    desk.machine.dialogs.AnswerNo();
+    desk.window.other.cmdNewSettings.Press();
+    auto asked = std::to_string(desk.Boxes().size()) + (editor.Loaded() ? " open" : " closed");
+    editor.cmdSetCcoms.Press();
+    editor.MayDrop();
+    return asked + std::to_string(desk.Boxes().size());
+}
+
+std::string ShowsPanels(GuardedDesk& desk) {
+    auto& window = desk.window;
+    const auto slot = desk.Enter("lobby");
+    window.chats.lstChats.Select(0);
+    desk.MakeOp("opal");
+    desk.MakeOp("pearl");
+    window.Engine().Lists().AddLockBan("eve", 0);
+    desk.Wait(1);
+    auto shown = window.counters.lblStat[0].Caption() + window.counters.lblStat[6].Caption();
+    desk.boxes.lstOps.Select(0);
+    desk.control.LeaveChat(slot);
+    desk.machine.dialogs.AnswerYes();
+    window.other.cmdNewSettings.Press();
+    desk.Wait(1);
+    shown += " " + window.counters.lblStat[0].Caption() + window.people.lblCurrentOp.Caption() +
+             std::to_string(window.people.chkPerm[0].Value());
+    return shown + " " + window.chats.FrameMisc[3].Caption() + window.chats.lblChatData[1].Caption();
+}
+
 struct GuardScenario {
     Departure guard;
     Scenario scenario;
@@ -191,14 +219,15 @@ TEST(Guards, HaveTheDeskGoAnotherWay) {
         {Departure::StopsAreStops, SignsOffMeanwhile, "16 ", ""},
         {Departure::MainSignOffs, IsSignedOff, "Online!", "Offline told"},
         {Departure::SilenceIsAskedAbout, IsNotAnswered, "lobby/4 ", "131 lobby/4 "},
-        {Departure::RoomsAreAskedForAgain, FindsARoomFull, "?", "?"},
-        {Departure::RoomsAreAskedForAgain, AsksForAWrongName, "lobby/4 ", "lobby/4  told"},
+        {Departure::RoomsAreAskedForAgain, MayNotEnter, "0 in at ", "0 8 24 56 120 in at 248 lobby/4  told"},
         {Departure::RoomsAreAskedForAgain, LosesAllRooms, "deck/4 ", "deck/4 lobby/4 lobby/5 "},
-        {Departure::OwnLinesAreNotHeard, SpeaksToItself, "?", ""},
+        {Departure::OwnLinesAreNotHeard, SpeaksToItself, "0 ", ""},
         {Departure::DiceAreNotGhosts, RollsDice, "eve mary bob ", "bob "},
         {Departure::NamesAreNoCommands, HearsBrackets, "1", "0"},
         {Departure::NothingSaidIsLost, AnswersManyAndNothing, "0 ; ",
          "0 answer 1; 11 answer 2; 22 answer 3; 33 answer 4; 44 answer 5; 55 answer 6; "},
+        {Departure::NothingTypedIsLost, TypesAndStartsAnew, "1 closed0", "2 open0"},
+        {Departure::ShownIsSo, ShowsPanels, "10 1opal1 Chat Data: lobby4", "21 00 Chat Data[None]"},
     };
     for (const auto& [guard, scenario, off, on] : scenarios) {
         SCOPED_TRACE(TextOf(guard).name);
@@ -210,6 +239,46 @@ TEST(Guards, HaveTheDeskGoAnotherWay) {
         EXPECT_EQ(without.Count(guard).acted, 0);
         EXPECT_EQ(without.Count(guard).wouldHave > 0, RowOf(guard).counted);
     }
+}
+
+TEST_F(DeskScene, TheWindowOfGuardsSwitchesThemAndKeepsThat) {
+    using Tick = TableBox::Tick;
+    Bridge bridge(window);
+    bridge.Start();
+    auto& page = bridge.guardsWindow;
+    const auto lineOf = [&](const std::string& title) {
+        int line = 0;
+        while (line < page.tblGuards.Count() &&
+               page.tblGuards.At(line).cells[0].find(title) == std::string::npos)
+            ++line;
+        return line;
+    };
+    const auto row = [&](const std::string& title) {
+        const auto& line = page.tblGuards.At(lineOf(title));
+        return (line.tick == Tick::On ? "+" : "-") + line.cells[1] + ", " + line.cells[2];
+    };
+    control.Switches().SetWays(WaysOf(Departure::MainSignOffs, Departure::Tls));
+    control.Guarded(Departure::KicksEndAsKicks);
+    bridge.bar.mnuGuards.Click();
+    EXPECT_EQ(page.tblGuards.Count(), static_cast<int>(DepartureCount + GuardGroupCount));
+    EXPECT_EQ(row("Signed off"), "+by network, acted 0 times");
+    EXPECT_EQ(row("ends as a kick"), "-off, would have acted once");
+    EXPECT_EQ(row("over TLS"), "+by network, ");
+    page.tblGuards.SetTick(lineOf("Signed off"), false);
+    EXPECT_EQ(row("Signed off"), "-off, would have acted 0 times");
+    page.cmdRecommended.Press();
+    EXPECT_EQ(row("Silence"), "+on, not counted");
+    EXPECT_EQ(row("for a room at a time"), "+by a guard, ");
+    page.tblGuards.Choose(lineOf("Silence"));
+    EXPECT_NE(page.txtGuard.Text().find("Laid down: A service that is there"), std::string::npos);
+    page.cmdAsNetwork.Press();
+    EXPECT_EQ(row("Silence"), "-off, not counted");
+    EXPECT_TRUE(control.Departs(Departure::RunawayFuse));
+    Bridge anew(window);
+    anew.Start();
+    EXPECT_TRUE(control.Departs(Departure::RunawayFuse));
+    EXPECT_FALSE(control.Departs(Departure::SilenceIsAskedAbout));
+    EXPECT_EQ(anew.file.Guards(), bridge.file.Guards());
 }
 
 } // namespace

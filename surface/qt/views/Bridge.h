@@ -10,6 +10,7 @@ namespace halyard {
 
 class FootLine;
 class FormWindow;
+class GuardsWindow;
 class LedgerTermsWindow;
 class LedgerWindow;
 class NetworkRow;
@@ -20,5 +21,6 @@ QWidget* DrawFootLine(FootLine& foot);
 std::unique_ptr<FormWindow> DrawNetwork(NetworkWindow& model);
 std::unique_ptr<FormWindow> DrawLedger(LedgerWindow& model);
 std::unique_ptr<FormWindow> DrawLedgerTerms(LedgerTermsWindow& model);
+std::unique_ptr<FormWindow> DrawGuards(GuardsWindow& model);
 
 } // namespace halyard
