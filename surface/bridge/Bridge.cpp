@@ -91,6 +91,11 @@ void Bridge::BindControls() {
     guardsWindow.onCounts = [this](std::function<void(const GuardCounts&)> then) {
         guards.book.Ask(std::move(then));
     };
+    guardsWindow.paused.onTakeBack = [this](const Fuse::Entry& entry, std::int64_t since) {
+        return wiring.TakeBack(entry.rule, entry.text, since);
+    };
+    guards.bans.fuse.onChanged = [this] { guardsWindow.paused.Show(guards.bans.fuse); };
+    guardsWindow.paused.onResume = [this](const Fuse::Entry& entry) { guards.bans.fuse.Resume(entry); };
     guardsWindow.onUnanswering = [this] { return guards.silence.Unanswering(); };
     ledgerTerms.onApplied = [this](const LedgerTerms& terms) {
         ledger.Take(terms);

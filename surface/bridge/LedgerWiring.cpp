@@ -154,6 +154,35 @@ std::string LedgerWiring::CarryOut(const UndoPlan& plan, const UndoAsk& ask, boo
     return {};
 }
 
+std::string LedgerWiring::TakeBack(RuleKind rule, const std::string& entry, std::int64_t since) {
+    auto* parts = desk.Open();
+    if (!parts) return NoLedger;
+    if (parts->undo.Running()) return "Another undo is under way.";
+    struct Found {
+        UndoAsk ask;
+        UndoPlan plan;
+    };
+    const auto found = std::make_shared<Found>();
+    found->ask.what = UndoAsk::What::Rule;
+    found->ask.since = since;
+    parts->ledger.Read(
+        [found, rule, entry, now = CopyDesk(main.options, main.Control())](Connection& connection) {
+            auto& row = connection.Prepare("SELECT id FROM rules WHERE kind = ?1 AND entry = ?2");
+            row.Bind(1, static_cast<std::int64_t>(rule)).Bind(2, ToUtf8(entry));
+            if (row.Step()) found->ask.row = row.Integer(0);
+            row.Reset();
+            if (found->ask.row != 0) found->plan = PlanUndo(connection, found->ask, now);
+        },
+        [this, found, alive = std::weak_ptr(life)](const DatabaseResult& result) {
+            if (alive.expired() || !result.Ok()) return;
+            // The entry pauses, so that it hits nobody again.
+            for (auto& item : found->plan.first) item.ticked = false;
+            for (auto& item : found->plan.items) item.ticked = item.mayTick;
+            CarryOut(found->plan, found->ask, false);
+        });
+    return {};
+}
+
 void LedgerWiring::ShowProgress() {
     const auto* parts = desk.Open();
     if (!parts) return;

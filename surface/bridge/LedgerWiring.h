@@ -3,6 +3,7 @@
 // Ties the window Ledger to the ledger and the desk: what it reads, which doors its buttons are, who carries
 // out an undo. The bridge owns the one.
 
+#include "base/Cause.h"
 #include "surface/bridge/ledger/LedgerWindow.h"
 
 #include <memory>
@@ -20,6 +21,10 @@ class LedgerWiring {
 
     /// Another ledger is open, or none any more.
     void Reopened();
+
+    /// Takes back what an entry of a rule did since a moment, ms UTC, at once; the entry stays. What hinders
+    /// it, in words, or empty; what comes later is told where undo tells.
+    std::string TakeBack(RuleKind rule, const std::string& entry, std::int64_t since);
 
   private:
     void FillReading();

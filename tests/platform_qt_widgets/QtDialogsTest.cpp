@@ -57,6 +57,19 @@ TEST(QtDialogs, TakesOnlyYesForYes) {
     }
 }
 
+TEST(QtDialogs, TellsWhichAnswerWasChosen) {
+    QtDialogs dialogs;
+    for (const int answer : {0, 1, -1}) {
+        OnNextBox<QMessageBox>([answer](QMessageBox& box) {
+            for (auto* button : box.buttons())
+                if (button->text() == QString::number(answer)) return button->click();
+            box.reject();
+        });
+        const auto chosen = dialogs.Choose("Which?", "One of these", {"0", "1"});
+        EXPECT_EQ(chosen ? static_cast<int>(*chosen) : -1, answer);
+    }
+}
+
 TEST(QtDialogs, GivesTheChosenPathOrNothing) {
     QtDialogs dialogs;
     QTemporaryDir folder;

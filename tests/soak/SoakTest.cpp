@@ -43,6 +43,14 @@ TEST(Soak, TheLedgerSaysWhatHappenedAndChangesNothing) {
     }
 }
 
+TEST(Soak, WithEveryGuardOnNobodyHelps) {
+    for (const char* words : {"--people 36 --seed 405 --faults 5", "--people 36 --seed 408 --faults 8"}) {
+        SoakRun run(Plan(std::string(words) + " --guards"));
+        EXPECT_TRUE(run.Run()) << run.Violation() << "\n" << words;
+        EXPECT_EQ(run.StepsIn(), 0);
+    }
+}
+
 // A room that opens while another is asked for bears that one's name for a moment. Its bans once went to the
 // other's list.
 TEST(Soak, BansOfARoomThatOpenedUnderAnotherNameAreOnItsOwnList) {

@@ -98,8 +98,9 @@ void Fuse::Count(const std::vector<Looked>& acted, const std::set<std::string>& 
 void Fuse::GoOff(const Entry& entry, std::size_t count) {
     counts.erase(entry);
     if (!hands.control.Guarded(Departure::RunawayFuse)) return;
-    paused.insert(entry);
-    file.Put(FuseKey(entry), "paused");
+    const auto since = hands.platform.CalendarMilliseconds() - (minutes + 1) * FuseMinute;
+    paused[entry] = since;
+    file.Put(FuseKey(entry), std::to_string(since));
     auto words = WordsOf(entry) + " acted on " + std::to_string(count) +
                  " persons known from earlier days within " + std::to_string(minutes) +
                  " minutes, and pauses. Take its acts back, or let it go on.";
@@ -127,7 +128,8 @@ void Fuse::Restore(const GuardsFile::Rows& rows) {
         if (blank == std::string::npos || rule <= 0 || rule > static_cast<int>(RuleKind::Chars))
             file.Drop(key);
         else
-            paused.insert({static_cast<RuleKind>(rule), rest.substr(blank + 1)});
+            paused[{static_cast<RuleKind>(rule), rest.substr(blank + 1)}] =
+                static_cast<std::int64_t>(ToNumber(text).value_or(0));
     }
     if (!paused.empty() && onChanged) onChanged();
 }

@@ -36,8 +36,8 @@ class Fuse : public RuleFuse {
     int persons = 5;  ///< it pauses when it acts on more than so many
     int minutes = 10; ///< within so many
 
-    /// In a fixed order.
-    std::vector<Entry> Paused() const { return {paused.begin(), paused.end()}; }
+    /// With the moment since when it had acted on those, ms since 1970.
+    const std::map<Entry, std::int64_t>& Paused() const { return paused; }
     /// The entry acts again from now on; its count begins anew.
     void Resume(const Entry& entry);
     /// The paused ones have changed.
@@ -61,7 +61,7 @@ class Fuse : public RuleFuse {
 
     GuardHands hands;
     GuardsFile& file;
-    std::set<Entry> paused;
+    std::map<Entry, std::int64_t> paused;
     std::map<Entry, Names> counts; ///< of persons known before today
     std::vector<Looked> asked;     ///< not looked up yet
     std::unique_ptr<Timer> timer;  ///< runs while there are

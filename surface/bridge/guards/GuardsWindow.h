@@ -8,6 +8,7 @@
 #include "bridge/guards/GuardList.h"
 #include "bridge/guards/GuardTerms.h"
 #include "platform/Table.h"
+#include "surface/bridge/guards/PausedEntries.h"
 #include "surface/windows/Opened.h"
 
 #include <functional>
@@ -32,6 +33,7 @@ class GuardsWindow : public Opened<GuardsWindow> {
     TextBox txtGuard{"txtGuard"}; ///< what the chosen one changes; read only
     Button cmdAsNetwork{"cmdAsNetwork", "As the Network Has It"};
     Label lblKept{"lblKept"}; ///< what came of a switch
+    PausedEntries paused;
 
     /// The terms hold from now on.
     std::function<void(const GuardTerms&)> onApplied;
@@ -46,7 +48,7 @@ class GuardsWindow : public Opened<GuardsWindow> {
     template <typename Visit>
     void EachControl(Visit&& visit) {
         visit(form), visit(cmdRecommended), visit(lblRecommended), visit(tblGuards), visit(txtGuard);
-        visit(cmdAsNetwork), visit(lblKept);
+        visit(cmdAsNetwork), visit(lblKept), paused.EachControl(visit);
     }
 
   private:

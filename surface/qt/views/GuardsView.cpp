@@ -5,6 +5,7 @@
 #include "surface/qt/views/Lay.h"
 
 #include <QLabel>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeView>
@@ -21,8 +22,13 @@ std::unique_ptr<FormWindow> DrawGuards(GuardsWindow& model) {
     words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* kept = BindValue(model.lblKept);
     NameAfter(*kept, "What came of it");
-    Fill(window.get(), {Row({BindButton(model.cmdRecommended), BindLabel(model.lblRecommended), Room()}),
-                        Item(table, 1), words, Row({Item(kept, 1), BindButton(model.cmdAsNetwork)})});
+    auto* paused = BindList(model.paused.lstPaused, "Entries that pause");
+    HighFor(*paused, 3);
+    paused->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    Fill(window.get(),
+         {Row({BindButton(model.cmdRecommended), BindLabel(model.lblRecommended), Room()}), Item(table, 1),
+          words, Row({Item(kept, 1), BindButton(model.cmdAsNetwork)}), BindLabel(model.paused.lblPaused),
+          Row({Item(paused, 1), BindButton(model.paused.cmdTakeBack), BindButton(model.paused.cmdResume)})});
     return window;
 }
 

@@ -81,6 +81,7 @@ class BansDesk : public Desk {
     }
     void Rated(bool on) { Lobby().RateNotice(on ? 2 : 5, 1); }
     std::string Out() const { return Joined(network.Bans("lobby")); }
+    using Desk::Listed;
     std::string Listed() const {
         std::string all;
         for (const auto& list : control.EjectLists)
@@ -248,8 +249,13 @@ TEST(BanGuards, OutliveTheProgram) {
     EXPECT_EQ(fused.network.IsBanned("lobby", "reg9"), false);
     auto& fuse = fused.bridge->guards.bans.fuse;
     ASSERT_EQ(fuse.Paused().size(), 1u);
-    EXPECT_EQ(WordsOf(fuse.Paused().front()), "the autoban \"reg*\"");
-    fuse.Resume(fuse.Paused().front());
+    auto& page = fused.bridge->guardsWindow.paused;
+    EXPECT_EQ(fused.Listed(page.lstPaused), Lines{"the autoban \"reg*\""});
+    page.cmdTakeBack.Press();
+    fused.Wait(60);
+    EXPECT_EQ(fused.Out(), "");
+    page.cmdResume.Press();
+    EXPECT_TRUE(fuse.Paused().empty());
     fused.Enter({"reg10"});
     EXPECT_EQ(fused.network.IsBanned("lobby", "reg10"), true);
 }
