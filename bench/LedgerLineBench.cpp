@@ -1,6 +1,6 @@
-// What the ledger costs the line that is no command and meets no word: without one, with one that remembers
-// no lines, with one that does, and without one but 30 ns dearer, which has to be seen. script/bench-line
-// runs them by turns.
+// What the ledger and the watch cost the line that is no command and meets no word: without either, with a
+// ledger that remembers no lines, with one that does, without one but 30 ns dearer, which has to be seen, and
+// with the watch beside a ledger as it is by default. script/bench-line runs them by turns.
 
 #ifdef HALYARD_SQLITE
 
@@ -14,7 +14,7 @@ namespace halyard {
 
 namespace {
 
-enum Case : std::int64_t { Off, On, WithEvidence, Planted };
+enum Case : std::int64_t { Off, On, WithEvidence, Planted, Watched };
 
 class NoFile : public InlineDatabase {
   public:
@@ -38,10 +38,19 @@ void LineWithLedger(benchmark::State& state) {
     const auto which = static_cast<Case>(state.range(0));
     FedRoom room;
     Bridge bridge(room.window);
-    if (which == On || which == WithEvidence) {
+    auto& telling = room.window.Control().Tell();
+    if (which == Watched) {
+        bridge.watch.truth.SignedOn("Bot"); // and the room was entered, before the bridge was there
+        bridge.watch.truth.RoomOpened(1, "Harbour", 4);
+        bridge.watch.truth.RoomEntered(1, "Harbour", 4);
+    } else {
+        bridge.heard.Remove(bridge.watch.truth);
+        telling.frames = nullptr;
+    }
+    if (which == On || which == WithEvidence || which == Watched) {
         room.platform.databases = [] { return std::make_unique<NoFile>(); };
         LedgerTerms terms;
-        terms.evidence = which == WithEvidence;
+        terms.evidence = which != On;
         bridge.ledger.Take(terms);
     }
     const int planted = which == Planted ? TurnsOf30Nanoseconds() : 0;
@@ -51,7 +60,7 @@ void LineWithLedger(benchmark::State& state) {
         for (int turn = 0; turn < planted; ++turn) benchmark::DoNotOptimize(turn);
     }
 }
-BENCHMARK(LineWithLedger)->Arg(Off)->Arg(On)->Arg(WithEvidence)->Arg(Planted);
+BENCHMARK(LineWithLedger)->Arg(Off)->Arg(On)->Arg(WithEvidence)->Arg(Planted)->Arg(Watched);
 
 } // namespace
 

@@ -38,18 +38,19 @@ void Replies::Sent(std::string_view snac, std::int64_t now) {
     const auto key = KeyOf(snac);
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
         if (exchanges[kind].asks != key) continue;
-        if (asked[kind] == 0) asked[kind] = now;
+        if (asked[kind] == 0) asked[kind] = now, ++owed;
         if (exchanges[kind].always && silentSince < 0) silentSince = now;
         return;
     }
 }
 
-std::int64_t Replies::Heard(std::string_view snac) {
+std::int64_t Replies::Find(std::string_view snac) {
     const auto key = KeyOf(snac);
     for (std::size_t kind = 0; kind < Kinds; ++kind) {
         if (asked[kind] == 0 || (exchanges[kind].answers != key && exchanges[kind].refuses != key)) continue;
         const auto when = asked[kind];
         asked[kind] = 0;
+        --owed;
         return when;
     }
     return -1;

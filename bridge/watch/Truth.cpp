@@ -15,6 +15,7 @@ constexpr int SnacChannel = 2;
 constexpr const char* BringUpDone = "Login Completed!";
 constexpr const char* Online = "Online";
 constexpr std::string_view NavigationTag = "[Chat_Navigation]";
+constexpr std::string_view LineKey("\0\x0E\0\x06", 4);
 constexpr std::string_view Migration("\0\x01\0\x12", 4);
 constexpr std::string_view RoomConnecting = "[Chat]connecting";
 
@@ -75,7 +76,8 @@ void Truth::SignOnBegun(const std::string& who) {
     elsewhere = false;
     machineWords.clear();
     main = StageTruth();
-    replies.clear();
+    wires.clear();
+    Wire();
     Stand(main, Stage::Underway, "Connecting", ConnectTime);
     Settle();
 }
@@ -129,7 +131,7 @@ void Truth::ConnectionsReset() {
     if (navigation.stage != Stage::Off) Stand(navigation, Stage::Off, "Closed");
     navigationSocket = -1;
     tags.clear();
-    replies.clear();
+    wires.clear();
     LoseRequest("The session ended.");
     for (const auto& [slot, room] : std::exchange(rooms, {}))
         Stand(Miss(room.name, room.exchange).standing, Stage::Lost, "The session ended.");
@@ -155,11 +157,11 @@ void Truth::ConnectionEnded(int socket, const std::string& text) {
         sessionWords = words;
         return Settle();
     }
-    if (socket == navigationSocket) Stand(navigation, Stage::Lost, text), navigationSocket = -1;
+    if (socket == navigationSocket) Stand(navigation, Stage::Lost, text), navigationSocket = -1, Wire();
     const auto tag = tags.find(socket);
     if (tag != tags.end() && tag->second == RoomConnecting && !Find(static_cast<std::int16_t>(socket)))
         LoseRequest(text), tags.erase(tag);
-    replies.erase(socket);
+    Silence(socket);
     Changed();
 }
 
@@ -168,7 +170,7 @@ void Truth::SocketTagged(int socket, const std::string& tag) {
     const auto before = std::exchange(tags[socket], tag);
     if (tag.empty()) tags.erase(socket);
     if (socket == 0) return;
-    if (tag.empty()) replies.erase(socket);
+    if (tag.empty()) Silence(socket);
     const bool isNavigation = Begins(tag, NavigationTag);
     if (isNavigation && tag == "[Chat_Navigation]connected") {
         navigationSocket = socket;
@@ -182,39 +184,72 @@ void Truth::SocketTagged(int socket, const std::string& tag) {
     }
     if (tag.empty() && before == RoomConnecting && !Find(static_cast<std::int16_t>(socket)))
         LoseRequest("The service closed the connection to the room.");
+    Wire();
     Changed();
 }
 
-StageTruth* Truth::Of(int socket) {
-    if (socket == 0) return &main;
-    if (socket == navigationSocket) return &navigation;
-    auto* room = Find(static_cast<std::int16_t>(socket));
-    return room ? &room->standing : nullptr;
+/// What was asked on a connection that is gone gets no answer.
+void Truth::Silence(int socket) {
+    const auto at = static_cast<std::size_t>(socket);
+    if (at < wires.size()) wires[at].replies = {};
 }
 
+/// Frames are many: each finds at once whom it is about.
+void Truth::Wire() {
+    for (auto& wire : wires) wire.standing = nullptr, wire.room = nullptr;
+    const auto lead = [this](int socket, StageTruth& standing, RoomTruth* room) {
+        if (socket < 0) return;
+        const auto at = static_cast<std::size_t>(socket);
+        if (wires.size() <= at) wires.resize(at + 1);
+        wires[at].standing = &standing;
+        wires[at].room = room;
+    };
+    lead(0, main, nullptr);
+    lead(navigationSocket, navigation, nullptr);
+    for (auto& [slot, room] : rooms) lead(slot, room.standing, &room);
+}
+
+/// The sender is in the first TLV, behind 10 bytes of SNAC, 8 of cookie and 2 of channel, where every service
+/// puts it. Most names differ in the first letter.
+inline bool Truth::IsOwnLine(std::string_view snac) const {
+    constexpr std::size_t nameAt = 25;
+    if (snac.size() <= nameAt || name.empty()) return false;
+    constexpr int caseBit = 0x20;
+    if (((snac[nameAt] ^ name[0]) & ~caseBit) != 0 && snac[nameAt] != ' ' && name[0] != ' ') return false;
+    return SameName(snac.substr(nameAt, static_cast<unsigned char>(snac[nameAt - 1])), name);
+}
+
+/// What comes most is a line of somebody's in a room where nothing is owed.
 void Truth::Frame(int socket, bool sent, int channel, std::string_view body) {
+    const auto at = static_cast<std::size_t>(socket);
+    if (at >= wires.size() || !wires[at].standing) return;
     ++version;
-    auto& own = replies[socket];
-    const auto now = Now();
-    auto* standing = Of(socket);
-    const bool isSnac = channel == SnacChannel;
+    auto& wire = wires[at];
+    const auto now = platform.Milliseconds();
+    if (sent || !wire.room || channel != SnacChannel || !wire.replies.NothingOwed() || !Begins(body, LineKey))
+        return HearFrame(wire, sent, channel == SnacChannel ? body : std::string_view(), now);
+    wire.standing->lastHeard = now;
+    if (!IsOwnLine(body)) wire.room->heard.Add(now), ++heardCount;
+}
+
+/// `snac` is empty for other channels.
+void Truth::HearFrame(Wired& wire, bool sent, std::string_view snac, std::int64_t now) {
+    auto& [standing, room, replies] = wire;
     if (sent) {
-        if (isSnac) own.Sent(body, now);
+        replies.Sent(snac, now);
     } else {
-        own.Lives();
-        if (standing) standing->lastHeard = now;
-        const auto asked = isSnac ? own.Heard(body) : -1;
-        if (standing && asked >= 0) standing->lastAnswered = asked;
-        if (isSnac && standing && socket > 0) HearLine(static_cast<std::int16_t>(socket), body, now);
-        if (isSnac && socket == 0 && Begins(body, Migration))
+        replies.Lives();
+        standing->lastHeard = now;
+        if (room && Begins(snac, LineKey) && !IsOwnLine(snac)) room->heard.Add(now), ++heardCount;
+        if (standing == &main && Begins(snac, Migration))
             Stand(main, Stage::Underway, "Moving to another server", ConnectTime);
+        if (const auto asked = replies.Heard(snac); asked >= 0) standing->lastAnswered = asked;
     }
-    if (!standing) return;
     if (standing->stage == Stage::On) {
-        const auto since = own.SilentSince();
+        const auto since = replies.SilentSince();
         standing->stuckAt = since < 0 ? -1 : since + ConnectTime;
     }
-    if (socket == 0) account.lastHeard = main.lastHeard, account.lastAnswered = main.lastAnswered;
+    if (standing == &main) account.lastHeard = main.lastHeard, account.lastAnswered = main.lastAnswered;
 }
 
 } // namespace halyard

@@ -7,6 +7,7 @@
 
 #include "base/BanKind.h"
 #include "base/News.h"
+#include "bridge/watch/LineCount.h"
 #include "bridge/watch/Origins.h"
 #include "bridge/watch/Replies.h"
 #include "rooms/Msgs.h"
@@ -84,12 +85,11 @@ struct RoomTruth {
     std::array<std::int64_t, 6> freeAt{}; ///< of a limited one; -1: nothing frees it by itself
     int people = 0;
     std::unordered_set<std::string> names; ///< theirs, normalised
-    std::deque<std::int64_t> heard;        ///< lines of others in the last minute, at most MostHeard
+    LineCount heard;                       ///< lines of others
     std::deque<WaitingLine> lines;         ///< as the room's queue has them
     std::deque<WaitingBan> bans;
     std::array<std::int64_t, 5> pauseEnd{}; ///< by Pause; see PauseEnd
-    static constexpr std::size_t MostHeard = 10000;
-    int LinesAMinute(std::int64_t now) const;
+    int LinesAMinute(std::int64_t now) const { return heard.InLastMinute(now); }
     /// When it ends; not in the future: none runs. Of Unrate, which goes on by half minutes until it is
     /// stopped: when the next one ends, 0 while it is off.
     std::int64_t PauseEnd(Pause pause, std::int64_t now) const;
@@ -185,13 +185,21 @@ class Truth : public News {
                     const std::string& other, DropReason why) override;
 
   private:
+    /// A connection, and what is told of it; null for what nobody asks about.
+    struct Wired {
+        StageTruth* standing = nullptr;
+        RoomTruth* room = nullptr;
+        Replies replies;
+    };
     void Changed();
     RoomTruth* Find(std::int16_t slot);
     RoomTruth* Holder(std::int16_t slot);
-    StageTruth* Of(int socket);
+    void Wire();
+    void Silence(int socket);
     void Stand(StageTruth& standing, Stage stage, const std::string& words, std::int64_t mayTake = -1);
     void Settle();
-    void HearLine(std::int16_t room, std::string_view snac, std::int64_t now);
+    bool IsOwnLine(std::string_view snac) const;
+    void HearFrame(Wired& wire, bool sent, std::string_view snac, std::int64_t now);
     AbsentRoom& Miss(const std::string& room, std::int16_t exchange);
     void NotMissed(const std::string& room, std::int16_t exchange);
     void LoseRequest(const std::string& words);
@@ -216,7 +224,7 @@ class Truth : public News {
     bool elsewhere = false;    // the name signed on elsewhere
     int navigationSocket = -1;
     std::map<int, std::string> tags; // by socket, without the empty ones
-    std::map<int, Replies> replies;  // by socket
+    std::vector<Wired> wires;        // by socket
     RoomTruth left;                  // the room that was left last: what waited there is dropped then
     Origins origins;
 };

@@ -12,8 +12,6 @@ namespace halyard {
 
 namespace {
 
-constexpr std::int64_t RoomMinute = 60000; // ms
-
 template <typename Entry>
 bool IsRoom(const Entry& entry, const std::string& name, std::int16_t exchange) {
     return entry.exchange == exchange && SameName(entry.name, name);
@@ -30,33 +28,7 @@ std::optional<AwaitedRoom> ReadAwaited(const std::string& entry, std::int64_t no
     return AwaitedRoom{entry.substr(0, first), *exchange, now};
 }
 
-/// The name in the first TLV of a line (000E 0006), behind 10 bytes of SNAC, 8 of cookie and 2 of channel,
-/// where every service puts the sender. Empty when something else stands there.
-std::string_view SenderOf(std::string_view snac) {
-    constexpr std::string_view key("\0\x0E\0\x06", 4);
-    constexpr std::size_t type = 20;
-    constexpr std::size_t length = type + 4;
-    if (snac.size() <= length || snac.substr(0, 4) != key || snac[type + 1] != '\3') return {};
-    return snac.substr(length + 1, static_cast<unsigned char>(snac[length]));
-}
-
 } // namespace
-
-int RoomTruth::LinesAMinute(std::int64_t now) const {
-    return static_cast<int>(heard.end() - std::upper_bound(heard.begin(), heard.end(), now - RoomMinute));
-}
-
-void Truth::HearLine(std::int16_t slot, std::string_view snac, std::int64_t now) {
-    const auto sender = SenderOf(snac);
-    if (sender.empty() || sender == name || SameName(sender, name)) return;
-    auto* room = Find(slot);
-    if (!room) return;
-    auto& heard = room->heard;
-    while (!heard.empty() && (heard.front() <= now - RoomMinute || heard.size() >= RoomTruth::MostHeard))
-        heard.pop_front();
-    heard.push_back(now);
-    ++heardCount;
-}
 
 AbsentRoom& Truth::Miss(const std::string& room, std::int16_t exchange) {
     auto found = std::find_if(absent.begin(), absent.end(),
@@ -112,6 +84,7 @@ void Truth::RoomOpened(std::int16_t slot, const std::string& room, std::int16_t 
     opened.exchange = exchange;
     Stand(opened.standing, Stage::Underway, "Opening", ConnectTime);
     opened.standing.lastHeard = Now();
+    Wire();
     Changed();
 }
 
@@ -138,7 +111,8 @@ void Truth::RoomLeft(std::int16_t slot, const std::string& room, const std::stri
     left.slot = slot;
     left.name = room;
     tags.erase(slot);
-    replies.erase(slot);
+    Silence(slot);
+    Wire();
     if (reason != "manual")
         Stand(Miss(room, exchange).standing, Stage::Lost, "Lost");
     else

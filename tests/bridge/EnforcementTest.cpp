@@ -19,9 +19,9 @@ PracticeOptions Unenforced() {
     return options;
 }
 
-struct Den : Stage {
+struct Den : PracticeStage {
     explicit Den(ManagementTerms terms = {.enforce = true}, std::uint64_t seed = 1)
-        : Stage(Unenforced(), seed) {
+        : PracticeStage(Unenforced(), seed) {
         control.DefaultChatSends();
         control.CreateTimer("tban");
         control.UseNetwork({.name = "den", .hosts = {}, .ways = WaysOf(Departure::UnenforcedBans)});

@@ -9,9 +9,9 @@
 namespace halyard {
 namespace {
 
-struct CheckScene : Stage {
+struct CheckScene : PracticeStage {
     explicit CheckScene(PracticeOptions options = {}, std::uint64_t seed = 1)
-        : Stage(std::move(options), seed) {
+        : PracticeStage(std::move(options), seed) {
         desk.SetNews(&check->Listener());
         check->onRow = [this](const CheckRow& row) {
             static constexpr const char* verdicts[] = {"works", "doesn't", "odd"};

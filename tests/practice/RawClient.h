@@ -21,8 +21,8 @@
 namespace halyard {
 
 /// A world with a practice network in it.
-struct Stage {
-    explicit Stage(PracticeOptions options = {}, std::uint64_t seed = 1)
+struct PracticeStage {
+    explicit PracticeStage(PracticeOptions options = {}, std::uint64_t seed = 1)
         : world(seed), platform(world), network(platform, options) {
         network.onEvent = [this](const PracticeEvent& event) {
             journal.push_back(event.room + "|" + event.who + "|" + event.what);
@@ -39,7 +39,8 @@ struct Stage {
 
 class RawClient {
   public:
-    explicit RawClient(Stage& stage, int wait = 10) : stage(stage), socket(stage.platform.NewSocket()) {
+    explicit RawClient(PracticeStage& stage, int wait = 10)
+        : stage(stage), socket(stage.platform.NewSocket()) {
         socket->onData = [this](std::size_t) { Receive(); };
         socket->onError = [this](int, const std::string&) { closed = true; };
         socket->Connect("127.0.0.1", stage.network.Port());
@@ -116,7 +117,7 @@ class RawClient {
         }
     }
 
-    Stage& stage;
+    PracticeStage& stage;
     std::unique_ptr<Socket> socket;
     std::string pending;
     int sequence = 0;
@@ -124,7 +125,7 @@ class RawClient {
 
 /// A person with a main connection and, when asked for, navigation and rooms.
 struct Guest {
-    Guest(Stage& stage, const std::string& name) : stage(stage), name(name) {
+    Guest(PracticeStage& stage, const std::string& name) : stage(stage), name(name) {
         RawClient auth(stage);
         auto answer =
             auth.Hashed(name, "secret",
@@ -162,13 +163,13 @@ struct Guest {
                Tlv(0x0005, Tlv(0x0001, text) + Tlv(0x0002, "us-ascii")); // text first, as some clients do
     }
 
-    Stage& stage;
+    PracticeStage& stage;
     std::string name;
     std::unique_ptr<RawClient> bos, chat;
 };
 
 /// The bot in its own room "r", and alice, who came after it.
-struct InRoom : Stage, ::testing::Test {
+struct InRoom : PracticeStage, ::testing::Test {
     InRoom() { bot.Join("r"), alice.Join("r"); }
 
     Guest bot{*this, "Bot"}, alice{*this, "alice"};

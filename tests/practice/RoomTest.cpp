@@ -5,7 +5,7 @@
 namespace halyard {
 
 TEST(Room, BlockAndEntryByteForByte) {
-    Stage stage;
+    PracticeStage stage;
     Guest bot(stage, "Bot");
     auto block = bot.Create("My Room");
     auto wanted = HexToStr("0004") + ShortString("4-0-My Room") + HexToStr("0000020005") +
@@ -68,7 +68,7 @@ TEST_F(InRoom, OtherLettersAreReadableInTheJournal) {
 }
 
 TEST(Room, BansRefusalsAndWhoIsKeptOut) {
-    Stage stage;
+    PracticeStage stage;
     Guest bot(stage, "Bot"), bob(stage, "Bob The Rower"), eve(stage, "eve");
     for (auto* guest : {&bot, &bob, &eve}) guest->Join("r");
     auto ban = [](Guest& by, int subtype, const std::string& target) {
@@ -104,7 +104,7 @@ TEST(Room, BansRefusalsAndWhoIsKeptOut) {
 }
 
 TEST(Room, FullRefusedAndInvalid) {
-    Stage stage;
+    PracticeStage stage;
     Guest bot(stage, "Bot");
     bot.Join("r");
     auto word = [&](const std::string& room) {
@@ -140,7 +140,7 @@ TEST(Room, EmptyRoomsGiveWayOthersDoNot) {
     PracticeOptions options;
     options.maxRooms = 2;
     options.maxConnections = 12;
-    Stage stage(options);
+    PracticeStage stage(options);
     Guest bot(stage, "Bot");
     bot.Join("kept");
     EXPECT_NE(bot.Create("one"), "");

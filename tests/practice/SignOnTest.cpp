@@ -8,7 +8,7 @@ TEST(SignOn, OneSaltAndOnePassword) {
     options.salts = {SaltNamed("classic")};
     options.password = "secret";
     options.cookieLength = 32;
-    Stage stage(options);
+    PracticeStage stage(options);
     const auto code = [&](const std::string& password, const std::string& salt, bool raw = true) {
         const auto answer = RawClient(stage).Hashed("a", password, SaltNamed(salt), raw);
         EXPECT_EQ(RawClient::Tlvs(answer, 0x0006).size(), RawClient::Tlvs(answer, 0x0008).empty() ? 32u : 0);
@@ -28,7 +28,7 @@ TEST(SignOn, OneSaltAndOnePassword) {
             EXPECT_EQ(RawClient::Tlvs(answer, 0x11), welcome ? "a@localhost" : "");
             EXPECT_TRUE(client.closed);
         }
-    Stage open; // takes any password but the empty one
+    PracticeStage open; // takes any password but the empty one
     const auto hashed = RawClient(open).Hashed("a", "", DefaultSecrets().salt, true);
     EXPECT_EQ(StrToHex(RawClient::Tlvs(hashed, 8)), "0005");
     for (const int type : {2, 0x25}) {
@@ -50,7 +50,7 @@ TEST(SignOn, WaysByName) {
 }
 
 TEST(SignOn, ClientMaySpeakFirst) {
-    Stage stage;
+    PracticeStage stage;
     RawClient client(stage, 0);
     while (client.Raw().State() != SocketState::Connected) client.Wait(1);
     EXPECT_TRUE(client.frames.empty());
@@ -60,7 +60,7 @@ TEST(SignOn, ClientMaySpeakFirst) {
 }
 
 TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
-    Stage stage;
+    PracticeStage stage;
     stage.network.Levers().RefuseNextSignOn(24);
     EXPECT_EQ(StrToHex(RawClient::Tlvs(RawClient(stage).Hashed("a", "b", "", false), 0x0008)), "0018");
     EXPECT_EQ(RawClient::Tlvs(RawClient(stage).Hashed("a", "b", "", false), 0x0008), "");
@@ -71,7 +71,7 @@ TEST(SignOn, RefusedOnDemandAndUnknownCookies) {
 }
 
 TEST(BringUp, AnswersEchoTheRequestRatesHaveTwoFormsAndExtrasDoNoHarm) {
-    Stage stage;
+    PracticeStage stage;
     Guest guest(stage, "Bot");
     using Case = std::tuple<int, int, int, std::string>;
     for (const auto& [family, ask, key, hex] :
