@@ -104,7 +104,7 @@ void RoomsAgain::ConnectionEnded(int socket, const std::string&) {
 
 /// The operator has ended the way back.
 void RoomsAgain::ComebackPlanned(int milliseconds) {
-    if (milliseconds < 0 && On() && IsByHand(hands.control.Tell())) ForgetWanted();
+    if (milliseconds < 0 && On() && IsOrderedByHand(hands.control.Tell())) ForgetWanted();
 }
 
 /// The desk's own queue is empty while this is on, and to tell so would hide the rooms that wait here.
