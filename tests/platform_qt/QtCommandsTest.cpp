@@ -86,13 +86,13 @@ TEST_F(QtCommandsTest, EndWithTheirWholeGroup) {
     EXPECT_TRUE(gone()) << "whom it left behind";
     bool begun = false;
     QSocketNotifier wakes(end, QSocketNotifier::Read);
-    QObject::connect(&wakes, &QSocketNotifier::activated, &wakes, [&] { wakes.setEnabled(false); });
+    QObject::connect(&wakes, &QSocketNotifier::activated, &wakes, [&] {
+        char byte = 0;
+        if (::read(end, &byte, 1) == 1) begun = true, wakes.setEnabled(false);
+    });
     EXPECT_TRUE(commands->Run(Plain({"/bin/sh", "-c", "exec > $0; echo; sleep 1000", pipe}),
                               [](const CommandEnd&) { ADD_FAILURE(); }));
-    ASSERT_TRUE(RunUntil([&] {
-        char byte = 0;
-        return begun = ::read(end, &byte, 1) == 1;
-    }));
+    ASSERT_TRUE(RunUntil([&] { return begun; }));
     commands.reset();
     EXPECT_TRUE(gone()) << "ended with what started it";
     ::close(end);
