@@ -63,7 +63,7 @@ void RoomsAgain::ForgetWanted() {
 
 void RoomsAgain::SignedOn(const std::string&) {
     onLine = true;
-    elsewhere = false;
+    elsewhere = signingOn = false;
     askedAt = -1;
     if (!On()) return;
     if (!hands.options.RejoinError) return ForgetWanted(); // nor would the desk come back to them
@@ -72,10 +72,11 @@ void RoomsAgain::SignedOn(const std::string&) {
     TellAwaited();
 }
 
-/// By the operator, who leaves all rooms by it.
+/// By the operator, who leaves all rooms by it; or a sign-on that was begun is given up for another reason.
 void RoomsAgain::SignedOff() {
     onLine = false;
-    if (!std::exchange(elsewhere, false)) rooms.clear();
+    const bool byOther = std::exchange(signingOn, false) && !IsByHand(hands.control.Tell());
+    if (!std::exchange(elsewhere, false) && !byOther) rooms.clear();
     ForgetWhatStands();
 }
 
@@ -209,7 +210,6 @@ void RoomsAgain::Failed(int code) {
         const auto name = room.name;
         rung.insert(asked);
         rooms.erase(found);
-        hands.tell(words);
         hands.raise({Departure::RoomsAreAskedForAgain, name, words});
     } else if (code == PutOut ? !options.RejoinKicked : !options.RejoinError) {
         rooms.erase(found); // nor would the desk ask again

@@ -47,6 +47,7 @@ class RoomsAgain : public News {
     /// In the order of their names.
     std::vector<Wanted> List() const;
 
+    void SignOnBegun(const std::string&) override { signingOn = true; }
     void SignedOn(const std::string& name) override;
     void SignedOff() override;
     void SignedOffElsewhere(int reason, const std::string& page) override;
@@ -94,6 +95,7 @@ class RoomsAgain : public News {
     std::int64_t askedAt = -1;                    ///< -1: none is
     bool onLine = false;
     bool elsewhere = false; ///< the sign-off that follows is not the operator's
+    bool signingOn = false;
     bool telling = false;
     std::unique_ptr<Timer> timer;
 };

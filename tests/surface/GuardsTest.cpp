@@ -241,6 +241,14 @@ TEST(Guards, HaveTheDeskGoAnotherWay) {
     }
 }
 
+TEST_F(DeskScene, ARoomWhosePacketsAreDroppedWithoutAWordIsKnownToBeLost) {
+    SignOn();
+    Join("lobby");
+    people.EachSocket(guarded, [this](const Socket& socket) { world.network.HalfOpen(socket); });
+    Wait(75); // a question each 15 s, and 60 s without a sign of it
+    EXPECT_EQ(control.Chat.Count(), 0U);
+}
+
 TEST_F(DeskScene, TheWindowOfGuardsSwitchesThemAndKeepsThat) {
     using Tick = TableBox::Tick;
     Bridge bridge(window);
@@ -261,11 +269,11 @@ TEST_F(DeskScene, TheWindowOfGuardsSwitchesThemAndKeepsThat) {
     control.Guarded(Departure::KicksEndAsKicks);
     bridge.bar.mnuGuards.Click();
     EXPECT_EQ(page.tblGuards.Count(), static_cast<int>(DepartureCount + GuardGroupCount));
-    EXPECT_EQ(row("Signed off"), "+by network, acted 0 times");
+    EXPECT_EQ(row("Signed off"), "+by network, has not acted");
     EXPECT_EQ(row("ends as a kick"), "-off, would have acted once");
     EXPECT_EQ(row("over TLS"), "+by network, ");
     page.tblGuards.SetTick(lineOf("Signed off"), false);
-    EXPECT_EQ(row("Signed off"), "-off, would have acted 0 times");
+    EXPECT_EQ(row("Signed off"), "-off, would not have acted");
     page.cmdRecommended.Press();
     EXPECT_EQ(row("Silence"), "+on, not counted");
     EXPECT_EQ(row("for a room at a time"), "+by a guard, ");

@@ -9,7 +9,11 @@ namespace halyard {
 
 namespace {
 
-std::string Times(std::int64_t count) { return count == 1 ? "once" : std::to_string(count) + " times"; }
+/// "acted 3 times", or with "would have " before it.
+std::string Acted(const char* would, const char* never, std::int64_t count) {
+    if (count == 0) return never;
+    return std::string(would) + "acted " + (count == 1 ? "once" : std::to_string(count) + " times");
+}
 
 } // namespace
 
@@ -50,7 +54,6 @@ void GuardsWindow::Fill() {
         lines.push_back(shown[line] ? LineOf(*shown[line])
                                     : TableBox::Line{{TitleOf(shown[line + 1]->group), "", ""}});
     tblGuards.SetAll(std::move(lines));
-    tblGuards.Choose(1);
     ShowChosen();
     AskCounts();
 }
@@ -93,15 +96,15 @@ std::string GuardsWindow::StateOf(Departure departure) const {
 std::string GuardsWindow::CountOf(const GuardRow& row) const {
     const auto& count = counts[static_cast<std::size_t>(row.departure)];
     if (context.control.Departs(row.departure) && (row.counted || count.acted > 0))
-        return "acted " + Times(count.acted);
+        return Acted("", "has not acted", count.acted);
     if (row.group == GuardGroup::Ways) return "";
-    return row.counted ? "would have acted " + Times(count.wouldHave) : "not counted";
+    return row.counted ? Acted("would have ", "would not have acted", count.wouldHave) : "not counted";
 }
 
 void GuardsWindow::ShowChosen() {
     const auto* row = RowAt(tblGuards.Index());
     cmdAsNetwork.SetEnabled(row && file.Guards().Of(row->departure) != Departures::Guard::Unset);
-    if (!row) return txtGuard.SetText("");
+    if (!row) return txtGuard.SetText("Choose a guard to read what it changes.");
     const auto& text = TextOf(row->departure);
     auto words = std::string("Laid down: ") + text.laidDown + "\r\nWith the guard: " + text.instead;
     if (row->departure == Departure::SilenceIsAskedAbout && onUnanswering)

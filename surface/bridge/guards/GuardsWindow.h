@@ -29,7 +29,7 @@ class GuardsWindow : public Opened<GuardsWindow> {
     Button cmdRecommended{"cmdRecommended", "Recommended for unattended running"};
     Label lblRecommended{"lblRecommended",
                          "Switches all guards on; what only a network needs stays as it is."};
-    TableBox tblGuards{"tblGuards", {{"Guard", 0}, {"State", 12}, {"Last 30 days", 26}}};
+    TableBox tblGuards{"tblGuards", {{"Guard", 0}, {"State", 12}, {"Last 30 days", 34}}};
     TextBox txtGuard{"txtGuard"}; ///< what the chosen one changes; read only
     Button cmdAsNetwork{"cmdAsNetwork", "As the Network Has It"};
     Label lblKept{"lblKept"}; ///< what came of a switch

@@ -19,6 +19,7 @@ std::unique_ptr<FormWindow> DrawGuards(GuardsWindow& model) {
     HighFor(*table, 24);
     auto* words = BindReading(model.txtGuard, "What the chosen guard changes");
     HighFor(*words, 5);
+    words->setMaximumHeight(words->minimumHeight());
     words->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* kept = BindValue(model.lblKept);
     NameAfter(*kept, "What came of it");
