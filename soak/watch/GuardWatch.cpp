@@ -72,6 +72,7 @@ std::string GuardWatch::Check(std::int64_t moment) {
     nextLook = now + LookEvery;
     CheckTimeBans();
     CheckLifted();
+    std::erase_if(unlisted, [&](const auto& each) { return !Open(each.first.first); });
     for (const auto& room : window.Control().Chat) CheckBanned(*room);
     CheckKept();
     CheckRoomList();
@@ -118,7 +119,8 @@ std::set<std::string> GuardWatch::Listed(const Chats& room) const {
 
 void GuardWatch::CheckBanned(const Chats& room) {
     const auto name = NormalizeName(room.ChatName);
-    if (Open(name).get() != &room || room.BanQueue.Count() > 0) {
+    if (Open(name).get() != &room) return;
+    if (room.BanQueue.Count() > 0) {
         std::erase_if(unlisted, [&](const auto& each) { return each.first.first == name; });
         return;
     }
