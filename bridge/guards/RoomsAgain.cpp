@@ -75,7 +75,7 @@ void RoomsAgain::SignedOn(const std::string&) {
 /// By the operator, who leaves all rooms by it; or a sign-on that was begun is given up for another reason.
 void RoomsAgain::SignedOff() {
     onLine = false;
-    const bool byOther = std::exchange(signingOn, false) && !IsByHand(hands.control.Tell());
+    const bool byOther = std::exchange(signingOn, false) && !IsOrderedByHand(hands.control.Tell());
     if (!std::exchange(elsewhere, false) && !byOther) rooms.clear();
     ForgetWhatStands();
 }
