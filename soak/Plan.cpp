@@ -63,7 +63,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.bridge = bridge;
     plan.ledger = ledger;
     plan.guards = guards;
-    if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
+    if (!seed || !days || (ledger && guards) || (management && (bridge || !plan.openServer)))
+        return std::nullopt;
     return plan;
 }
 

@@ -57,6 +57,7 @@ SoakRun::SoakRun(const SoakPlan& plan)
     };
     if (plan.bridge) {
         machine.databases = TappedDatabases(databases);
+        invariants.records = &databases;
         bridge = std::make_unique<Bridge>(window);
     }
     world.afterEvent = [this] { invariants.Check(); };

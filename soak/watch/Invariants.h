@@ -36,6 +36,7 @@ class Invariants : public TapListener {
     std::optional<EnforcedWatch> enforced; ///< and somebody else who does
     std::optional<LedgerWatch> ledger;     ///< with the bridge
     std::optional<GuardWatch> guards;      ///< with every guard on
+    const DatabaseTap* records = nullptr;  ///< that the bot keeps in memory
 
     /// Empty while all holds.
     const std::string& Violation() const { return violation; }
