@@ -12,8 +12,8 @@ int main(int count, char** words) {
         std::cerr
             << "usage: halyard-soak --seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L]"
                " [--network open-server [--management]]\n"
-               "       [--journal 0..2] [--bridge | --ledger | --drill | --raids] [--guards]\n"
-               "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger] [--guards]\n"
+               "       [--journal 0..2] [--bridge | --ledger | --guards | --drill | --raids]\n"
+               "or:    halyard-soak --day N [--journal 0..2] [--bridge | --ledger | --guards]\n"
                "L is the acts an hour in each room: 6 in one room, 1200 in each of several when not given.\n";
         return 2;
     }

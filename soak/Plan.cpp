@@ -68,7 +68,8 @@ std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& given) {
     plan.raids = raids;
     plan.guards = guards;
     if (drill && (plan.faults > 0 || plan.openServer || plan.rooms > 1)) return std::nullopt;
-    if (!seed || !days || (management && (bridge || !plan.openServer))) return std::nullopt;
+    if (!seed || !days || (ledger && guards) || (management && (bridge || !plan.openServer)))
+        return std::nullopt;
     return plan;
 }
 

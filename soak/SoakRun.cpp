@@ -60,6 +60,7 @@ SoakRun::SoakRun(const SoakPlan& plan)
     };
     if (plan.bridge) {
         machine.databases = TappedDatabases(databases);
+        invariants.records = &databases;
         bridge = std::make_unique<Bridge>(window);
         invariants.truth.emplace(window, network, bridge->watch.truth, "harbourbot");
         bridge->heard.Add(invariants.truth->forecast);

@@ -17,6 +17,7 @@ class TapDatabase : public Database {
     TapDatabase(DatabaseTap& tap, std::shared_ptr<Database> file) : tap(tap), file(std::move(file)) {}
 
     void Open(const DatabaseSpec& spec, Opened done) override {
+        if (spec.path.ends_with("ledger.db")) tap.file = file;
         auto inMemory = spec;
         inMemory.path.clear();
         file->Open(inMemory, std::move(done));
@@ -46,10 +47,7 @@ class TapDatabase : public Database {
 } // namespace
 
 std::function<std::unique_ptr<Database>()> TappedDatabases(DatabaseTap& tap) {
-    return [&tap] {
-        tap.file = std::make_shared<InlineDatabase>();
-        return std::make_unique<TapDatabase>(tap, tap.file);
-    };
+    return [&tap] { return std::make_unique<TapDatabase>(tap, std::make_shared<InlineDatabase>()); };
 }
 
 #else
@@ -60,6 +58,17 @@ std::function<std::unique_ptr<Database>()> TappedDatabases(DatabaseTap& /*tap*/)
 
 void DatabaseTap::Read(const Database::Job& job) const {
     if (file) file->Read(job, nullptr);
+}
+
+std::size_t DatabaseTap::Bytes() const {
+    constexpr std::size_t pageBytes = 4096 + 256;
+    std::size_t pages = 0;
+    Read([&](Connection& connection) {
+        auto& count = connection.Prepare("PRAGMA page_count");
+        pages = count.Step() ? static_cast<std::size_t>(count.Integer(0)) : 0;
+        count.Reset();
+    });
+    return pages * pageBytes;
 }
 
 } // namespace halyard

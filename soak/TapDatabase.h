@@ -5,13 +5,14 @@
 
 #include "platform/Database.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 
 namespace halyard {
 
-/// Of the one database that the bot opened last; it stays when the bot has let it go.
+/// Of the ledger that the bot opened last; it stays when the bot has let it go.
 struct DatabaseTap {
     std::shared_ptr<Database> file; ///< null before the first
     DatabaseFault fault{};          ///< each transaction fails so at its end, until it is None again
@@ -19,10 +20,12 @@ struct DatabaseTap {
 
     /// Runs at once.
     void Read(const Database::Job& job) const;
+    /// What it holds in memory.
+    std::size_t Bytes() const;
 };
 
 /// Databases in memory that answer at once, seen through `tap`, which outlives them; an empty function where
-/// there is none to be had. The bot needs no more than one at a time.
+/// there is none to be had.
 std::function<std::unique_ptr<Database>()> TappedDatabases(DatabaseTap& tap);
 
 } // namespace halyard

@@ -282,7 +282,7 @@ void Invariants::RequireNoGrowth(std::size_t rooms) {
         Violate("timers are left behind");
     // Requests without a reply are kept until their id comes round, and so are the excused names of a run.
     const std::size_t kept = window.Control().RequestIDs.Count() * 512;
-    const std::size_t memory = ::mallinfo2().uordblks - (ledger ? ledger->Bytes() : 0);
+    const std::size_t memory = ::mallinfo2().uordblks - (records ? records->Bytes() : 0);
     constexpr int warm = 24;
     constexpr std::size_t slack = 4 << 20;
     if (++quietMoments == warm) memoryBefore = memory;

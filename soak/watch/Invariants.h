@@ -40,6 +40,7 @@ class Invariants : public TapListener {
     std::optional<TruthWatch> truth;
     std::optional<AlarmWatch> alarms;
     std::optional<GuardWatch> guards; ///< with every guard on
+    const DatabaseTap* records = nullptr;  ///< that the bot keeps in memory
 
     /// What another finds wrong; nothing for an empty text.
     void Find(const std::string& text) { Violate(text); }

@@ -21,7 +21,6 @@ namespace {
 constexpr auto Ejects = static_cast<std::int64_t>(ListName::Ejects);
 /// Keystrokes at one control are told as one change within two seconds.
 constexpr std::int64_t longestTyping = 3 * second;
-constexpr std::size_t pageBytes = 4096 + 256;
 
 std::vector<std::string> Sorted(std::vector<std::string> entries) {
     std::sort(entries.begin(), entries.end());
@@ -173,16 +172,6 @@ std::string LedgerWatch::CheckFile() const {
         for (const auto& finding : Verify(file)) words += words.empty() ? finding : "";
     });
     return words;
-}
-
-std::size_t LedgerWatch::Bytes() const {
-    std::size_t pages = 0;
-    tap.Read([&](Connection& file) {
-        auto& count = file.Prepare("PRAGMA page_count");
-        pages = count.Step() ? static_cast<std::size_t>(count.Integer(0)) : 0;
-        count.Reset();
-    });
-    return pages * pageBytes;
 }
 
 } // namespace halyard

@@ -35,8 +35,6 @@ class LedgerWatch {
     void Rest();
     /// Once it has ended: goes through the whole file.
     std::string CheckFile() const;
-    /// What the rows hold of the memory, roughly.
-    std::size_t Bytes() const;
 
   private:
     using RoomKey = std::pair<std::string, std::int64_t>; ///< as the file has it, and the exchange
