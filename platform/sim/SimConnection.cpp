@@ -1,5 +1,7 @@
 #include "platform/sim/SimConnection.h"
 
+#include "platform/sim/SimSocket.h"
+
 #include <algorithm>
 
 namespace halyard {
@@ -28,6 +30,17 @@ void SimConnection::Send(int side, std::string_view bytes) {
 void SimConnection::Reset() {
     severed = false; // the error itself arrives
     for (auto& pipe : pipes) pipe.End(SimPipe::Ending::Reset);
+}
+
+void SimConnection::Sever() {
+    if (severed) return;
+    severed = true;
+    network.clock.In(SimSocket::probing, [known = weak_from_this()] {
+        const auto self = known.lock();
+        if (!self || !self->severed) return;
+        for (auto& pipe : self->pipes)
+            if (pipe.Ended() == SimPipe::Ending::None) pipe.GiveUp();
+    });
 }
 
 std::int64_t SimConnection::StalledUntil() const { return std::max(stalledUntil, network.stalledUntil); }

@@ -27,8 +27,8 @@ class SimConnection : public std::enable_shared_from_this<SimConnection> {
 
     /// Both sides see an error, what is under way is lost.
     void Reset();
-    /// Nothing arrives any more.
-    void Sever() { severed = true; }
+    /// Nothing arrives any more. Who sends nothing finds out by the probes of a connection at rest.
+    void Sever();
     bool Severed() const { return severed; }
     void StallUntil(std::int64_t moment) { stalledUntil = moment; }
     std::int64_t StalledUntil() const;

@@ -53,8 +53,8 @@ class SimNetwork {
     void DropAll();
     /// The same for the connection of one socket. Sockets of other kinds, or without a connection, pass.
     void DropConnection(const Socket& socket);
-    /// The peer of this socket is gone without a word: nothing arrives any more on either side, and a side
-    /// that sent something sees an error after 60 seconds.
+    /// The peer of this socket is gone without a word: nothing arrives any more on either side. A side that
+    /// sent something sees an error after 60 seconds, one that didn't after 75.
     void HalfOpen(const Socket& socket);
     /// The next `count` connects are refused, or never answered; those fail after 60 seconds.
     void RefuseConnects(int count) { refuseNext = count; }

@@ -30,6 +30,8 @@ class SimPipe {
     /// The stream ends behind what was sent; with Reset at once, and what is under way is lost.
     void End(Ending how);
     Ending Ended() const { return ending; }
+    /// What was sent finds no answer: the sender hears of it.
+    void GiveUp();
 
   private:
     struct Segment {
@@ -44,7 +46,6 @@ class SimPipe {
     std::string TakeDue();
     std::string Take(std::size_t count);
     void Watch();
-    void GiveUp();
 
     SimConnection& connection;
     std::string bytes;            // sent; the first `delivered` of them have arrived

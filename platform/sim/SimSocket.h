@@ -21,6 +21,8 @@ class SimSocket : public Socket {
   public:
     /// After so many milliseconds without an answer a connect or an unacknowledged send fails.
     static constexpr int silence = 60000;
+    /// And one on which nothing is sent, when its probes find none.
+    static constexpr int probing = 75000;
 
     explicit SimSocket(SimNetwork& network) : network(network) {}
     ~SimSocket() override { Close(); }
