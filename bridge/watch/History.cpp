@@ -56,7 +56,7 @@ int HistoryColumn::Bans() const {
 }
 
 std::vector<HistoryColumn> HistoryOf(Samples& samples, HistorySpan span) {
-    const auto [columns, length] = ScaleOf(span);
+    const int columns = ScaleOf(span).columns, length = ScaleOf(span).length;
     const auto current = samples.UnderWay();
     const auto last = current.minute / length; // of columns, since 1970
     std::vector<std::vector<const SampleFact*>> parts(static_cast<std::size_t>(columns));
