@@ -12,6 +12,7 @@
 namespace halyard {
 
 class Button;
+class PracticeNetwork;
 class SimWorld;
 class TapMachine;
 class Town;

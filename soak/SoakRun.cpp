@@ -157,7 +157,8 @@ void SoakRun::Arrive() {
 void SoakRun::WatchAlarms() {
     constexpr int ordinary = 300; // lines an hour
     const bool quiet = plan.faults == 0 && !plan.drill && !plan.openServer && plan.LinesAnHour() <= ordinary;
-    auto& watch = invariants.alarms.emplace(bridge->alarms.book, network, quiet);
+    auto& watch = invariants.alarms.emplace(
+        bridge->alarms.book, [this] { return window.Control().LoggedOn(); }, quiet);
     if (!plan.drill) return;
     drill.emplace(AlarmDrill::Hands{world, machine, network, databases, window, town,
                                     [this](Button& button) { PressByHand(button); }, [this] { JoinAll(); },

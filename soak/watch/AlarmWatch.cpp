@@ -1,19 +1,20 @@
 #include "soak/watch/AlarmWatch.h"
 
-#include "practice/PracticeNetwork.h"
 #include "soak/Time.h"
+
+#include <utility>
 
 namespace halyard {
 
 namespace {
 
-/// Two looks of the alarms, the longest sign-on, and what a dead connection takes to be noticed.
-constexpr std::int64_t alarmSlack = 20 * second + 60 * second + 75 * second + 15 * second;
+/// Two looks of the alarms, and the longest sign-on.
+constexpr std::int64_t alarmSlack = 20 * second + 60 * second + 15 * second;
 
 } // namespace
 
-AlarmWatch::AlarmWatch(AlarmBook& book, PracticeNetwork& network, bool quiet)
-    : book(book), network(network), quiet(quiet) {
+AlarmWatch::AlarmWatch(AlarmBook& book, std::function<bool()> online, bool quiet)
+    : book(book), online(std::move(online)), quiet(quiet) {
     book.onKeep = [this, passOn = book.onKeep](const Ring& ring) {
         if (passOn) passOn(ring);
         Hear(ring);
@@ -45,7 +46,7 @@ void AlarmWatch::Hear(const Ring& ring) {
 }
 
 std::string AlarmWatch::Check(std::int64_t now) {
-    if (!wanted || network.IsOnLine("harbourbot")) {
+    if (!wanted || online()) {
         offSince = -1;
         return finding;
     }

@@ -1,13 +1,15 @@
 #pragma once
 
 // The laws of the alarms: each rings once a cause and ends once, no sooner again than its rest allows; who is
-// off line for too long by the service's own record rings; once all is well again neither the account nor a
-// room rings; and where nothing goes wrong and people talk as usual, nothing rings. What a rate or a raid is
-// to the bot isn't compared with anything else here. The run owns the one.
+// off line for too long by the engine's own record rings (that a service which is there doesn't answer any
+// more, only a guard finds out); once all is well again neither the account nor a room rings; and where
+// nothing goes wrong and people talk as usual, nothing rings. What a rate or a raid is to the bot isn't
+// compared with anything else here. The run owns the one.
 
 #include "bridge/watch/alarms/AlarmBook.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -15,12 +17,10 @@
 
 namespace halyard {
 
-class PracticeNetwork;
-
 class AlarmWatch {
   public:
-    /// Both outlive it. `quiet`: nothing is to ring at all.
-    AlarmWatch(AlarmBook& book, PracticeNetwork& network, bool quiet);
+    /// `book` outlives it. `online`: whether the engine is. `quiet`: nothing is to ring at all.
+    AlarmWatch(AlarmBook& book, std::function<bool()> online, bool quiet);
 
     /// What is wrong, at a moment of the world's, ms; empty when all is well.
     std::string Check(std::int64_t now);
@@ -41,7 +41,7 @@ class AlarmWatch {
     void Find(const std::string& words);
 
     AlarmBook& book;
-    PracticeNetwork& network;
+    const std::function<bool()> online;
     const bool quiet;
     bool wanted = false;
     std::int64_t offSince = -1;

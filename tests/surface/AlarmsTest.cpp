@@ -161,6 +161,7 @@ TEST_F(Alarms, OfTheOperatorsOwnDoingThereAreNone) {
     GoOn();
     Join("attic");
     window.ByHand(window.chats.lstChats, [this] { control.LeaveChat(0, "attic"); });
+    Set(boxes.chkRejoinError, false);
     Join("cellar");
     window.ByHand(window.chats.cmdCloseChat, [this] {
         for (const auto& room : control.Chat)
@@ -168,7 +169,6 @@ TEST_F(Alarms, OfTheOperatorsOwnDoingThereAreNone) {
     });
     Minutes(5);
     EXPECT_EQ(control.Chat.Count(), 1U);
-    Set(boxes.chkRejoinError, false);
     people.SignOffFromRoom("lobby", "harbourbot");
     Minutes(4);
     EXPECT_EQ(Rang().size(), 1U);
