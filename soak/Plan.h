@@ -32,9 +32,9 @@ SoakPlan DayPlan(std::uint64_t number);
 
 /// Reads "--seed N --days D [--rooms R] [--people P] [--faults 0..9] [--lines L] [--network open-server
 /// [--management]] [--journal 0..2]", or "--day N [--journal 0..2]" for a DayPlan, and "--bridge",
-/// "--ledger", "--guards" (the latter two not together), "--drill" or "--raids", which bring the bridge along,
-/// anywhere, but not beside "--management", and the last two in one room without faults. Nothing for words
-/// that make no sense or numbers out of their range; seed and days must be given, or the day.
+/// "--ledger", "--guards" (the latter two not together), "--drill" or "--raids", which bring the bridge
+/// along, anywhere, but not beside "--management", and the last two in one room without faults. Nothing for
+/// words that make no sense or numbers out of their range; seed and days must be given, or the day.
 std::optional<SoakPlan> ReadPlan(const std::vector<std::string>& words);
 /// The command line that runs the plan again.
 std::string ReplayLine(const SoakPlan& plan);

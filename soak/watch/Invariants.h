@@ -39,8 +39,8 @@ class Invariants : public TapListener {
     std::optional<LedgerWatch> ledger;     ///< with the bridge, as the next two
     std::optional<TruthWatch> truth;
     std::optional<AlarmWatch> alarms;
-    std::optional<GuardWatch> guards; ///< with every guard on
-    const DatabaseTap* records = nullptr;  ///< that the bot keeps in memory
+    std::optional<GuardWatch> guards;     ///< with every guard on
+    const DatabaseTap* records = nullptr; ///< that the bot keeps in memory
 
     /// What another finds wrong; nothing for an empty text.
     void Find(const std::string& text) { Violate(text); }
