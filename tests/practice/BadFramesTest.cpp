@@ -42,7 +42,7 @@ TEST_F(InRoom, KeepAlivesAndSlowBytesAreFine) {
 }
 
 TEST(BadFrames, SilentStrangersAreShownOut) {
-    Stage stage;
+    PracticeStage stage;
     RawClient silent(stage);
     stage.world.RunFor(59000);
     EXPECT_FALSE(silent.closed);
@@ -63,7 +63,7 @@ TEST_F(InRoom, ADeadPeerHoldsNobodyUp) {
 TEST(BadFrames, NoiseOfAnyKindBringsNothingDown) {
     PracticeOptions options;
     options.maxConnections = 20;
-    Stage stage(options, 7);
+    PracticeStage stage(options, 7);
     stage.world.network.faults.cutBytes = true;
     Guest bot(stage, "Bot");
     bot.Join("r");

@@ -5,7 +5,7 @@ namespace halyard {
 namespace {
 
 TEST(People, MessageUserInfoAndProfile) {
-    Stage stage;
+    PracticeStage stage;
     Guest bot(stage, "Bot"), alice(stage, "Alice");
     alice.bos->Ask(4, 6,
                    HexToStr("00000000000000010001") + ShortString("b o t") +
@@ -31,7 +31,7 @@ TEST(People, MessageUserInfoAndProfile) {
 }
 
 TEST(People, ASecondSignOnEndsTheFirstAndItsRooms) {
-    Stage stage;
+    PracticeStage stage;
     Guest first(stage, "Bot");
     first.Join("r");
     stage.network.Levers().Pause("bot");
@@ -53,7 +53,7 @@ TEST(People, ASecondSignOnEndsTheFirstAndItsRooms) {
     EXPECT_EQ(second.chat->Count("000E0030"), 1); // the room is still its own
     PracticeOptions options;
     options.ways = WaysOf(Departure::MainSignOffs);
-    Stage open(options);
+    PracticeStage open(options);
     Guest old(open, "Bot"), anew(open, "bot");
     EXPECT_EQ(old.bos->frames.back(),
               std::make_pair(4, Tlv(9, ByteToStr(1)) + Tlv(0x0B, "http://127.0.0.1/displaced")));
@@ -67,7 +67,7 @@ Script Parsed(const std::string& text) {
 }
 
 TEST(People, ScriptPlaysToTheSecond) {
-    Stage stage;
+    PracticeStage stage;
     stage.network.Play(
         Parsed("room myroom\r\nhere alice, Room Boss\n# remark\n20 carol ims Bot 1:status\n12 Room Boss says "
                "ban bob\n"
@@ -110,7 +110,7 @@ TEST(People, ScriptProblemsNameTheLine) {
 }
 
 TEST(People, LobbyGoesOnForHours) {
-    Stage stage;
+    PracticeStage stage;
     stage.network.Play(Parsed(std::string(LobbyScript())));
     stage.world.RunFor(3600 * 1000);
     EXPECT_TRUE(stage.Noted("lobby|rowdy20|enters"));
