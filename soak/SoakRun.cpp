@@ -261,8 +261,10 @@ bool SoakRun::EndHour(std::int64_t end) {
 /// both are required. The operator has to see for themselves.
 void SoakRun::SignOnAgain() {
     ++stepsIn;
+    if (invariants.alarms) invariants.alarms->SetWanted(false);
     PressByHand(window.connection.cmdSignOff);
     RunFor(second);
+    if (invariants.alarms) invariants.alarms->SetWanted(true);
     PressByHand(window.connection.cmdSignOn);
     RunFor(10 * second);
     for (const auto& room : town.Rooms()) leftForGood.insert(room); // until it is joined

@@ -75,9 +75,9 @@ TEST_F(AlarmTable, TellsEveryMistake) {
     for (const auto& problem : again.Problems()) told += problem.substr(problem.find(": ") + 2) + "\n";
     EXPECT_EQ(told, "alarms.tray must be true or false\n"
                     "alarms.command must begin with a program\n"
+                    "alarms.messages must hold names\n"
                     "alarms.messages must have from 1 to 255 characters, none of them a control character\n"
                     "alarms.messages must be a text in quotes\n"
-                    "alarms.messages must hold names\n"
                     "alarms.off-line must be a table\n"
                     "alarms.raid.limit must be from 0 to 10000\n"
                     "alarms.raid.minutes must be from 1 to 10080\n"

@@ -1,12 +1,14 @@
 #include "bridge/watch/alarms/AccountAlarms.h"
 
 #include "bridge/networks/Refusals.h"
+#include "bridge/watch/Truth.h"
 #include "bridge/watch/alarms/AlarmBook.h"
 #include "bridge/watch/alarms/AlarmOrders.h"
 #include "platform/Platform.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace halyard {
 
@@ -70,9 +72,25 @@ void AccountAlarms::GoOff() {
     if (std::exchange(online, false)) offSince = platform.Milliseconds();
 }
 
+/// A move to another server, or a late answer to an earlier sign-on, may never come to its end.
+void AccountAlarms::LookAtMain(std::int64_t now) {
+    const auto& main = truth.Main();
+    if (main.stage == Stage::On) {
+        if (std::exchange(mainOffSince, -1) >= 0)
+            book.End(AlarmKind::OffLine, {}, "The main connection stands again.");
+        return;
+    }
+    if (mainOffSince < 0) mainOffSince = now;
+    const auto minutes = book.Terms().Of(AlarmKind::OffLine).minutes;
+    if (now - mainOffSince >= std::int64_t{minutes} * 60'000)
+        book.Raise(AlarmKind::OffLine, {}, "For " + std::to_string(minutes) + " minutes. " + main.words);
+}
+
 void AccountAlarms::Look() {
     const auto now = platform.Milliseconds();
-    if (!wanted || online) return;
+    if (online) return LookAtMain(now);
+    mainOffSince = -1;
+    if (!wanted) return;
     if (attempt >= 0 && now - attempt < LongestAttempt) return;
     const auto reason = why.empty() ? "" : " " + why;
     if (book.Fires(AlarmKind::NeedsYou, {})) return; // which says it already, as the next

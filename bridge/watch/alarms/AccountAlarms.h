@@ -11,12 +11,13 @@ namespace halyard {
 
 class AlarmBook;
 class Platform;
+class Truth;
 
 class AccountAlarms : public News {
   public:
     /// All outlive it. `telling` is the control's.
-    AccountAlarms(Platform& platform, const Telling& telling, AlarmBook& book)
-        : platform(platform), telling(telling), book(book) {}
+    AccountAlarms(Platform& platform, const Telling& telling, const Truth& truth, AlarmBook& book)
+        : platform(platform), telling(telling), truth(truth), book(book) {}
 
     bool OnLine() const { return online; }
     /// The service has refused what only a person can set right, and no hand has signed on since.
@@ -37,9 +38,11 @@ class AccountAlarms : public News {
     static constexpr std::int64_t LongestAttempt = 60'000; ///< ms
 
     void GoOff();
+    void LookAtMain(std::int64_t now);
 
     Platform& platform;
     const Telling& telling;
+    const Truth& truth;
     AlarmBook& book;
     bool wanted = false; ///< the operator wants it on line
     bool online = false;
@@ -47,7 +50,8 @@ class AccountAlarms : public News {
     bool comeback = false;     ///< an attempt is to follow
     std::int64_t attempt = -1; ///< since when one is under way
     std::int64_t offSince = 0;
-    std::string why; ///< the last reason, a sentence
+    std::int64_t mainOffSince = -1; ///< on line, but for its main connection; -1: not so
+    std::string why;                ///< the last reason, a sentence
 };
 
 } // namespace halyard

@@ -6,7 +6,7 @@
 namespace halyard {
 
 AlarmEars::AlarmEars(Platform& platform, const Telling& telling, const Truth& truth, AlarmBook& book)
-    : rooms(platform, telling, book), account(platform, telling, book),
+    : rooms(platform, telling, book), account(platform, telling, truth, book),
       counts(platform, telling, book, rooms), silence(platform, truth, book, rooms),
       raids(platform, telling, book, rooms), files(book), timer(platform.NewTimer()) {
     timer->SetInterval(LookEvery);
