@@ -12,7 +12,6 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t MostAnswers = 20;
-constexpr std::int64_t OldestAnswer = 60'000; // ms
 
 } // namespace
 

@@ -24,6 +24,8 @@ class RoomHost;
 
 class Chats {
   public:
+    static constexpr std::int64_t OldestAnswer = 60'000; ///< ms that an answer may wait
+
     /// `host` must outlive the room. `sngBanPause` is the pause between bans in seconds, copied once: later
     /// changes come through SetBanPause.
     Chats(RoomHost& host, float sngBanPause);

@@ -185,6 +185,11 @@ void SoakRun::SwitchGuardsOn() {
             window.Control().Switches().SetGuard(row.departure, Departures::Guard::On);
     bridge->guards.SwitchesChanged();
     invariants.guards.emplace(network, window, *bridge);
+    if (!invariants.truth) return;
+    invariants.truth->awaitedByGuard = [this] {
+        const auto rooms = bridge->guards.roomsAgain.List();
+        return static_cast<std::size_t>(std::ranges::count(rooms, false, &RoomsAgain::Wanted::inside));
+    };
 }
 
 void SoakRun::WatchLedger() {

@@ -58,7 +58,7 @@ void RoomsAgain::ForgetWanted() {
     std::erase_if(rooms, [](const auto& each) { return !each.second.inside; });
     askedAt = -1;
     timer->SetEnabled(false);
-    if (On()) TellAwaited();
+    if (On() || toldAny) TellAwaited();
 }
 
 void RoomsAgain::SignedOn(const std::string&) {
@@ -93,7 +93,10 @@ void RoomsAgain::ForgetWhatStands() {
     closing.clear();
     askedAt = -1;
     timer->SetEnabled(false);
-    if (!On()) rooms.clear();
+    if (On())
+        TellAwaited();
+    else
+        rooms.clear();
 }
 
 void RoomsAgain::ConnectionEnded(int socket, const std::string&) {
@@ -120,13 +123,14 @@ void RoomsAgain::TellAwaited() {
     for (const auto& [key, room] : rooms)
         if (!room.inside) entries.Add(room.name + ":" + std::to_string(key.second) + ":0");
     telling = true;
+    toldAny = entries.Count() > 0;
     news->RoomsAwaited(entries);
     telling = false;
 }
 
 void RoomsAgain::RoomWanted(const std::string& name, std::int16_t exchange) {
     if (!On() || name.empty() || rooms.size() >= MostRooms) return;
-    rooms.try_emplace(KeyOf(name, exchange), Room{.name = name});
+    if (rooms.try_emplace(KeyOf(name, exchange), Room{.name = name}).second) TellAwaited();
 }
 
 void RoomsAgain::RoomAsked(const std::string& name, std::int16_t exchange) {

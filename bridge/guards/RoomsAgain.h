@@ -97,6 +97,7 @@ class RoomsAgain : public News {
     bool elsewhere = false; ///< the sign-off that follows is not the operator's
     bool signingOn = false;
     bool telling = false;
+    bool toldAny = false; ///< the last list told wasn't empty
     std::unique_ptr<Timer> timer;
 };
 

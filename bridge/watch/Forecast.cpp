@@ -3,6 +3,7 @@
 #include "base/Collection.h"
 #include "base/Text.h"
 #include "rooms/ChatSendKeys.h"
+#include "rooms/Chats.h"
 #include "rooms/Fold.h"
 #include "rooms/TimerTags.h"
 
@@ -16,15 +17,36 @@ namespace {
 
 constexpr float LongBanPause = 60; // s
 
+/// Answers wait apart from all other lines, where they wait at all.
+bool IsAnswer(const WaitingLine& line) { return line.send.TheMsgType == "msg3"; }
+
+/// One goes with each end of their pause; with it go, unsaid, those whose turn would come too late.
+void PlayAnswers(const RoomTruth& room, std::int64_t now, std::vector<Departing>& result) {
+    const auto step = FindTimerTag("msg3")->milliseconds;
+    auto turn = room.PauseEnd(Pause::Lines3, now);
+    bool first = true;
+    for (std::size_t at = 0; at < std::min(result.size(), ForecastDepth); ++at) {
+        const auto& line = room.lines[at];
+        if (!IsAnswer(line) || turn < now) continue;
+        auto& departing = result[at];
+        departing.why = first ? Holdup::Pause : Holdup::Ahead;
+        departing.overtaken = !first && turn - line.since > Chats::OldestAnswer;
+        departing.at = departing.overtaken ? turn - step : turn;
+        if (!departing.overtaken) turn += step;
+        first = false;
+    }
+}
+
 /// A room's lines, its two pauses and its rules for what a pause's end sends, on a copy.
 class LinesAhead {
   public:
     LinesAhead(const RoomTruth& room, std::int64_t now, std::vector<Departing>& result)
         : result(result), ends{End(room, Pause::Lines1, now), End(room, Pause::Lines2, now)} {
+        std::size_t at = 0;
         for (const auto& line : room.lines) {
-            if (queue.Count() == ForecastDepth) break;
-            place[line.send.Number] = queue.Count();
-            queue.Add(line.send);
+            if (at == ForecastDepth) break;
+            if (!IsAnswer(line)) queue.Add(line.send);
+            place[line.send.Number] = at++;
         }
     }
 
@@ -126,6 +148,7 @@ std::vector<Departing> ForecastLines(const RoomTruth& room, std::int64_t now) {
     const auto next = std::max(room.PauseEnd(Pause::Lines1, now), room.PauseEnd(Pause::Lines2, now));
     for (auto& line : result)
         if (line.at > next) line.why = Holdup::Ahead;
+    PlayAnswers(room, now, result);
     return result;
 }
 

@@ -65,11 +65,16 @@ bool QtCommands::Run(const CommandLine& command, Done whenDone) {
     QObject::connect(process.get(), &QProcess::errorOccurred, &limit, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) End({-1, process->errorString().toLocal8Bit().toStdString()});
     });
-    QObject::connect(process.get(), &QProcess::started, &limit, [this] { group = process->processId(); });
     // Not before the call has returned, since a program that can't be started says so at once.
     limit.start(command.timeout);
     QMetaObject::invokeMethod(
-        process.get(), [started = process.get()] { started->start(); }, Qt::QueuedConnection);
+        process.get(),
+        [this, started = process.get()] {
+            started->start();
+            // Not where the process says that it has started: it may have been at work for some time by then.
+            if (process.get() == started) group = started->processId();
+        },
+        Qt::QueuedConnection);
     return true;
 }
 

@@ -43,7 +43,7 @@ void ForecastWatch::LineSaid(std::int16_t room, const Msgs&, const std::string&,
 
 void ForecastWatch::LineDropped(std::int16_t room, const Msgs& line, LineDrop why) {
     auto& told = rooms[room].lines;
-    if (why == LineDrop::Overtaken)
+    if (why == LineDrop::Overtaken || why == LineDrop::TooOld)
         Goes(room, told, line.Number, true, "line");
     else if (line.Number > 0)
         told.stale = true;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace halyard {
 
@@ -46,9 +47,10 @@ std::string TruthWatch::Check(std::int64_t now) {
     if (wrong.empty() && truth.Rooms().size() != control.Chat.Count())
         wrong = "it says " + std::to_string(truth.Rooms().size()) + " rooms of " +
                 std::to_string(control.Chat.Count());
-    if (wrong.empty() && truth.Awaited().size() != window.reconnection.RejoinQueue.Count())
+    const auto awaited = awaitedByGuard ? awaitedByGuard() : window.reconnection.RejoinQueue.Count();
+    if (wrong.empty() && truth.Awaited().size() != awaited)
         wrong = "it says that " + std::to_string(truth.Awaited().size()) + " rooms wait of " +
-                std::to_string(window.reconnection.RejoinQueue.Count());
+                std::to_string(awaited);
     for (const auto& room : control.Chat)
         if (wrong.empty()) wrong = CheckRoom(*room, now);
     if (wrong.empty()) wrong = forecast.Check(now);
@@ -107,15 +109,20 @@ std::string TruthWatch::CheckRoom(const Chats& room, std::int64_t now) {
 
 /// Number by number only when something came or went.
 std::string TruthWatch::CheckWaiting(const Chats& room, const RoomTruth& said) {
-    const std::pair count{room.MsgQueue.Count(), room.BanQueue.Count()};
+    const auto answers = room.WaitingAnswers();
+    const std::pair count{room.MsgQueue.Count() + answers.size(), room.BanQueue.Count()};
     if (said.lines.size() != count.first)
         return std::to_string(said.lines.size()) + " lines wait of " + std::to_string(count.first);
     if (said.bans.size() != count.second)
         return std::to_string(said.bans.size()) + " bans wait of " + std::to_string(count.second);
     if (std::exchange(counts[room.ChatIndex], count) == count) return {};
-    auto line = said.lines.begin();
-    for (const auto& waiting : room.MsgQueue)
-        if ((line++)->send.Number != waiting.Number) return "another line waits";
+    std::vector<std::int64_t> numbers, saidNumbers;
+    for (const auto& waiting : room.MsgQueue) numbers.push_back(waiting.Number);
+    for (const auto& waiting : answers) numbers.push_back(waiting.Number);
+    for (const bool ofAnswers : {false, true})
+        for (const auto& line : said.lines)
+            if ((line.send.TheMsgType == "msg3") == ofAnswers) saidNumbers.push_back(line.send.Number);
+    if (numbers != saidNumbers) return "another line waits";
     auto ban = said.bans.begin();
     for (const auto& waiting : room.BanQueue) {
         const auto record = ReadBanRecord(waiting).value_or(BanRecordFields{});

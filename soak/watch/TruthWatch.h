@@ -6,7 +6,9 @@
 
 #include "soak/watch/ForecastWatch.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -29,6 +31,8 @@ class TruthWatch {
     /// After an event. What is untrue; empty when nothing is.
     std::string Check(std::int64_t now);
 
+    /// How many rooms a guard waits to enter; empty: the desk's own queue counts.
+    std::function<std::size_t()> awaitedByGuard;
     ForecastWatch forecast; ///< News too: it hears what the watch hears, behind it
 
   private:
