@@ -1,5 +1,6 @@
 #include "bridge/ledger/Scribe.h"
 
+#include "base/Latin1.h"
 #include "bridge/ledger/ActWords.h"
 #include "bridge/ledger/Texts.h"
 #include "bridge/ledger/keeping/Contents.h"

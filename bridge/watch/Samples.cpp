@@ -116,8 +116,8 @@ void Samples::BanWanted(std::int16_t, std::int32_t, BanKind kind, const std::str
     if (!IsReadmission(kind)) ++BansCount(now, telling.cause);
 }
 
-void Samples::TakeEarlier(std::vector<SampleFact> earlier) {
-    for (auto& sample : earlier) {
+void Samples::TakeEarlier(const std::vector<SampleFact>& earlier) {
+    for (const auto& sample : earlier) {
         const auto place = std::ranges::lower_bound(minutes, sample.minute, {}, &SampleFact::minute);
         if (place == minutes.end() || place->minute != sample.minute) minutes.insert(place, sample);
     }

@@ -35,7 +35,7 @@ class Samples : public News {
 
     void Start();
     /// Minutes of earlier runs, in any order. One that is there already stays as it is.
-    void TakeEarlier(std::vector<SampleFact> earlier);
+    void TakeEarlier(const std::vector<SampleFact>& earlier);
     /// The minutes of the last day that the bot ran in, oldest first, without the one under way.
     const std::deque<SampleFact>& Minutes() const { return minutes; }
     /// The one under way, as far as it has gone.

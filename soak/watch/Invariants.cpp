@@ -5,6 +5,7 @@
 #include "practice/Journal.h"
 #include "practice/PracticeNetwork.h"
 #include "rooms/BanRequest.h"
+#include "soak/TapDatabase.h"
 #include "surface/frmMain.h"
 
 #include <algorithm>

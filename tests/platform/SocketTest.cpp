@@ -3,6 +3,7 @@
 #include "platform/sim/SimPlatform.h"
 #include "tests/platform/SocketContract.h"
 
+#include <gtest/gtest.h>
 #include <memory>
 
 namespace halyard {

@@ -16,6 +16,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace halyard {
@@ -27,7 +28,10 @@ class Fuse : public RuleFuse {
     struct Entry {
         RuleKind rule = RuleKind::None;
         std::string text; ///< of the list; empty where the rule has none
-        auto operator<=>(const Entry&) const = default;
+        friend bool operator==(const Entry&, const Entry&) = default;
+        friend bool operator<(const Entry& one, const Entry& other) {
+            return std::tie(one.rule, one.text) < std::tie(other.rule, other.text);
+        }
     };
 
     /// All outlive it.

@@ -57,7 +57,7 @@ void WatchWiring::ReadEarlier() {
     parts->ledger.Read([found, first](Connection& file) { *found = ReadSamples(file, first); },
                        [this, found, alive = std::weak_ptr(life)](const DatabaseResult& result) {
                            if (alive.expired() || !result.Ok()) return;
-                           watch.samples.TakeEarlier(std::move(*found));
+                           watch.samples.TakeEarlier(*found);
                            shown.window.Changed();
                        });
 }

@@ -5,6 +5,7 @@
 
 #include "platform/Strips.h"
 
+#include <QPainter>
 #include <QWidget>
 
 namespace halyard {
