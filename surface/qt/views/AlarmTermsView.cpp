@@ -27,6 +27,7 @@ std::unique_ptr<FormWindow> DrawAlarmTerms(AlarmTermsWindow& model) {
     auto window = std::make_unique<FormWindow>(model.form, [&model] { model.Form_Unload(); });
     auto* kinds = BindList(model.lstKinds, model.FrameKinds.Caption());
     HighFor(*kinds, 8);
+    kinds->setMinimumWidth(kinds->fontMetrics().averageCharWidth() * 54);
     auto* command = BindList(model.lstCommand, "Program and arguments");
     auto* names = BindList(model.lstNames, model.lblNames.Caption());
     HighFor(*command, 3);
