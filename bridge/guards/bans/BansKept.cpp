@@ -61,17 +61,32 @@ void BansKept::BanWanted(std::int16_t room, std::int32_t id, BanKind kind, const
     open[id] = {std::move(ban), room};
 }
 
-/// What was wanted of the person before counts no more.
-void BansKept::Overtake(const KeptBan& newer) {
+/// What was wanted of the person before counts no more, but that it may have been done.
+void BansKept::Overtake(KeptBan& newer) {
     for (auto& [id, each] : open)
         if (each.ban.IsOf(newer)) each.overtaken = true;
-    kept.remove_if([&](const KeptBan& each) { return each.IsOf(newer); });
+    kept.remove_if([&](const KeptBan& each) {
+        if (!each.IsOf(newer)) return false;
+        newer.wentOut = newer.wentOut || each.wentOut;
+        return true;
+    });
+}
+
+/// So whoever overtook it has something to take back, if it comes to nothing itself.
+void BansKept::MayBeDone(const KeptBan& overtaken) {
+    for (auto& each : kept)
+        if (each.IsOf(overtaken)) each.wentOut = true;
+    for (auto& [id, each] : open)
+        if (each.ban.IsOf(overtaken)) each.ban.wentOut = true;
 }
 
 void BansKept::BanAsked(std::int16_t /*room*/, std::int32_t id, BanRequestKind /*kind*/,
                         const std::string& /*name*/) {
     const auto found = open.find(id);
     if (found == open.end()) return;
+    // What waited in the room's queue may go behind what was wanted later: it has the last word then.
+    Overtake(found->second.ban);
+    found->second.overtaken = false;
     found->second.asked = platform.Milliseconds();
     timer->SetEnabled(true);
 }
@@ -99,7 +114,7 @@ void BansKept::BanDropped(std::int16_t room, std::int32_t id, BanKind kind, cons
     } else {
         lost.ban = Begun(room, kind, name, other);
         lost.room = room;
-        if (id == 0) Overtake(lost.ban);
+        if (id == 0 && why != DropReason::Locked) Overtake(lost.ban); // a lock changes nothing
     }
     if (why == DropReason::NoRoom || why == DropReason::Rated || why == DropReason::Lost) Keep(lost);
 }
@@ -125,6 +140,7 @@ void BansKept::LoseAsked(std::int16_t room) {
 
 void BansKept::Keep(const Open& lost) {
     const auto& ban = lost.ban;
+    if (lost.overtaken && ban.wentOut) MayBeDone(ban);
     if (lost.overtaken || ban.room.empty() || !control.Guarded(ban.guard, lost.room, ban.name)) return;
     kept.push_back(ban);
     if (kept.size() > Most) kept.pop_front();

@@ -57,7 +57,8 @@ class BansKept : public News {
         bool overtaken = false;  ///< something else was wanted of the same person since
     };
     KeptBan Begun(std::int16_t room, BanKind kind, const std::string& name, const std::string& other);
-    void Overtake(const KeptBan& newer);
+    void Overtake(KeptBan& newer);
+    void MayBeDone(const KeptBan& overtaken);
     void LoseAsked(std::int16_t room);
     void Keep(const Open& lost);
     void Tick();

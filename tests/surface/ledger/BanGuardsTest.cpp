@@ -145,14 +145,14 @@ std::string KicksAtTheLimit(BansDesk& desk) {
     return desk.Out();
 }
 
-/// While banning is limited eve is banned, bob too and let in again, mary made immune. Carl's ban waits, and
-/// dave's has no answer, when the room is lost.
+/// While banning is limited eve is banned, and a lock keeps her so; bob too and let in again, mary made
+/// immune. Carl's ban waits, and dave's has no answer, when the room is lost.
 std::string BansAtTheLimit(BansDesk& desk) {
     desk.Enter({"eve", "bob", "mary", "carl", "dave"});
     desk.Set(desk.boxes.chkPartial[3], false);
     desk.Set(desk.boxes.chkChain[4], false);
     desk.Rated(true);
-    desk.Judge({"ban eve", "ban bob", "unban bob", "ban mary", "imm mary"});
+    desk.Judge({"ban eve", "lban eve", "unban eve", "ban bob", "unban bob", "ban mary", "imm mary"});
     desk.Rated(false);
     desk.Wait(10);
     desk.Judge({"bp 9"});
@@ -223,6 +223,17 @@ TEST(BanGuards, HaveTheDeskGoAnotherWay) {
         EXPECT_EQ(without.Count().acted, 0);
         EXPECT_EQ(without.Count().wouldHave > 0, RowOf(guard).counted);
     }
+}
+
+/// The first kick is done and nobody hears of it; the second waited, and she is gone by its turn.
+TEST(BanGuards, KeepNobodyOutBetweenTwoKicks) {
+    BansDesk desk(Departure::BansOutliveRates, true);
+    desk.Enter({"eve"});
+    desk.people.Say("lobby", "judge", "kick eve,eve");
+    desk.world.RunUntil([&] { return desk.network.IsBanned("lobby", "eve"); }, 5000);
+    desk.world.network.DropAll();
+    desk.Wait(90);
+    EXPECT_EQ(desk.Out() + desk.Listed(), "");
 }
 
 TEST(BanGuards, OutliveTheProgram) {
