@@ -133,7 +133,11 @@ void RoomsAgain::RoomWanted(const std::string& name, std::int16_t exchange) {
     if (rooms.try_emplace(KeyOf(name, exchange), Room{.name = name}).second) TellAwaited();
 }
 
+/// The control asks for one at a time: what it asked for before this one has come to an end.
 void RoomsAgain::RoomAsked(const std::string& name, std::int16_t exchange) {
+    if (const auto before = rooms.find(asked); askedAt >= 0 && asked != KeyOf(name, exchange))
+        if (before != rooms.end() && !before->second.inside && before->second.nextAt < 0)
+            AskLater(before->second, 0);
     asked = KeyOf(name, exchange);
     askedAt = hands.platform.Milliseconds();
     if (const auto found = rooms.find(asked); found != rooms.end()) found->second.nextAt = -1;

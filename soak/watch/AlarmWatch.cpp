@@ -39,8 +39,8 @@ void AlarmWatch::Hear(const Ring& ring) {
     ++counts[ring.kind];
     const auto rest = std::int64_t{book.Terms().Of(ring.kind).rest} * minute;
     const auto before = last.find(key);
-    // What the operator took back himself has no rest.
-    if (before != last.end() && ring.at - before->second < rest && ring.reason != RingReason::First)
+    // What was taken back, by the operator or an op, has no rest: it begins then, alone or beside others.
+    if (before != last.end() && ring.at - before->second < rest && ring.reason == RingReason::RestOver)
         Find("an alarm rings before its rest is over: " + SentenceOf(ring));
     last[key] = ring.at;
 }

@@ -241,6 +241,18 @@ TEST(Guards, HaveTheDeskGoAnotherWay) {
     }
 }
 
+/// Its answer is lost, as when the control turns to another one.
+TEST(Guards, ForgetNoRoomOverAnother) {
+    GuardedDesk desk(Departure::RoomsAreAskedForAgain, true);
+    desk.SignOn();
+    auto& again = desk.bridge.guards.roomsAgain;
+    again.RoomWanted("deck", 4);
+    again.RoomAsked("deck", 4);
+    again.RoomAsked("quay", 4);
+    desk.Wait(120);
+    EXPECT_EQ(desk.Rooms(), "deck/4 ");
+}
+
 TEST_F(DeskScene, ARoomWhosePacketsAreDroppedWithoutAWordIsKnownToBeLost) {
     SignOn();
     Join("lobby");
